@@ -1,0 +1,75 @@
+// Sinks: what becomes of a block's luma and chroma on the surface. Each tells its bytes a pixel, the weave that its
+// stores expect, what it computes once for a chroma line, and how it stores one line.
+#pragma once
+#include "frame/rgb.h"
+
+namespace vsurf::VSURF_ISA {
+
+enum class Line { upper, lower }; // of the two that share chroma
+
+template <class Format> struct RgbSink : Format {
+    static constexpr bool kReadsChroma = true;
+    template <int N> OP ChromaTerms<N> chroma(half<N> u, half<N> v) { return chroma_terms(u, v); }
+    template <Stores S, Line, class Samples, int N>
+    OP void store(uint8_t* p, const Samples& samples, u8<N> y, const ChromaTerms<N>& chroma)
+    {
+        Format::template put<S>(p, to_rgb(samples.luma_times4(y), chroma));
+    }
+};
+
+struct Bgr0 {
+    static constexpr int kBytes = 4, kWeave = 4;
+    template <Stores S, int N> OP void put(uint8_t* p, Rgb<N> px) { store_bgr0<S>(p, px.b, px.g, px.r); }
+};
+
+struct Bgr {
+    static constexpr int kBytes = 3, kWeave = 1;
+    template <Stores S, int N> OP void put(uint8_t* p, Rgb<N> px) { store_bgr<S>(p, px.b, px.g, px.r); }
+};
+
+// The word is (R & red) << 8 | (G & green) << green_shift | (B & blue) >> blue_shift.
+template <int red, int green, int green_shift, int blue, int blue_shift> struct Word {
+    static constexpr int kBytes = 2, kWeave = 2;
+    template <Stores S, int N> OP void put(uint8_t* p, Rgb<N> px)
+    {
+        auto r = pack(px.r), g = pack(px.g), b = pack(px.b);
+        constexpr int green_word = green << green_shift;
+        auto low = bit_or(field<green_shift, green_word & 255>(g), field<-blue_shift, (blue >> blue_shift)>(b));
+        auto high = bit_or(field<0, red>(r), field<green_shift - 8, (green_word >> 8)>(g));
+        store_packed_pairs<S>(p, low, high);
+    }
+};
+
+using Rgb32 = RgbSink<Bgr0>;
+using Rgb24 = RgbSink<Bgr>;
+using Rgb565 = RgbSink<Word<0xf8, 0xfc, 3, 0xf8, 3>>;
+using Rgb555 = RgbSink<Word<0xf8, 0xf8, 3, 0xf8, 2>>; // bit 0 is the zero bit
+using Rgb664 = RgbSink<Word<0xfc, 0xfc, 2, 0xf0, 4>>;
+using Rgb655 = RgbSink<Word<0xfc, 0xf8, 2, 0xf8, 3>>;
+
+struct Yuy2 {
+    static constexpr int kBytes = 2, kWeave = 2;
+    static constexpr bool kReadsChroma = true;
+    template <int N> OP u8<N> chroma(half<N> u, half<N> v) { return join(i16<N>{u, v}); }
+    template <Stores S, Line, class Samples, int N> OP void store(uint8_t* p, const Samples& samples, u8<N> y, u8<N> uv)
+    {
+        store_pairs<S>(p, samples.luma(y), uv);
+    }
+};
+
+struct GreyYuy2 : Yuy2 {
+    static constexpr bool kReadsChroma = false;
+    template <int N> OP u8<N> chroma() { return u8<N>::splat(128); }
+};
+
+// Leaves pixels 0 to 3 of every lower block as they are.
+struct Yuy2WithHoles : Yuy2 {
+    template <Stores S, Line line, class Samples, int N>
+    OP void store(uint8_t* p, const Samples& samples, u8<N> y, u8<N> uv)
+    {
+        if constexpr (line == Line::lower) store_pairs_but_first_eight(p, samples.luma(y), uv);
+        else store_pairs<S>(p, samples.luma(y), uv);
+    }
+};
+
+} // namespace vsurf::VSURF_ISA

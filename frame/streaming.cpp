@@ -1,0 +1,5 @@
+#include "frame/streaming.h"
+
+namespace vsurf {
+constinit size_t streaming_threshold = size_t{1} << 20;
+}

@@ -1,0 +1,92 @@
+// The block rule: which blocks of which lines a planar loader handles, and in which order.
+//
+// A line is handled in blocks of 16 pixels and a picture in passes of two lines; both counters are lowered first and
+// go on while no borrow occurred and something is left, so each handles at least one and the last block is always
+// whole. The pointers advance by the stated width, not by the blocks done, hence a width that is not a multiple of 16
+// makes the following lines drift.
+#pragma once
+#include "frame/streaming.h"
+#include "simd/simd.h"
+
+namespace vsurf::VSURF_ISA {
+
+constexpr int kBlock = 16;
+
+OP ptrdiff_t rounds(int count, unsigned unit)
+{
+    auto left = static_cast<unsigned>(count);
+    return left <= unit ? 1 : static_cast<ptrdiff_t>((left - 1) / unit) + 1;
+}
+
+struct Position { const uint8_t *y, *u, *v; uint8_t* dst; };
+struct Distance { ptrdiff_t y, chroma, dst; };
+
+OP Position operator+(Position a, Distance d) { return {a.y + d.y, a.u + d.chroma, a.v + d.chroma, a.dst + d.dst}; }
+
+// Who comes first where the two lines of a pass overlap: the lower block before the upper line's next one, or the
+// whole upper line before the lower one. The bytes stored last stay.
+enum class Order { by_block, by_line };
+
+struct Walk {
+    Position start;
+    Distance to_lower, to_next_pass; // from an upper line to its lower one and to the next upper one
+    ptrdiff_t width;                 // in whole blocks
+    ptrdiff_t passes;
+    ptrdiff_t line_bytes;            // of the destination
+    Order order;
+};
+
+struct Picture {
+    Position start;
+    int width, height, y_pitch, dst_pitch;
+};
+
+// The pointers are moved once a pass: the lower line lies straight below the upper one.
+OP Walk walk_by_pass(const Picture& p, int bytes)
+{
+    ptrdiff_t width = rounds(p.width, kBlock) * kBlock, drift = width - p.width;
+    ptrdiff_t y_pitch = p.y_pitch, dst_pitch = p.dst_pitch;
+    return {p.start,
+            {y_pitch, 0, dst_pitch},
+            {2 * y_pitch + drift, width / 2 + ((y_pitch - p.width) >> 1), 2 * dst_pitch + bytes * drift},
+            width, rounds(p.height, 2), width * bytes, Order::by_block};
+}
+
+// The pointers are moved after each line, so the drift sets in at the lower line, and the chroma steps back there by
+// half the stated width.
+OP Walk walk_by_line(const Picture& p, int bytes)
+{
+    ptrdiff_t width = rounds(p.width, kBlock) * kBlock, drift = width - p.width;
+    ptrdiff_t y = p.y_pitch + drift, chroma_drift = width / 2 - (p.width >> 1), dst = p.dst_pitch + bytes * drift;
+    ptrdiff_t y_pitch = p.y_pitch;
+    return {p.start,
+            {y, chroma_drift, dst},
+            {2 * y, chroma_drift + width / 2 + ((y_pitch - p.width) >> 1), 2 * dst},
+            width, rounds(p.height, 2), width * bytes, Order::by_line};
+}
+
+OP bool lines_overlap(const Walk& w) { return w.to_lower.dst < w.line_bytes && -w.to_lower.dst < w.line_bytes; }
+
+constexpr ptrdiff_t kCacheLine = 64;
+
+OP size_t streaming_from() { return __atomic_load_n(&streaming_threshold, __ATOMIC_RELAXED); }
+
+OP bool streams(const Walk& w)
+{
+    auto misaligned = reinterpret_cast<uintptr_t>(w.start.dst) | static_cast<uintptr_t>(w.to_lower.dst) |
+                      static_cast<uintptr_t>(w.to_next_pass.dst);
+    return misaligned % kCacheLine == 0 && !lines_overlap(w) &&
+           static_cast<size_t>(w.line_bytes) * static_cast<size_t>(w.passes) * 2 >= streaming_from();
+}
+
+// How many pixels fill whole cache lines: 64 bytes over their common divisor with a pixel's bytes.
+constexpr ptrdiff_t whole_lines(int bytes) { return kCacheLine / (bytes & -bytes); }
+
+// The widest steps first, then at most one step of each narrower width: no byte past the last block is touched.
+template <int widest, int narrowest, class Step> OP void along(ptrdiff_t x, ptrdiff_t end, const Step& step)
+{
+    for (; end - x >= widest; x += widest) step.template operator()<widest>(x);
+    if constexpr (widest > narrowest) along<widest / 2, narrowest>(x, end, step);
+}
+
+} // namespace vsurf::VSURF_ISA

@@ -1,0 +1,106 @@
+// Planar YV12 pictures into YV12 surfaces.
+#include "load/loader.h"
+#include "load/copy.h"
+#include "load/plane.h"
+
+namespace vsurf::VSURF_ISA {
+
+// Rows are read `width` rounded up to 8 apart, whatever the source pitch.
+OP void adjust_plane(const uint8_t* src, uint8_t* dst, int width, int lines, int dst_pitch, SampleAdjust adjust)
+{
+    const ptrdiff_t bytes = rounds(width, 8) * 8;
+    Plane plane{src, dst, bytes, dst_pitch + bytes - width, rounds(lines, 1)};
+    each_line(plane, bytes, streams(plane, static_cast<size_t>(bytes * plane.lines)), AdjustLine{adjust});
+}
+
+// 32-bit arithmetic that wraps.
+OP int product(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) * static_cast<unsigned>(b)); }
+OP int difference(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b)); }
+OP ptrdiff_t logical_half(int a) { return static_cast<ptrdiff_t>(static_cast<unsigned>(a) >> 1); }
+
+// Irregular: the V plane takes `u_offset` and the U plane `v_offset`.
+LOADER_EXPORT(loadimage_yv12_ajust)
+{
+    const auto samples = Adjusted::now();
+    const Picture p = PICTURE;
+    const int below = info->lines_to_bottom, above = difference(info->surface_height, below);
+    uint8_t* v_plane = p.start.dst + product(below, dst_pitch) + (product(above, dst_pitch) >> 2);
+    uint8_t* u_plane = v_plane + (product(info->surface_height, dst_pitch) >> 2);
+    adjust_plane(p.start.y, p.start.dst, width, height, dst_pitch, samples.of_luma);
+    adjust_plane(p.start.v, v_plane, width >> 1, height >> 1, dst_pitch >> 1, samples.of_u);
+    adjust_plane(p.start.u, u_plane, width >> 1, height >> 1, dst_pitch >> 1, samples.of_v);
+}
+
+// Lines in passes of two, from one plane to another.
+struct LinePairs {
+    const uint8_t* src;
+    uint8_t* dst;
+    ptrdiff_t src_lower, dst_lower, src_pass, dst_pass;
+    ptrdiff_t passes, bytes;
+
+    MEMBER ptrdiff_t src_of(ptrdiff_t line) const { return line / 2 * src_pass + (line % 2 ? src_lower : 0); }
+    MEMBER ptrdiff_t dst_of(ptrdiff_t line) const { return line / 2 * dst_pass + (line % 2 ? dst_lower : 0); }
+    MEMBER void copy(ptrdiff_t line, bool streamed) const
+    {
+        copy_bytes(dst + dst_of(line), src + src_of(line), bytes, streamed);
+    }
+    template <int size> MEMBER void copy_block(ptrdiff_t pass, ptrdiff_t x) const
+    {
+        __builtin_memcpy(dst + dst_of(2 * pass) + x, src + src_of(2 * pass) + x, size);
+        __builtin_memcpy(dst + dst_of(2 * pass + 1) + x, src + src_of(2 * pass + 1) + x, size);
+    }
+};
+
+// The destination moves on by a line's bytes a pass, so its upper lines lie end to end, and its lower ones do so
+// `dst_lower` further on. Where that is no less than a line, every byte that both reach belongs to a later upper line.
+OP void copy_luma(const LinePairs& p, bool streamed)
+{
+    if (p.dst_lower < p.bytes) {
+        for (ptrdiff_t pass = 0; pass < p.passes; pass++)
+            for (ptrdiff_t x = 0; x < p.bytes; x += 16) p.copy_block<16>(pass, x);
+        return;
+    }
+    const ptrdiff_t replaced = p.passes - (p.dst_lower + p.bytes - 1) / p.bytes; // lower lines, wholly
+    for (ptrdiff_t pass = replaced < 0 ? 0 : replaced; pass < p.passes; pass++) p.copy(2 * pass + 1, streamed);
+    for (ptrdiff_t pass = 0; pass < p.passes; pass++) p.copy(2 * pass, streamed);
+}
+
+// The two planes overlap, since each gets twice its lines. Where their lines fall onto the same grid, the V plane's,
+// stored later, replace all U lines that they reach.
+OP void copy_chroma(const LinePairs& u, const LinePairs& v, bool streamed)
+{
+    const ptrdiff_t between = u.dst - v.dst, pitch = v.dst_lower;
+    if (pitch < v.bytes || v.dst_pass != 2 * pitch || between < pitch || between % pitch != 0) {
+        for (ptrdiff_t pass = 0; pass < v.passes; pass++)
+            for (ptrdiff_t x = 0; x < v.bytes; x += 8) u.copy_block<8>(pass, x), v.copy_block<8>(pass, x);
+        return;
+    }
+    const ptrdiff_t lines = 2 * v.passes, replaced = lines - between / pitch;
+    for (ptrdiff_t line = replaced < 0 ? 0 : replaced; line < lines; line++) u.copy(line, streamed);
+    for (ptrdiff_t line = 0; line < lines; line++) v.copy(line, streamed);
+}
+
+// Irregular: the second luma line is taken `width` after the first, the luma source also advances by the destination's
+// pitch and the luma destination not by its own; the chroma loop copies twice the chroma lines; and the chroma planes
+// start one byte early.
+LOADER_EXPORT(loadimage_yv12)
+{
+    const Picture p = PICTURE;
+    const ptrdiff_t bytes = rounds(width, 16) * 16, passes = rounds(height, 2);
+    const ptrdiff_t rest = 2 * ptrdiff_t{y_pitch} - width, dst_rest = 2 * ptrdiff_t{dst_pitch} - width;
+    const bool streamed = static_cast<size_t>(bytes * passes) * 2 >= streaming_from();
+    copy_luma({p.start.y, p.start.dst, width, dst_pitch, bytes + rest + dst_rest, bytes, passes, bytes}, streamed);
+
+    const ptrdiff_t chroma_bytes = rounds(width >> 1, 8) * 8;
+    const int size = product(height, dst_pitch);
+    auto plane = [&](const uint8_t* from, uint8_t* to) VSURF_INLINED {
+        return LinePairs{from, to, logical_half(y_pitch), logical_half(dst_pitch),
+                         chroma_bytes + logical_half(difference(product(2, y_pitch), width)),
+                         chroma_bytes + logical_half(difference(product(2, dst_pitch), width)), passes, chroma_bytes};
+    };
+    uint8_t* v_plane = p.start.dst + size - 1;
+    copy_chroma(plane(p.start.u, v_plane + (size >> 2)), plane(p.start.v, v_plane), streamed);
+    if (streamed) fence_streaming();
+}
+
+} // namespace vsurf::VSURF_ISA

@@ -1,0 +1,118 @@
+// 128-bit vectors: NEON of AArch64. The structured stores weave by themselves and packed order is sample order.
+#pragma once
+#include <arm_neon.h>
+
+namespace vsurf::VSURF_ISA {
+
+template <int N> struct u8 {
+    uint8x16_t v;
+    OP u8 splat(int x) { return {vdupq_n_u8(static_cast<uint8_t>(x))}; }
+};
+template <int N> struct half {
+    int16x8_t v;
+    OP half splat(int x) { return {vdupq_n_s16(static_cast<int16_t>(x))}; }
+};
+
+OP uint16x8_t unsigned_words(int16x8_t v) { return vreinterpretq_u16_s16(v); }
+OP int16x8_t signed_words(uint16x8_t v) { return vreinterpretq_s16_u16(v); }
+
+template <int N> OP half<N> add(half<N> a, half<N> b) { return {vaddq_s16(a.v, b.v)}; }
+template <int N> OP half<N> sub(half<N> a, half<N> b) { return {vsubq_s16(a.v, b.v)}; }
+template <int N> OP half<N> add_sat(half<N> a, half<N> b) { return {vqaddq_s16(a.v, b.v)}; }
+template <int N> OP half<N> sub_sat_unsigned(half<N> a, half<N> b)
+{
+    return {signed_words(vqsubq_u16(unsigned_words(a.v), unsigned_words(b.v)))};
+}
+// The doubled product's high half, halved: the same floor, since -32768 never meets itself here.
+template <int N> OP half<N> mulhi(half<N> a, half<N> b) { return {vshrq_n_s16(vqdmulhq_s16(a.v, b.v), 1)}; }
+template <int N> OP half<N> avg(half<N> a, half<N> b)
+{
+    return {signed_words(vrhaddq_u16(unsigned_words(a.v), unsigned_words(b.v)))};
+}
+template <int N> OP half<N> mullo(half<N> a, half<N> b) { return {vmulq_s16(a.v, b.v)}; }
+template <int K, int N> OP half<N> shl(half<N> a) { return {vshlq_n_s16(a.v, K)}; }
+template <int K, int N> OP half<N> shr(half<N> a) { return {signed_words(vshrq_n_u16(unsigned_words(a.v), K))}; }
+
+template <int N> OP u8<N> bit_or(u8<N> a, u8<N> b) { return {vorrq_u8(a.v, b.v)}; }
+template <int shift, int mask, int N> OP u8<N> field(u8<N> a)
+{
+    if constexpr (shift > 0) a.v = vshlq_n_u8(a.v, shift);
+    if constexpr (shift < 0) a.v = vshrq_n_u8(a.v, -shift);
+    return {vandq_u8(a.v, vdupq_n_u8(mask))};
+}
+
+template <int N> OP half<N> evens(u8<N> a)
+{
+    return {signed_words(vandq_u16(vreinterpretq_u16_u8(a.v), vdupq_n_u16(255)))};
+}
+template <int N> OP i16<N> split(u8<N> a) { return {evens(a), {signed_words(vshrq_n_u16(vreinterpretq_u16_u8(a.v), 8))}}; }
+template <int N> OP i16<N> split_times4(u8<N> a)
+{
+    auto words = split(a);
+    return {shl<2>(words.even), shl<2>(words.odd)};
+}
+// The words must be samples, 0 to 255.
+template <int N> OP u8<N> join(i16<N> a)
+{
+    return {vtrn1q_u8(vreinterpretq_u8_s16(a.even.v), vreinterpretq_u8_s16(a.odd.v))};
+}
+// Saturated bytes.
+template <int N> OP u8<N> pack(i16<N> a)
+{
+    auto even = vqmovun_s16(a.even.v), odd = vqmovun_s16(a.odd.v);
+    return {vcombine_u8(vzip1_u8(even, odd), vzip2_u8(even, odd))};
+}
+
+// Saturated: the samples of a, then those of b.
+template <int N> OP u8<N> pack_in_order(half<N> a, half<N> b) { return {vcombine_u8(vqmovun_s16(a.v), vqmovun_s16(b.v))}; }
+
+template <int N, int W = 1> OP u8<N> load(const uint8_t* p)
+{
+    return {vld1q_u8(p)};
+}
+template <int N, int W = 1> OP half<N> load_chroma(const uint8_t* p)
+{
+    return {signed_words(vmovl_u8(vld1_u8(p)))};
+}
+OP u8<16> load_first8(const uint8_t* p) { return {vcombine_u8(vld1_u8(p), vdup_n_u8(0))}; }
+
+template <Stores S = Stores::cached, int N> OP void put(uint8_t* p, u8<N> a)
+{
+    vst1q_u8(p, a.v);
+}
+OP void put_first8(uint8_t* p, u8<16> a) { vst1_u8(p, vget_low_u8(a.v)); }
+template <Stores S, int N> OP void store_pairs(uint8_t* p, u8<N> a, u8<N> b)
+{
+    vst2q_u8(p, {{a.v, b.v}});
+}
+template <Stores S, int N> OP void store_packed_pairs(uint8_t* p, u8<N> a, u8<N> b) { store_pairs<S>(p, a, b); }
+template <Stores S> OP void store_bgr0(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
+{
+    vst4q_u8(p, {{pack(b).v, pack(g).v, pack(r).v, vdupq_n_u8(0)}});
+}
+template <Stores S> OP void store_bgr(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
+{
+    vst3q_u8(p, {{pack(b).v, pack(g).v, pack(r).v}});
+}
+OP void store_pairs_but_first_eight(uint8_t* p, u8<16> a, u8<16> b)
+{
+    vst1_u8(p + 8, vget_high_u8(vzip1q_u8(a.v, b.v)));
+    vst1q_u8(p + 16, vzip2q_u8(a.v, b.v));
+}
+
+OP u8<16> yuyv(int16x8_t y, int16x8_t uv) { return join(i16<16>{{y}, {uv}}); }
+template <Stores S, int N>
+OP void store_yuyv(uint8_t* p, half<N> y_first, half<N> y_second, half<N> u, half<N> v)
+{
+    put(p, yuyv(y_first.v, vzip1q_s16(u.v, v.v)));
+    put(p + 16, yuyv(y_second.v, vzip2q_s16(u.v, v.v)));
+}
+OP void store_first8_yuyv(uint8_t* p, half<16> y, half<16> u, half<16> v)
+{
+    put(p, yuyv(y.v, vzip1q_s16(u.v, v.v)));
+}
+
+OP void fence_streaming() {}
+OP void prefetch_for_write(const uint8_t*) {}
+
+} // namespace vsurf::VSURF_ISA

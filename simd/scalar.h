@@ -1,0 +1,176 @@
+// The layer without intrinsics, on the compiler's portable vectors: what an unknown processor runs. The compiler lowers
+// them to whatever the target has, single words at the least.
+#pragma once
+
+namespace vsurf::VSURF_ISA {
+
+typedef uint8_t Bytes16 __attribute__((vector_size(16)));
+typedef uint8_t Bytes8 __attribute__((vector_size(8)));
+typedef int16_t Words8 __attribute__((vector_size(16)));
+typedef uint16_t UnsignedWords8 __attribute__((vector_size(16)));
+typedef int32_t Longs8 __attribute__((vector_size(32)));
+
+template <int N> struct u8 {
+    Bytes16 v;
+    OP u8 splat(int x) { return {Bytes16{} + static_cast<uint8_t>(x)}; }
+};
+template <int N> struct half {
+    Words8 v;
+    OP half splat(int x) { return {Words8{} + static_cast<int16_t>(x)}; }
+};
+
+constexpr bool kLittleEndian = __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__;
+
+OP Words8 to_words(Longs8 v) { return __builtin_convertvector(v, Words8); }
+OP Longs8 to_longs(Words8 v) { return __builtin_convertvector(v, Longs8); }
+OP UnsignedWords8 unsigned_words(Words8 v) { return (UnsignedWords8)v; }
+template <class V> OP V at_least(V v, V low) { return v < low ? low : v; }
+template <class V> OP V at_most(V v, V high) { return v > high ? high : v; }
+
+// Words wrap, as unsigned ones do by definition.
+template <int N> OP half<N> add(half<N> a, half<N> b) { return {(Words8)(unsigned_words(a.v) + unsigned_words(b.v))}; }
+template <int N> OP half<N> sub(half<N> a, half<N> b) { return {(Words8)(unsigned_words(a.v) - unsigned_words(b.v))}; }
+template <int N> OP half<N> mullo(half<N> a, half<N> b) { return {(Words8)(unsigned_words(a.v) * unsigned_words(b.v))}; }
+template <int N> OP half<N> add_sat(half<N> a, half<N> b)
+{
+    auto sum = to_longs(a.v) + to_longs(b.v);
+    return {to_words(at_least(at_most(sum, Longs8{} + 32767), Longs8{} - 32768))};
+}
+template <int N> OP half<N> sub_sat_unsigned(half<N> a, half<N> b)
+{
+    auto minuend = unsigned_words(a.v), subtrahend = unsigned_words(b.v);
+    return {(Words8)(at_least(minuend, subtrahend) - subtrahend)};
+}
+template <int N> OP half<N> mulhi(half<N> a, half<N> b) { return {to_words((to_longs(a.v) * to_longs(b.v)) >> 16)}; }
+// Of samples, whose sum fits a word.
+template <int N> OP half<N> avg(half<N> a, half<N> b) { return {(a.v + b.v + 1) >> 1}; }
+template <int K, int N> OP half<N> shl(half<N> a) { return {(Words8)(unsigned_words(a.v) << K)}; }
+template <int K, int N> OP half<N> shr(half<N> a) { return {(Words8)(unsigned_words(a.v) >> K)}; }
+
+template <int N> OP u8<N> bit_or(u8<N> a, u8<N> b) { return {a.v | b.v}; }
+template <int shift, int mask, int N> OP u8<N> field(u8<N> a)
+{
+    if constexpr (shift > 0) a.v = a.v << shift;
+    if constexpr (shift < 0) a.v = a.v >> -shift;
+    return {a.v & static_cast<uint8_t>(mask)};
+}
+
+template <int N> OP i16<N> split(u8<N> a)
+{
+    auto words = (UnsignedWords8)a.v;
+    half<N> low{(Words8)(words & 255)}, high{(Words8)(words >> 8)};
+    return kLittleEndian ? i16<N>{low, high} : i16<N>{high, low};
+}
+template <int N> OP i16<N> split_times4(u8<N> a)
+{
+    auto words = split(a);
+    return {shl<2>(words.even), shl<2>(words.odd)};
+}
+// The words must be samples, 0 to 255.
+template <int N> OP u8<N> join(i16<N> a)
+{
+    auto low = kLittleEndian ? a.even : a.odd, high = kLittleEndian ? a.odd : a.even;
+    return {(Bytes16)(low.v | shl<8>(high).v)};
+}
+template <int N> OP half<N> to_samples(half<N> a) { return {at_most(at_least(a.v, Words8{}), Words8{} + 255)}; }
+
+// Saturated bytes; packed order is sample order here.
+template <int N> OP u8<N> pack(i16<N> a) { return join(i16<N>{to_samples(a.even), to_samples(a.odd)}); }
+// Saturated: the samples of a, then those of b.
+template <int N> OP u8<N> pack_in_order(half<N> a, half<N> b)
+{
+    auto first = __builtin_convertvector(to_samples(a).v, Bytes8), second = __builtin_convertvector(to_samples(b).v, Bytes8);
+    return {__builtin_shufflevector(first, second, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15)};
+}
+
+OP Bytes16 zip_lo8(Bytes16 a, Bytes16 b)
+{
+    return __builtin_shufflevector(a, b, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23);
+}
+OP Bytes16 zip_hi8(Bytes16 a, Bytes16 b)
+{
+    return __builtin_shufflevector(a, b, 8, 24, 9, 25, 10, 26, 11, 27, 12, 28, 13, 29, 14, 30, 15, 31);
+}
+OP Bytes16 zip_lo16(Bytes16 a, Bytes16 b)
+{
+    return (Bytes16)__builtin_shufflevector((Words8)a, (Words8)b, 0, 8, 1, 9, 2, 10, 3, 11);
+}
+OP Bytes16 zip_hi16(Bytes16 a, Bytes16 b)
+{
+    return (Bytes16)__builtin_shufflevector((Words8)a, (Words8)b, 4, 12, 5, 13, 6, 14, 7, 15);
+}
+
+template <int N, int W = 1> OP u8<N> load(const uint8_t* p)
+{
+    u8<N> a;
+    __builtin_memcpy(&a, p, N);
+    return a;
+}
+OP u8<16> load_first8(const uint8_t* p)
+{
+    u8<16> a{};
+    __builtin_memcpy(&a, p, 8);
+    return a;
+}
+template <int N, int W = 1> OP half<N> load_chroma(const uint8_t* p)
+{
+    Bytes8 samples;
+    __builtin_memcpy(&samples, p, 8);
+    return {__builtin_convertvector(samples, Words8)};
+}
+
+template <Stores S = Stores::cached, int N> OP void put(uint8_t* p, u8<N> a) { __builtin_memcpy(p, &a, N); }
+OP void put_first8(uint8_t* p, u8<16> a) { __builtin_memcpy(p, &a, 8); }
+
+template <Stores S, int N> OP void store_pairs(uint8_t* p, u8<N> a, u8<N> b)
+{
+    put(p, u8<N>{zip_lo8(a.v, b.v)});
+    put(p + 16, u8<N>{zip_hi8(a.v, b.v)});
+}
+template <Stores S, int N> OP void store_packed_pairs(uint8_t* p, u8<N> a, u8<N> b) { store_pairs<S>(p, a, b); }
+// Pairs of which bytes 0 to 7 of every 32 stay as they are in memory.
+OP void store_pairs_but_first_eight(uint8_t* p, u8<16> a, u8<16> b)
+{
+    auto lo = zip_lo8(a.v, b.v);
+    __builtin_memcpy(p + 8, reinterpret_cast<const uint8_t*>(&lo) + 8, 8);
+    put(p + 16, u8<16>{zip_hi8(a.v, b.v)});
+}
+
+OP void store_yuyv_register(uint8_t* p, half<16> y, Bytes16 uv) { put(p, join(i16<16>{y, {(Words8)uv}})); }
+// y0 u0 y1 v0 ... from one luma word a pixel and one word of each chroma a pair of them.
+template <Stores S>
+OP void store_yuyv(uint8_t* p, half<16> y_first, half<16> y_second, half<16> u, half<16> v)
+{
+    store_yuyv_register(p, y_first, zip_lo16((Bytes16)u.v, (Bytes16)v.v));
+    store_yuyv_register(p + 16, y_second, zip_hi16((Bytes16)u.v, (Bytes16)v.v));
+}
+OP void store_first8_yuyv(uint8_t* p, half<16> y, half<16> u, half<16> v)
+{
+    store_yuyv_register(p, y, zip_lo16((Bytes16)u.v, (Bytes16)v.v));
+}
+
+struct FourByFour { Bytes16 of[4]; }; // 16 pixels b g r 0
+OP FourByFour bgr0(i16<16> b, i16<16> g, i16<16> r)
+{
+    auto pb = pack(b).v, pg = pack(g).v, pr = pack(r).v;
+    auto bg0 = zip_lo8(pb, pg), bg1 = zip_hi8(pb, pg), r0 = zip_lo8(pr, Bytes16{}), r1 = zip_hi8(pr, Bytes16{});
+    return {{zip_lo16(bg0, r0), zip_hi16(bg0, r0), zip_lo16(bg1, r1), zip_hi16(bg1, r1)}};
+}
+template <Stores S> OP void store_bgr0(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
+{
+    auto pixels = bgr0(b, g, r);
+    __builtin_memcpy(p, &pixels, sizeof pixels);
+}
+// Each pixel's fourth byte is overwritten by the next one; the last pixel has none.
+template <Stores S> OP void store_bgr(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
+{
+    auto pixels = bgr0(b, g, r);
+    auto from = reinterpret_cast<const uint8_t*>(&pixels);
+    for (int i = 0; i < 15; i++) __builtin_memcpy(p + 3 * i, from + 4 * i, 4);
+    __builtin_memcpy(p + 45, from + 60, 3);
+}
+
+OP void fence_streaming() {}
+OP void prefetch_for_write(const uint8_t*) {}
+
+} // namespace vsurf::VSURF_ISA

@@ -1,0 +1,91 @@
+// 128-bit vectors: SSE2, and the newer byte shuffles where the build has them.
+#pragma once
+#include <immintrin.h>
+
+namespace vsurf::VSURF_ISA {
+
+OP __m128i* xmm(uint8_t* p) { return reinterpret_cast<__m128i*>(p); }
+OP const __m128i* xmm(const uint8_t* p) { return reinterpret_cast<const __m128i*>(p); }
+
+template <> struct u8<16> {
+    __m128i v;
+    OP u8 splat(int x) { return {_mm_set1_epi8(static_cast<char>(x))}; }
+    OP u8 repeat(const int8_t* pattern16) { return {_mm_load_si128(reinterpret_cast<const __m128i*>(pattern16))}; }
+};
+template <> struct half<16> {
+    __m128i v;
+    OP half splat(int x) { return {_mm_set1_epi16(static_cast<short>(x))}; }
+};
+
+OP half<16> add(half<16> a, half<16> b) { return {_mm_add_epi16(a.v, b.v)}; }
+OP half<16> sub(half<16> a, half<16> b) { return {_mm_sub_epi16(a.v, b.v)}; }
+OP half<16> add_sat(half<16> a, half<16> b) { return {_mm_adds_epi16(a.v, b.v)}; }
+OP half<16> sub_sat_unsigned(half<16> a, half<16> b) { return {_mm_subs_epu16(a.v, b.v)}; }
+OP half<16> mulhi(half<16> a, half<16> b) { return {_mm_mulhi_epi16(a.v, b.v)}; }
+OP half<16> mullo(half<16> a, half<16> b) { return {_mm_mullo_epi16(a.v, b.v)}; }
+OP half<16> avg(half<16> a, half<16> b) { return {_mm_avg_epu16(a.v, b.v)}; }
+OP half<16> bit_or(half<16> a, half<16> b) { return {_mm_or_si128(a.v, b.v)}; }
+template <int K> OP half<16> shl(half<16> a) { return {_mm_slli_epi16(a.v, K)}; }
+template <int K> OP half<16> shr(half<16> a) { return {_mm_srli_epi16(a.v, K)}; }
+
+OP u8<16> bit_or(u8<16> a, u8<16> b) { return {_mm_or_si128(a.v, b.v)}; }
+OP u8<16> bit_and(u8<16> a, u8<16> b) { return {_mm_and_si128(a.v, b.v)}; }
+OP u8<16> bytes(half<16> a) { return {a.v}; }
+OP half<16> words(u8<16> a) { return {a.v}; }
+
+OP half<16> evens(u8<16> a) { return {_mm_and_si128(a.v, _mm_set1_epi16(255))}; }
+OP i16<16> split_times4(u8<16> a)
+{
+#if defined __AVX2__
+    return {{_mm_maddubs_epi16(a.v, _mm_set1_epi16(4))}, {_mm_maddubs_epi16(a.v, _mm_set1_epi16(4 << 8))}};
+#else
+    return {shr<6>(shl<8>(words(a))), shl<2>(shr<8>(words(a)))};
+#endif
+}
+
+// What the stores are made of; all of it works inside 128-bit lanes.
+OP u8<16> pack(half<16> a, half<16> b) { return {_mm_packus_epi16(a.v, b.v)}; }
+OP u8<16> zip_lo8(u8<16> a, u8<16> b) { return {_mm_unpacklo_epi8(a.v, b.v)}; }
+OP u8<16> zip_hi8(u8<16> a, u8<16> b) { return {_mm_unpackhi_epi8(a.v, b.v)}; }
+OP u8<16> zip_lo16(u8<16> a, u8<16> b) { return {_mm_unpacklo_epi16(a.v, b.v)}; }
+OP u8<16> zip_hi16(u8<16> a, u8<16> b) { return {_mm_unpackhi_epi16(a.v, b.v)}; }
+#if defined __AVX2__
+OP u8<16> shuffle(u8<16> a, u8<16> pattern) { return {_mm_shuffle_epi8(a.v, pattern.v)}; }
+OP u8<16> choose(u8<16> mask, u8<16> a, u8<16> b) { return {_mm_blendv_epi8(b.v, a.v, mask.v)}; }
+#endif
+
+template <int N, int W = 1> requires(N == 16) OP u8<N> load(const uint8_t* p) { return {_mm_loadu_si128(xmm(p))}; }
+template <int N, int W = 1> requires(N == 16) OP half<N> load_chroma(const uint8_t* p)
+{
+    return {_mm_unpacklo_epi8(_mm_loadl_epi64(xmm(p)), _mm_setzero_si128())};
+}
+OP u8<16> load_first8(const uint8_t* p) { return {_mm_loadl_epi64(xmm(p))}; }
+
+template <Stores S = Stores::cached> OP void put(uint8_t* p, u8<16> a)
+{
+    if constexpr (S == Stores::streaming) _mm_stream_si128(xmm(p), a.v);
+    else _mm_storeu_si128(xmm(p), a.v);
+}
+OP void put_first8(uint8_t* p, u8<16> a) { _mm_storel_epi64(xmm(p), a.v); }
+
+// Saturated: the samples of a, then those of b.
+OP u8<16> pack_in_order(half<16> a, half<16> b) { return pack(a, b); }
+
+OP void put_pairs_but_first_eight(uint8_t* p, u8<16> lo, u8<16> hi)
+{
+    _mm_storeh_pd(reinterpret_cast<double*>(p + 8), _mm_castsi128_pd(lo.v));
+    put(p + 16, hi);
+}
+
+// Each lane of a, b, c is a third of the 48 bytes of its 16 pixels.
+template <Stores S> OP void put_thirds(uint8_t* p, u8<16> a, u8<16> b, u8<16> c)
+{
+    put<S>(p, a);
+    put<S>(p + 16, b);
+    put<S>(p + 32, c);
+}
+
+OP void fence_streaming() { _mm_sfence(); }
+OP void prefetch_for_write(const uint8_t* p) { __builtin_prefetch(p, 1, 3); }
+
+} // namespace vsurf::VSURF_ISA

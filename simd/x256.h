@@ -1,0 +1,98 @@
+// 256-bit vectors: AVX2. Two 128-bit lanes.
+#pragma once
+#include "simd/x128.h"
+
+namespace vsurf::VSURF_ISA {
+
+OP __m256i* ymm(uint8_t* p) { return reinterpret_cast<__m256i*>(p); }
+OP const __m256i* ymm(const uint8_t* p) { return reinterpret_cast<const __m256i*>(p); }
+
+template <> struct u8<32> {
+    __m256i v;
+    OP u8 splat(int x) { return {_mm256_set1_epi8(static_cast<char>(x))}; }
+    OP u8 repeat(const int8_t* pattern16)
+    {
+        return {_mm256_broadcastsi128_si256(_mm_load_si128(reinterpret_cast<const __m128i*>(pattern16)))};
+    }
+};
+template <> struct half<32> {
+    __m256i v;
+    OP half splat(int x) { return {_mm256_set1_epi16(static_cast<short>(x))}; }
+};
+
+OP half<32> add(half<32> a, half<32> b) { return {_mm256_add_epi16(a.v, b.v)}; }
+OP half<32> sub(half<32> a, half<32> b) { return {_mm256_sub_epi16(a.v, b.v)}; }
+OP half<32> add_sat(half<32> a, half<32> b) { return {_mm256_adds_epi16(a.v, b.v)}; }
+OP half<32> sub_sat_unsigned(half<32> a, half<32> b) { return {_mm256_subs_epu16(a.v, b.v)}; }
+OP half<32> mulhi(half<32> a, half<32> b) { return {_mm256_mulhi_epi16(a.v, b.v)}; }
+OP half<32> mullo(half<32> a, half<32> b) { return {_mm256_mullo_epi16(a.v, b.v)}; }
+OP half<32> avg(half<32> a, half<32> b) { return {_mm256_avg_epu16(a.v, b.v)}; }
+OP half<32> bit_or(half<32> a, half<32> b) { return {_mm256_or_si256(a.v, b.v)}; }
+template <int K> OP half<32> shl(half<32> a) { return {_mm256_slli_epi16(a.v, K)}; }
+template <int K> OP half<32> shr(half<32> a) { return {_mm256_srli_epi16(a.v, K)}; }
+
+OP u8<32> bit_or(u8<32> a, u8<32> b) { return {_mm256_or_si256(a.v, b.v)}; }
+OP u8<32> bit_and(u8<32> a, u8<32> b) { return {_mm256_and_si256(a.v, b.v)}; }
+OP u8<32> bytes(half<32> a) { return {a.v}; }
+OP half<32> words(u8<32> a) { return {a.v}; }
+
+OP half<32> evens(u8<32> a) { return {_mm256_and_si256(a.v, _mm256_set1_epi16(255))}; }
+OP i16<32> split_times4(u8<32> a)
+{
+    return {{_mm256_maddubs_epi16(a.v, _mm256_set1_epi16(4))}, {_mm256_maddubs_epi16(a.v, _mm256_set1_epi16(4 << 8))}};
+}
+
+OP u8<32> pack(half<32> a, half<32> b) { return {_mm256_packus_epi16(a.v, b.v)}; }
+OP u8<32> zip_lo8(u8<32> a, u8<32> b) { return {_mm256_unpacklo_epi8(a.v, b.v)}; }
+OP u8<32> zip_hi8(u8<32> a, u8<32> b) { return {_mm256_unpackhi_epi8(a.v, b.v)}; }
+OP u8<32> zip_lo16(u8<32> a, u8<32> b) { return {_mm256_unpacklo_epi16(a.v, b.v)}; }
+OP u8<32> zip_hi16(u8<32> a, u8<32> b) { return {_mm256_unpackhi_epi16(a.v, b.v)}; }
+OP u8<32> shuffle(u8<32> a, u8<32> pattern) { return {_mm256_shuffle_epi8(a.v, pattern.v)}; }
+OP u8<32> choose(u8<32> mask, u8<32> a, u8<32> b) { return {_mm256_blendv_epi8(b.v, a.v, mask.v)}; }
+
+// Woven by W: lane l holds the parts l, l + 2, ... of the 2W parts of 16/W samples.
+template <int N, int W = 1> requires(N == 32) OP u8<N> load(const uint8_t* p)
+{
+    auto v = _mm256_loadu_si256(ymm(p));
+    if constexpr (W == 2) v = _mm256_permute4x64_epi64(v, 0xd8);
+    if constexpr (W == 4) v = _mm256_permutevar8x32_epi32(v, _mm256_setr_epi32(0, 2, 4, 6, 1, 3, 5, 7));
+    return {v};
+}
+
+template <int N, int W = 1> requires(N == 32) OP half<N> load_chroma(const uint8_t* p)
+{
+    if constexpr (W == 1) return {_mm256_cvtepu8_epi16(_mm_loadu_si128(xmm(p)))};
+    constexpr char z = -1; // a zero byte
+    auto both = _mm256_broadcastsi128_si256(_mm_loadu_si128(xmm(p)));
+    if constexpr (W == 2)
+        return {_mm256_shuffle_epi8(both, _mm256_setr_epi8(0, z, 1, z, 2, z, 3, z, 8, z, 9, z, 10, z, 11, z,
+                                                           4, z, 5, z, 6, z, 7, z, 12, z, 13, z, 14, z, 15, z))};
+    return {_mm256_shuffle_epi8(both, _mm256_setr_epi8(0, z, 1, z, 4, z, 5, z, 8, z, 9, z, 12, z, 13, z,
+                                                       2, z, 3, z, 6, z, 7, z, 10, z, 11, z, 14, z, 15, z))};
+}
+
+template <Stores S = Stores::cached> OP void put(uint8_t* p, u8<32> a)
+{
+    if constexpr (S == Stores::streaming) _mm256_stream_si256(ymm(p), a.v);
+    else _mm256_storeu_si256(ymm(p), a.v);
+}
+
+OP u8<32> pack_in_order(half<32> a, half<32> b)
+{
+    return {_mm256_permute4x64_epi64(pack(a, b).v, 0xd8)};
+}
+OP void put_pairs_but_first_eight(uint8_t* p, u8<32> lo, u8<32> hi)
+{
+    put_pairs_but_first_eight(p, {_mm256_castsi256_si128(lo.v)}, {_mm256_extracti128_si256(lo.v, 1)});
+    put_pairs_but_first_eight(p + 32, {_mm256_castsi256_si128(hi.v)}, {_mm256_extracti128_si256(hi.v, 1)});
+}
+
+// Each lane of a, b, c is a third of the 48 bytes of its 16 pixels.
+template <Stores S> OP void put_thirds(uint8_t* p, u8<32> a, u8<32> b, u8<32> c)
+{
+    put<S>(p, u8<32>{_mm256_permute2x128_si256(a.v, b.v, 0x20)});
+    put<S>(p + 32, u8<32>{_mm256_blend_epi32(c.v, a.v, 0xf0)});
+    put<S>(p + 64, u8<32>{_mm256_permute2x128_si256(b.v, c.v, 0x31)});
+}
+
+} // namespace vsurf::VSURF_ISA

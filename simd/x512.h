@@ -1,0 +1,135 @@
+// 512-bit vectors: AVX-512 with BW, VL and VBMI. Four 128-bit lanes.
+#pragma once
+#include "simd/x256.h"
+
+namespace vsurf::VSURF_ISA {
+
+template <> struct u8<64> {
+    __m512i v;
+    OP u8 splat(int x) { return {_mm512_set1_epi8(static_cast<char>(x))}; }
+    OP u8 repeat(const int8_t* pattern16)
+    {
+        return {_mm512_broadcast_i32x4(_mm_load_si128(reinterpret_cast<const __m128i*>(pattern16)))};
+    }
+};
+template <> struct half<64> {
+    __m512i v;
+    OP half splat(int x) { return {_mm512_set1_epi16(static_cast<short>(x))}; }
+};
+
+OP half<64> add(half<64> a, half<64> b) { return {_mm512_add_epi16(a.v, b.v)}; }
+OP half<64> sub(half<64> a, half<64> b) { return {_mm512_sub_epi16(a.v, b.v)}; }
+OP half<64> add_sat(half<64> a, half<64> b) { return {_mm512_adds_epi16(a.v, b.v)}; }
+OP half<64> sub_sat_unsigned(half<64> a, half<64> b) { return {_mm512_subs_epu16(a.v, b.v)}; }
+OP half<64> mulhi(half<64> a, half<64> b) { return {_mm512_mulhi_epi16(a.v, b.v)}; }
+OP half<64> mullo(half<64> a, half<64> b) { return {_mm512_mullo_epi16(a.v, b.v)}; }
+OP half<64> avg(half<64> a, half<64> b) { return {_mm512_avg_epu16(a.v, b.v)}; }
+OP half<64> bit_or(half<64> a, half<64> b) { return {_mm512_or_si512(a.v, b.v)}; }
+template <int K> OP half<64> shl(half<64> a) { return {_mm512_slli_epi16(a.v, K)}; }
+template <int K> OP half<64> shr(half<64> a) { return {_mm512_srli_epi16(a.v, K)}; }
+
+OP u8<64> bit_or(u8<64> a, u8<64> b) { return {_mm512_or_si512(a.v, b.v)}; }
+OP u8<64> bit_and(u8<64> a, u8<64> b) { return {_mm512_and_si512(a.v, b.v)}; }
+OP u8<64> bytes(half<64> a) { return {a.v}; }
+OP half<64> words(u8<64> a) { return {a.v}; }
+
+OP half<64> evens(u8<64> a) { return {_mm512_and_si512(a.v, _mm512_set1_epi16(255))}; }
+OP i16<64> split_times4(u8<64> a)
+{
+    return {{_mm512_maddubs_epi16(a.v, _mm512_set1_epi16(4))}, {_mm512_maddubs_epi16(a.v, _mm512_set1_epi16(4 << 8))}};
+}
+
+OP u8<64> pack(half<64> a, half<64> b) { return {_mm512_packus_epi16(a.v, b.v)}; }
+OP u8<64> zip_lo8(u8<64> a, u8<64> b) { return {_mm512_unpacklo_epi8(a.v, b.v)}; }
+OP u8<64> zip_hi8(u8<64> a, u8<64> b) { return {_mm512_unpackhi_epi8(a.v, b.v)}; }
+OP u8<64> zip_lo16(u8<64> a, u8<64> b) { return {_mm512_unpacklo_epi16(a.v, b.v)}; }
+OP u8<64> zip_hi16(u8<64> a, u8<64> b) { return {_mm512_unpackhi_epi16(a.v, b.v)}; }
+OP u8<64> shuffle(u8<64> a, u8<64> pattern) { return {_mm512_shuffle_epi8(a.v, pattern.v)}; }
+
+struct alignas(64) Index64 {
+    int8_t at[64] = {};
+    OP __m512i load(const Index64& index) { return _mm512_load_si512(index.at); }
+};
+
+// Woven by W: lane l holds the parts l, l + 4, ... of the 4W parts of 16/W samples.
+template <int N, int W = 1> requires(N == 64) OP u8<N> load(const uint8_t* p)
+{
+    auto v = _mm512_loadu_si512(p);
+    if constexpr (W == 2) v = _mm512_permutexvar_epi64(_mm512_setr_epi64(0, 4, 1, 5, 2, 6, 3, 7), v);
+    if constexpr (W == 4)
+        v = _mm512_permutexvar_epi32(_mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15), v);
+    return {v};
+}
+
+template <int W> struct ChromaIndex : Index64 {
+    constexpr ChromaIndex()
+    {
+        constexpr int part = 8 / W; // chroma samples of a part
+        for (int i = 0; i < 32; i++) {
+            int lane = i / 8, part_of_lane = i % 8 / part;
+            at[2 * i] = static_cast<int8_t>((part_of_lane * 4 + lane) * part + i % part);
+        }
+    }
+};
+template <int N, int W = 1> requires(N == 64) OP half<N> load_chroma(const uint8_t* p)
+{
+    auto samples = _mm256_loadu_si256(ymm(p));
+    if constexpr (W == 1) return {_mm512_cvtepu8_epi16(samples)};
+    static constexpr ChromaIndex<W> index;
+    return {_mm512_maskz_permutexvar_epi8(0x5555555555555555, Index64::load(index), _mm512_castsi256_si512(samples))};
+}
+
+template <Stores S = Stores::cached> OP void put(uint8_t* p, u8<64> a)
+{
+    if constexpr (S == Stores::streaming) _mm512_stream_si512(reinterpret_cast<__m512i*>(p), a.v);
+    else _mm512_storeu_si512(p, a.v);
+}
+
+OP u8<64> pack_in_order(half<64> a, half<64> b)
+{
+    return {_mm512_permutexvar_epi64(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), pack(a, b).v)};
+}
+OP void put_pairs_but_first_eight(uint8_t* p, u8<64> lo, u8<64> hi)
+{
+    constexpr __mmask8 all_but_first_of_four = 0xee;
+    _mm512_mask_storeu_epi64(p, all_but_first_of_four, lo.v);
+    _mm512_mask_storeu_epi64(p + 64, all_but_first_of_four, hi.v);
+}
+
+// Byte i of the third t of the 192 bytes is component (64 t + i) mod 3 of pixel (64 t + i) / 3, found in packed order.
+template <int third> struct ThirdIndex : Index64 {
+    constexpr ThirdIndex()
+    {
+        for (int i = 0; i < 64; i++) {
+            int pixel = (64 * third + i) / 3, lane = pixel / 16, of_lane = pixel % 16;
+            at[i] = static_cast<int8_t>(lane * 16 + of_lane % 2 * 8 + of_lane / 2);
+        }
+    }
+};
+constexpr uint64_t third_mask(int third, int component)
+{
+    uint64_t mask = 0;
+    for (int i = 0; i < 64; i++) mask |= static_cast<uint64_t>((64 * third + i) % 3 == component) << i;
+    return mask;
+}
+template <Stores S, int third> OP void put_third(uint8_t* p, __m512i b, __m512i g, __m512i r)
+{
+    static constexpr ThirdIndex<third> index;
+    constexpr uint64_t of_g = third_mask(third, 1), of_r = third_mask(third, 2);
+    auto from = Index64::load(index);
+    auto v = _mm512_permutexvar_epi8(from, b);
+    v = _mm512_mask_permutexvar_epi8(v, of_g, from, g);
+    v = _mm512_mask_permutexvar_epi8(v, of_r, from, r);
+    put<S>(p + 64 * third, u8<64>{v});
+}
+
+// b g r a pixel; not woven.
+template <Stores S> OP void store_bgr(uint8_t* p, i16<64> b, i16<64> g, i16<64> r)
+{
+    auto pb = pack(b.even, b.odd), pg = pack(g.even, g.odd), pr = pack(r.even, r.odd);
+    put_third<S, 0>(p, pb.v, pg.v, pr.v);
+    put_third<S, 1>(p, pb.v, pg.v, pr.v);
+    put_third<S, 2>(p, pb.v, pg.v, pr.v);
+}
+
+} // namespace vsurf::VSURF_ISA

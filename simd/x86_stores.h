@@ -1,0 +1,140 @@
+// The pixel stores of all x86 widths, written once on the lane operations.
+#pragma once
+
+namespace vsurf::VSURF_ISA {
+
+template <int N> OP i16<N> split(u8<N> a) { return {evens(a), shr<8>(words(a))}; }
+// The words must be samples, 0 to 255.
+template <int N> OP u8<N> join(i16<N> a) { return bytes(bit_or(a.even, shl<8>(a.odd))); }
+
+// Saturated bytes in packed order: in each lane its eight even samples, then its eight odd ones.
+template <int N> OP u8<N> pack(i16<N> a) { return pack(a.even, a.odd); }
+
+// Shifts each byte left by `shift` (right where negative) and keeps the bits of `mask`, which must lie inside the
+// bits that the shift leaves to a byte.
+template <int shift, int mask, int N> OP u8<N> field(u8<N> a)
+{
+    if constexpr (shift > 0) a = bytes(shl<shift>(words(a)));
+    if constexpr (shift < 0) a = bytes(shr<-shift>(words(a)));
+    return bit_and(a, u8<N>::splat(mask));
+}
+
+template <Stores S, int N> OP void put_pairs(uint8_t* p, u8<N> lo, u8<N> hi)
+{
+    put<S>(p, lo);
+    put<S>(p + N, hi);
+}
+
+// a0 b0 a1 b1 ...; woven by 2.
+template <Stores S, int N> OP void store_pairs(uint8_t* p, u8<N> a, u8<N> b)
+{
+    put_pairs<S>(p, zip_lo8(a, b), zip_hi8(a, b));
+}
+
+// The same from bytes in packed order.
+template <Stores S, int N> OP void store_packed_pairs(uint8_t* p, u8<N> a, u8<N> b)
+{
+    auto even = zip_lo8(a, b), odd = zip_hi8(a, b);
+    put_pairs<S>(p, zip_lo16(even, odd), zip_hi16(even, odd));
+}
+
+// b g r 0 a pixel; woven by 4.
+template <Stores S, int N> OP void store_bgr0(uint8_t* p, i16<N> b, i16<N> g, i16<N> r)
+{
+    auto pb = pack(b), pg = pack(g), pr = pack(r);
+#if defined __AVX2__
+    alignas(16) static constexpr int8_t order[16] = {0, 8, 1, 9, 2, 10, 3, 11, 4, 12, 5, 13, 6, 14, 7, 15};
+    alignas(16) static constexpr int8_t low[16] = {0, -1, 8, -1, 1, -1, 9, -1, 2, -1, 10, -1, 3, -1, 11, -1};
+    alignas(16) static constexpr int8_t high[16] = {4, -1, 12, -1, 5, -1, 13, -1, 6, -1, 14, -1, 7, -1, 15, -1};
+    pb = shuffle(pb, u8<N>::repeat(order));
+    pg = shuffle(pg, u8<N>::repeat(order));
+    auto bg0 = zip_lo8(pb, pg), bg1 = zip_hi8(pb, pg);
+    auto r0 = shuffle(pr, u8<N>::repeat(low)), r1 = shuffle(pr, u8<N>::repeat(high));
+#else
+    auto zero = u8<N>::splat(0);
+    auto bg_even = zip_lo8(pb, pg), bg_odd = zip_hi8(pb, pg), r_even = zip_lo8(pr, zero), r_odd = zip_hi8(pr, zero);
+    auto bg0 = zip_lo16(bg_even, bg_odd), bg1 = zip_hi16(bg_even, bg_odd);
+    auto r0 = zip_lo16(r_even, r_odd), r1 = zip_hi16(r_even, r_odd);
+#endif
+    put_pairs<S>(p, zip_lo16(bg0, r0), zip_hi16(bg0, r0));
+    put_pairs<S>(p + 2 * N, zip_lo16(bg1, r1), zip_hi16(bg1, r1));
+}
+
+#if defined __AVX2__
+// Byte i of the third t of a lane's 48 bytes is component (16 t + i) mod 3, and 16 = 1 mod 3: so for every i each
+// component is wanted by exactly one third, and one shuffle a component serves all three.
+struct ThirdsPattern {
+    alignas(16) int8_t at[16] = {};
+    constexpr ThirdsPattern(int component)
+    {
+        for (int i = 0; i < 16; i++) {
+            int third = (component - i % 3 + 3) % 3, pixel = (16 * third + i) / 3;
+            at[i] = static_cast<int8_t>(pixel % 2 * 8 + pixel / 2); // packed order
+        }
+    }
+};
+struct ThirdsMask {
+    alignas(16) int8_t at[16] = {};
+    constexpr ThirdsMask(int residue)
+    {
+        for (int i = 0; i < 16; i++) at[i] = i % 3 == residue ? -1 : 0;
+    }
+};
+
+// b g r a pixel, exactly 3N bytes; not woven.
+template <Stores S, int N> OP void store_bgr(uint8_t* p, i16<N> b, i16<N> g, i16<N> r)
+{
+    static constexpr ThirdsPattern of_b{0}, of_g{1}, of_r{2};
+    static constexpr ThirdsMask first{0}, second{1};
+    auto sb = shuffle(pack(b), u8<N>::repeat(of_b.at)), sg = shuffle(pack(g), u8<N>::repeat(of_g.at)),
+         sr = shuffle(pack(r), u8<N>::repeat(of_r.at));
+    auto m0 = u8<N>::repeat(first.at), m1 = u8<N>::repeat(second.at);
+    put_thirds<S>(p, choose(m0, sb, choose(m1, sg, sr)), choose(m0, sg, choose(m1, sr, sb)),
+                  choose(m0, sr, choose(m1, sb, sg)));
+}
+#else
+// Without a byte shuffle: eight-byte pixel pairs b g r 0 b g r 0 are closed up by shifts, four pixels to 12 bytes, and
+// the four twelves overlap into 48.
+OP __m128i close_up(__m128i four_pixels)
+{
+    const auto first = _mm_set1_epi64x(0xffffff), second = _mm_set1_epi64x(0xffffff000000);
+    auto six = _mm_or_si128(_mm_and_si128(four_pixels, first),
+                            _mm_and_si128(_mm_srli_epi64(four_pixels, 8), second)); // 6 bytes and 2 zeros, twice
+    auto low = _mm_move_epi64(six);
+    return _mm_or_si128(low, _mm_slli_si128(_mm_srli_si128(six, 8), 6));
+}
+
+template <Stores S> OP void store_bgr(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
+{
+    auto pb = pack(b), pg = pack(g), pr = pack(r), zero = u8<16>::splat(0);
+    auto bg_even = zip_lo8(pb, pg), bg_odd = zip_hi8(pb, pg), r_even = zip_lo8(pr, zero), r_odd = zip_hi8(pr, zero);
+    auto bg0 = zip_lo16(bg_even, bg_odd), bg1 = zip_hi16(bg_even, bg_odd);
+    auto r0 = zip_lo16(r_even, r_odd), r1 = zip_hi16(r_even, r_odd);
+    auto a = close_up(zip_lo16(bg0, r0).v), c = close_up(zip_hi16(bg0, r0).v);
+    auto d = close_up(zip_lo16(bg1, r1).v), e = close_up(zip_hi16(bg1, r1).v);
+    put_thirds<S>(p, u8<16>{_mm_or_si128(a, _mm_slli_si128(c, 12))},
+                  u8<16>{_mm_or_si128(_mm_srli_si128(c, 4), _mm_slli_si128(d, 8))},
+                  u8<16>{_mm_or_si128(_mm_srli_si128(d, 8), _mm_slli_si128(e, 4))});
+}
+#endif
+
+// y0 u0 y1 v0 ... from one luma word a pixel, of the first and the second half of the pixels, and one word of each
+// chroma a pair of them, the chroma woven by 2. All words must be samples, 0 to 255.
+template <Stores S, int N>
+OP void store_yuyv(uint8_t* p, half<N> y_first, half<N> y_second, half<N> u, half<N> v)
+{
+    auto uv_first = words(zip_lo16(bytes(u), bytes(v))), uv_second = words(zip_hi16(bytes(u), bytes(v)));
+    put_pairs<S>(p, join(i16<N>{y_first, uv_first}), join(i16<N>{y_second, uv_second}));
+}
+OP void store_first8_yuyv(uint8_t* p, half<16> y, half<16> u, half<16> v)
+{
+    put(p, join(i16<16>{y, words(zip_lo16(bytes(u), bytes(v)))}));
+}
+
+// Pairs, woven by 2, of which bytes 0 to 7 of every 32 stay as they are in memory.
+template <int N> OP void store_pairs_but_first_eight(uint8_t* p, u8<N> a, u8<N> b)
+{
+    put_pairs_but_first_eight(p, zip_lo8(a, b), zip_hi8(a, b));
+}
+
+} // namespace vsurf::VSURF_ISA
