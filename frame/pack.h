@@ -1,5 +1,6 @@
 // Sinks: what becomes of a block's luma and chroma on the surface. Each tells its bytes a pixel, the weave that its
-// stores expect, what it computes once for a chroma line, and how it stores one line.
+// stores expect, whether it may be streamed (then both lines of a pass are stored alike), what it makes of the chroma,
+// and how it stores the pixels of one line.
 #pragma once
 #include "frame/rgb.h"
 
@@ -8,7 +9,7 @@ namespace vsurf::VSURF_ISA {
 enum class Line { upper, lower }; // of the two that share chroma
 
 template <class Format> struct RgbSink : Format {
-    static constexpr bool kReadsChroma = true;
+    static constexpr bool kReadsChroma = true, kStreams = true;
     template <int N> OP ChromaTerms<N> chroma(half<N> u, half<N> v) { return chroma_terms(u, v); }
     template <Stores S, Line, class Samples, int N>
     OP void store(uint8_t* p, const Samples& samples, u8<N> y, const ChromaTerms<N>& chroma)
@@ -49,7 +50,7 @@ using Rgb655 = RgbSink<Word<0xfc, 0xf8, 2, 0xf8, 3>>;
 
 struct Yuy2 {
     static constexpr int kBytes = 2, kWeave = 2;
-    static constexpr bool kReadsChroma = true;
+    static constexpr bool kReadsChroma = true, kStreams = true;
     template <int N> OP u8<N> chroma(half<N> u, half<N> v) { return join(i16<N>{u, v}); }
     template <Stores S, Line, class Samples, int N> OP void store(uint8_t* p, const Samples& samples, u8<N> y, u8<N> uv)
     {
@@ -62,8 +63,9 @@ struct GreyYuy2 : Yuy2 {
     template <int N> OP u8<N> chroma() { return u8<N>::splat(128); }
 };
 
-// Leaves pixels 0 to 3 of every lower block as they are.
+// Leaves pixels 0 to 3 of every lower block as they are. A cache line with a hole has to be read anyway.
 struct Yuy2WithHoles : Yuy2 {
+    static constexpr bool kStreams = false;
     template <Stores S, Line line, class Samples, int N>
     OP void store(uint8_t* p, const Samples& samples, u8<N> y, u8<N> uv)
     {
