@@ -26,9 +26,8 @@ static inline __attribute__((always_inline)) Adjustment current_adjustment()
 
 namespace vsurf::VSURF_ISA {
 
-// One gain and one offset. The product keeps its low 16 bits, so x * gain >> 6 lies in 0..1023 and an offset beyond
-// -1023..255 acts like that bound. Lifting the sum by 32767 - 255 lets one signed saturation cut it at 255 and one
-// unsigned saturation cut it at 0 on the way back.
+// One gain and one offset. A scaled sample lies in 0..1023, so an offset beyond -1023..255 acts like that bound. Lifting
+// the sum by 32767 - 255 lets one signed saturation cut it at 255, and one unsigned saturation cut it at 0 on the way back.
 struct SampleAdjust {
     int16_t gain, lifted_offset;
     static constexpr int kLift = 32767 - 255;
@@ -38,35 +37,76 @@ struct SampleAdjust {
         int bounded = offset < -1023 ? -1023 : offset > 255 ? 255 : offset;
         return {gain, static_cast<int16_t>(bounded + kLift)};
     }
-    template <int N> MEMBER half<N> operator()(half<N> x) const
+    template <int N> MEMBER half<N> offset(half<N> scaled) const
     {
-        x = shr<6>(mullo(x, half<N>::splat(gain)));
-        return sub_sat_unsigned(add_sat(x, half<N>::splat(lifted_offset)), half<N>::splat(kLift));
+        return sub_sat_unsigned(add_sat(scaled, half<N>::splat(lifted_offset)), half<N>::splat(kLift));
     }
-    template <int N> MEMBER i16<N> operator()(i16<N> x) const { return {(*this)(x.even), (*this)(x.odd)}; }
+    // The product keeps its low 16 bits and is shifted right by 6.
+    template <int N> MEMBER half<N> operator()(half<N> sample) const
+    {
+        return offset(shr<6>(mullo(sample, half<N>::splat(gain))));
+    }
 };
 
-// The samples of a picture on their way from memory: as they are, or adjusted.
+struct Adjustments { SampleAdjust luma, u, v; };
+
+OP Adjustments adjustments_now()
+{
+    auto s = current_adjustment();
+    return {SampleAdjust::of(s.luma_gain, s.luma_offset), SampleAdjust::of(s.chroma_gain, s.u_offset),
+            SampleAdjust::of(s.chroma_gain, s.v_offset)};
+}
+
+// How samples are scaled: by any gain,
+struct AnyGain {
+    template <int N, int W> OP half<N> chroma(const uint8_t* p) { return load_chroma<N, W>(p); }
+    template <int N> OP i16<N> luma(u8<N> y) { return split(y); }
+    template <int N> OP half<N> apply(SampleAdjust by, half<N> x) { return by(x); }
+};
+
+// or by one whose products never wrap: from samples in the high bytes, 256 x * 4 gain >> 16, in one instruction.
+struct CommonGain {
+    static constexpr int kHighest = 65535 / 255;
+    OP bool suits(SampleAdjust by) { return by.gain >= 0 && by.gain <= kHighest; }
+    template <int N, int W> OP half<N> chroma(const uint8_t* p) { return load_chroma_high<N, W>(p); }
+    template <int N> OP i16<N> luma(u8<N> y) { return split_high(y); }
+    template <int N> OP half<N> apply(SampleAdjust by, half<N> x)
+    {
+        return by.offset(mulhi_unsigned(x, half<N>::splat(by.gain * 4)));
+    }
+};
+
+// The samples of a picture on their way from memory: as they are,
 struct Plain {
-    template <int N> MEMBER half<N> u(half<N> x) const { return x; }
-    template <int N> MEMBER half<N> v(half<N> x) const { return x; }
+    template <int N, int W> MEMBER half<N> u(const uint8_t* p) const { return load_chroma<N, W>(p); }
+    template <int N, int W> MEMBER half<N> v(const uint8_t* p) const { return load_chroma<N, W>(p); }
     template <int N> MEMBER u8<N> luma(u8<N> y) const { return y; }
     template <int N> MEMBER i16<N> luma_times4(u8<N> y) const { return split_times4(y); }
 };
 
-struct Adjusted {
-    SampleAdjust of_luma, of_u, of_v;
+// or adjusted.
+template <class Gain> struct Adjusted {
+    Adjustments by;
 
-    OP Adjusted now()
+    template <int N, int W> MEMBER half<N> u(const uint8_t* p) const
     {
-        auto s = current_adjustment();
-        return {SampleAdjust::of(s.luma_gain, s.luma_offset), SampleAdjust::of(s.chroma_gain, s.u_offset),
-                SampleAdjust::of(s.chroma_gain, s.v_offset)};
+        return Gain::apply(by.u, Gain::template chroma<N, W>(p));
     }
-    template <int N> MEMBER half<N> u(half<N> x) const { return of_u(x); }
-    template <int N> MEMBER half<N> v(half<N> x) const { return of_v(x); }
-    template <int N> MEMBER u8<N> luma(u8<N> y) const { return join(of_luma(split(y))); }
-    template <int N> MEMBER i16<N> luma_times4(u8<N> y) const { return shl<2>(of_luma(split(y))); }
+    template <int N, int W> MEMBER half<N> v(const uint8_t* p) const
+    {
+        return Gain::apply(by.v, Gain::template chroma<N, W>(p));
+    }
+    template <int N> MEMBER i16<N> words(u8<N> y) const
+    {
+        auto samples = Gain::luma(y);
+        return {Gain::apply(by.luma, samples.even), Gain::apply(by.luma, samples.odd)};
+    }
+    template <int N> MEMBER u8<N> luma(u8<N> y) const { return join(words(y)); }
+    template <int N> MEMBER i16<N> luma_times4(u8<N> y) const
+    {
+        auto samples = words(y);
+        return {times<4>(samples.even), times<4>(samples.odd)};
+    }
 };
 
 } // namespace vsurf::VSURF_ISA

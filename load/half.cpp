@@ -6,7 +6,7 @@ namespace vsurf::VSURF_ISA {
 
 // Neighbours are averaged, rounded up, then adjusted: 2N source pixels from N samples of each chroma plane.
 struct HalfYuy2Line {
-    Adjusted samples;
+    Adjustments by;
 
     template <int N> OP half<N> averaged(u8<N> a)
     {
@@ -15,14 +15,14 @@ struct HalfYuy2Line {
     }
     template <Stores S, int N> MEMBER void step(Position at, ptrdiff_t x) const
     {
-        auto luma = [&](ptrdiff_t from) VSURF_INLINED { return samples.of_luma(averaged(load<N>(at.y + from))); };
+        auto luma = [&](ptrdiff_t from) VSURF_INLINED { return by.luma(averaged(load<N>(at.y + from))); };
         auto u = averaged(load<N, 2>(at.u + x / 2)), v = averaged(load<N, 2>(at.v + x / 2));
-        store_yuyv<S>(at.dst + x, luma(x), luma(x + N), samples.u(u), samples.v(v));
+        store_yuyv<S>(at.dst + x, luma(x), luma(x + N), by.u(u), by.v(v));
     }
     MEMBER void block(Position at, ptrdiff_t x) const
     {
         auto u = averaged(load_first8(at.u + x / 2)), v = averaged(load_first8(at.v + x / 2));
-        store_first8_yuyv(at.dst + x, samples.of_luma(averaged(load<16>(at.y + x))), samples.u(u), samples.v(v));
+        store_first8_yuyv(at.dst + x, by.luma(averaged(load<16>(at.y + x))), by.u(u), by.v(v));
     }
     template <Stores S> MEMBER void store(Position at, ptrdiff_t x, ptrdiff_t end) const
     {
@@ -34,7 +34,7 @@ struct HalfYuy2Line {
 LOADER_EXPORT(loadimage_half_yuy2_ajust)
 {
     const Walk walk = walk_by_line(PICTURE, 1);
-    const HalfYuy2Line line{Adjusted::now()};
+    const HalfYuy2Line line{adjustments_now()};
     const bool streamed = streams(walk);
     const ptrdiff_t whole = streamed ? walk.width & -kCacheLine : 0;
     Position upper = walk.start;
@@ -61,14 +61,14 @@ struct HalveChromaLine : HalveLine {
 // each has its own offset.
 LOADER_EXPORT(loadimage_half_yv12_ajust)
 {
-    const auto samples = Adjusted::now();
+    const auto by = adjustments_now();
     const Picture p = PICTURE;
     const ptrdiff_t pitch = dst_pitch, half_pitch = dst_pitch >> 1, half_width = width >> 1;
     const ptrdiff_t luma_lines = rounds(height, 1), luma_bytes = rounds(width, 16) * 8;
     const auto size = static_cast<size_t>(luma_lines * luma_bytes) * 3 / 2;
 
     Plane luma{p.start.y, p.start.dst, y_pitch + 2 * luma_bytes - width, pitch + luma_bytes - half_width, luma_lines};
-    each_line(luma, luma_bytes, streams(luma, size), HalveLine{samples.of_luma});
+    each_line(luma, luma_bytes, streams(luma, size), HalveLine{by.luma});
 
     const ptrdiff_t rest = half_width & 15, chroma_bytes = rounds(width >> 1 & ~15, 16) * 8;
     auto chroma = [&](const uint8_t* plane, uint8_t* to, SampleAdjust adjust) VSURF_INLINED {
@@ -77,8 +77,8 @@ LOADER_EXPORT(loadimage_half_yv12_ajust)
         each_line(lines, chroma_bytes, streams(lines, size), HalveChromaLine{{adjust}, rest});
     };
     auto v_plane = p.start.dst + height * pitch, u_plane = v_plane + half_pitch * (height >> 1);
-    chroma(p.start.v, v_plane, samples.of_v);
-    chroma(p.start.u, u_plane, samples.of_u);
+    chroma(p.start.v, v_plane, by.v);
+    chroma(p.start.u, u_plane, by.u);
 }
 
 } // namespace vsurf::VSURF_ISA

@@ -6,6 +6,9 @@
 
 namespace vsurf::VSURF_ISA {
 
+// A line of 2160p; its chroma terms take 12 KiB of stack.
+constexpr int kStripPixels = 4096;
+
 // N pixels of one line, or of both lines of a pass. The samples are taken plain or adjusted; the sink says what
 // becomes of them on the surface.
 template <class Sink, class Samples> struct PlanarStep {
@@ -14,8 +17,8 @@ template <class Sink, class Samples> struct PlanarStep {
     template <int N> MEMBER auto chroma(Position at, ptrdiff_t x) const
     {
         if constexpr (Sink::kReadsChroma) {
-            auto u = load_chroma<N, Sink::kWeave>(at.u + x / 2), v = load_chroma<N, Sink::kWeave>(at.v + x / 2);
-            return Sink::chroma(samples.u(u), samples.v(v));
+            return Sink::chroma(samples.template u<N, Sink::kWeave>(at.u + x / 2),
+                                samples.template v<N, Sink::kWeave>(at.v + x / 2));
         } else {
             return Sink::template chroma<N>();
         }
@@ -24,9 +27,9 @@ template <class Sink, class Samples> struct PlanarStep {
     {
         Sink::template store<S, line>(at.dst + x * Sink::kBytes, samples, load<N, Sink::kWeave>(at.y + x), chroma);
     }
-    template <Stores S, Line line, int N> MEMBER void one(Position at, ptrdiff_t x) const
+    template <Line line, int N> MEMBER void one(Position at, ptrdiff_t x) const
     {
-        luma<S, line, N>(at, x, chroma<N>(at, x));
+        luma<Stores::cached, line, N>(at, x, chroma<N>(at, x));
     }
     template <int N> MEMBER void both(Position upper, Position lower, ptrdiff_t x) const
     {
@@ -34,46 +37,82 @@ template <class Sink, class Samples> struct PlanarStep {
         luma<Stores::cached, Line::upper, N>(upper, x, shared);
         luma<Stores::cached, Line::lower, N>(lower, x, shared);
     }
-    template <Stores S, Line line> MEMBER void span(Position at, ptrdiff_t x, ptrdiff_t end) const
+    template <int widest> MEMBER void both(Position upper, Position lower, ptrdiff_t x, ptrdiff_t end) const
     {
-        along<kLanes, kBlock>(x, end, [=, *this]<int N>(ptrdiff_t from) VSURF_INLINED { one<S, line, N>(at, from); });
+        along<widest, kBlock>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED {
+            this->template both<N>(upper, lower, at);
+        });
     }
 };
 
-// One line after the other. Whole 64-byte lines are streamed; a rest that shares its line with the bytes that follow is
-// stored as usual.
-template <class Sink, class Samples> OP void load_lines(const Walk& walk, PlanarStep<Sink, Samples> step, bool streamed)
+// Memory takes streamed lines best one after the other. A strip of the upper line leaves what it made of the chroma to the
+// lower one.
+template <class Sink, class Samples>
+OP void stream_strip(PlanarStep<Sink, Samples> step, Position upper, Position lower, ptrdiff_t x, ptrdiff_t end)
 {
-    const ptrdiff_t whole = streamed ? walk.width & -whole_lines(Sink::kBytes) : 0;
-    Position upper = walk.start;
-    for (ptrdiff_t i = 0; i < 2 * walk.passes; i++) {
-        Position at = i % 2 ? upper + walk.to_lower : upper;
-        if constexpr (Sink::kStreams) step.template span<Stores::streaming, Line::upper>(at, 0, whole);
-        if (Sink::kStreams || i % 2 == 0) step.template span<Stores::cached, Line::upper>(at, whole, walk.width);
-        else step.template span<Stores::cached, Line::lower>(at, 0, walk.width);
-        if (i % 2) upper = upper + walk.to_next_pass;
+    constexpr int kSteps = kStripPixels / kLanes;
+    decltype(step.template chroma<kLanes>(upper, x)) shared[kSteps];
+    for (ptrdiff_t i = 0; x + i * kLanes < end; i++) {
+        shared[i] = step.template chroma<kLanes>(upper, x + i * kLanes);
+        step.template luma<Stores::streaming, Line::upper, kLanes>(upper, x + i * kLanes, shared[i]);
     }
-    if (streamed) fence_streaming();
+    for (ptrdiff_t i = 0; x + i * kLanes < end; i++)
+        step.template luma<Stores::streaming, Line::lower, kLanes>(lower, x + i * kLanes, shared[i]);
+}
+
+// Only whole cache lines are streamed; a rest that shares its line with the bytes that follow is stored as usual.
+template <class Sink, class Samples> OP void load_streamed(const Walk& walk, PlanarStep<Sink, Samples> step)
+{
+    constexpr ptrdiff_t unit = whole_lines(Sink::kBytes) > kLanes ? whole_lines(Sink::kBytes) : kLanes;
+    const ptrdiff_t streamed = walk.width & -unit;
+    Position upper = walk.start;
+    for (ptrdiff_t pass = 0; pass < walk.passes; pass++, upper = upper + walk.to_next_pass) {
+        Position lower = upper + walk.to_lower;
+        for (ptrdiff_t x = 0; x < streamed; x += kStripPixels)
+            stream_strip(step, upper, lower, x, streamed - x < kStripPixels ? streamed : x + kStripPixels);
+        step.template both<kLanes>(upper, lower, streamed, walk.width);
+    }
+    fence_streaming();
 }
 
 // Both lines of a pass side by side, their chroma terms computed once.
 template <int widest, class Sink, class Samples> OP void load_passes(const Walk& walk, PlanarStep<Sink, Samples> step)
 {
     Position upper = walk.start;
+    for (ptrdiff_t pass = 0; pass < walk.passes; pass++, upper = upper + walk.to_next_pass)
+        step.template both<widest>(upper, upper + walk.to_lower, 0, walk.width);
+}
+
+// In the contract's own order of stores: block by block,
+template <class Sink, class Samples> OP void load_in_order(const Walk& walk, PlanarStep<Sink, Samples> step)
+{
+    if (walk.order == Order::by_block) return load_passes<kBlock>(walk, step);
+    // or line by line.
+    Position upper = walk.start;
     for (ptrdiff_t pass = 0; pass < walk.passes; pass++, upper = upper + walk.to_next_pass) {
         Position lower = upper + walk.to_lower;
-        along<widest, kBlock>(0, walk.width, [=]<int N>(ptrdiff_t x) VSURF_INLINED {
-            step.template both<N>(upper, lower, x);
-        });
+        for (ptrdiff_t x = 0; x < walk.width; x += kBlock) step.template one<Line::upper, kBlock>(upper, x);
+        for (ptrdiff_t x = 0; x < walk.width; x += kBlock) step.template one<Line::lower, kBlock>(lower, x);
     }
 }
 
 template <class Sink, class Samples> OP void load_planar(const Walk& walk, PlanarStep<Sink, Samples> step)
 {
-    if (Sink::kStreams && streams(walk)) return load_lines(walk, step, true);
-    if (!lines_overlap(walk) && walk.to_lower.chroma == 0) return load_passes<kLanes>(walk, step);
-    if (walk.order == Order::by_block) return load_passes<kBlock>(walk, step);
-    load_lines(walk, step, false);
+    if (lines_overlap(walk) || walk.to_lower.chroma != 0) return load_in_order(walk, step);
+    if constexpr (Sink::kStreams)
+        if (streams(walk)) return load_streamed(walk, step);
+    load_passes<kLanes>(walk, step);
+}
+
+template <class Sink> OP void load_plain(const Walk& walk) { load_planar(walk, PlanarStep<Sink, Plain>{}); }
+
+// Gains that wrap are exact, not fast: no picture looks right with them.
+template <class Sink> OP void load_adjusted(const Walk& walk)
+{
+    const auto by = adjustments_now();
+    const bool common = CommonGain::suits(by.luma) && CommonGain::suits(by.u);
+    if (common) load_planar(walk, PlanarStep<Sink, Adjusted<CommonGain>>{by});
+    else load_in_order(walk, PlanarStep<Sink, Adjusted<AnyGain>>{by});
 }
 
 } // namespace vsurf::VSURF_ISA

@@ -32,11 +32,15 @@ template <class Line> OP void each_line(Plane p, ptrdiff_t width, bool streamed,
 // In whole blocks of 8 bytes.
 struct AdjustLine {
     SampleAdjust adjust;
-    template <int N> MEMBER u8<N> of(u8<N> samples) const { return join(adjust(split(samples))); }
+    template <int N> MEMBER u8<N> of(u8<N> samples) const
+    {
+        auto words = split(samples);
+        return join(i16<N>{adjust(words.even), adjust(words.odd)});
+    }
     template <Stores S> MEMBER void store(uint8_t* dst, const uint8_t* src, ptrdiff_t x, ptrdiff_t end) const
     {
-        along<kLanes, 16>(x, end, [=, *this]<int N>(ptrdiff_t at) VSURF_INLINED { put<S>(dst + at, of(load<N>(src + at))); });
-        if (end & 8 && x != end) put_first8(dst + end - 8, of(load_first8(src + end - 8)));
+        along<kLanes, 16>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED { put<S>(dst + at, this->of(load<N>(src + at))); });
+        if (end & 8 && x != end) put_first8(dst + end - 8, this->of(load_first8(src + end - 8)));
     }
 };
 
@@ -51,8 +55,8 @@ struct HalveLine {
     }
     template <Stores S> MEMBER void store(uint8_t* dst, const uint8_t* src, ptrdiff_t x, ptrdiff_t end) const
     {
-        along<kLanes, 16>(x, end, [=, *this]<int N>(ptrdiff_t at) VSURF_INLINED {
-            put<S>(dst + at, pack_in_order(of<N>(src + 2 * at), of<N>(src + 2 * at + N)));
+        along<kLanes, 16>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED {
+            put<S>(dst + at, pack_in_order(this->template of<N>(src + 2 * at), this->template of<N>(src + 2 * at + N)));
         });
         if (end & 8 && x != end) block(dst + end - 8, src + 2 * end - 16);
     }

@@ -21,14 +21,14 @@ OP ptrdiff_t logical_half(int a) { return static_cast<ptrdiff_t>(static_cast<uns
 // Irregular: the V plane takes `u_offset` and the U plane `v_offset`.
 LOADER_EXPORT(loadimage_yv12_ajust)
 {
-    const auto samples = Adjusted::now();
+    const auto by = adjustments_now();
     const Picture p = PICTURE;
     const int below = info->lines_to_bottom, above = difference(info->surface_height, below);
     uint8_t* v_plane = p.start.dst + product(below, dst_pitch) + (product(above, dst_pitch) >> 2);
     uint8_t* u_plane = v_plane + (product(info->surface_height, dst_pitch) >> 2);
-    adjust_plane(p.start.y, p.start.dst, width, height, dst_pitch, samples.of_luma);
-    adjust_plane(p.start.v, v_plane, width >> 1, height >> 1, dst_pitch >> 1, samples.of_u);
-    adjust_plane(p.start.u, u_plane, width >> 1, height >> 1, dst_pitch >> 1, samples.of_v);
+    adjust_plane(p.start.y, p.start.dst, width, height, dst_pitch, by.luma);
+    adjust_plane(p.start.v, v_plane, width >> 1, height >> 1, dst_pitch >> 1, by.u);
+    adjust_plane(p.start.u, u_plane, width >> 1, height >> 1, dst_pitch >> 1, by.v);
 }
 
 // Lines in passes of two, from one plane to another.

@@ -25,6 +25,13 @@ template <int N> OP half<N> sub_sat_unsigned(half<N> a, half<N> b)
 }
 // The doubled product's high half, halved: the same floor, since -32768 never meets itself here.
 template <int N> OP half<N> mulhi(half<N> a, half<N> b) { return {vshrq_n_s16(vqdmulhq_s16(a.v, b.v), 1)}; }
+template <int N> OP half<N> mulhi_unsigned(half<N> a, half<N> b)
+{
+    auto x = unsigned_words(a.v), y = unsigned_words(b.v);
+    auto low = vmull_u16(vget_low_u16(x), vget_low_u16(y)), high = vmull_high_u16(x, y);
+    return {signed_words(vuzp2q_u16(vreinterpretq_u16_u32(low), vreinterpretq_u16_u32(high)))};
+}
+template <int factor, int N> OP half<N> times(half<N> samples) { return {vmulq_n_s16(samples.v, factor)}; }
 template <int N> OP half<N> avg(half<N> a, half<N> b)
 {
     return {signed_words(vrhaddq_u16(unsigned_words(a.v), unsigned_words(b.v)))};
@@ -51,6 +58,12 @@ template <int N> OP i16<N> split_times4(u8<N> a)
     auto words = split(a);
     return {shl<2>(words.even), shl<2>(words.odd)};
 }
+// The samples in the high bytes of their words.
+template <int N> OP i16<N> split_high(u8<N> a)
+{
+    auto words = vreinterpretq_u16_u8(a.v);
+    return {{signed_words(vshlq_n_u16(words, 8))}, {signed_words(vandq_u16(words, vdupq_n_u16(0xff00)))}};
+}
 // The words must be samples, 0 to 255.
 template <int N> OP u8<N> join(i16<N> a)
 {
@@ -73,6 +86,10 @@ template <int N, int W = 1> OP u8<N> load(const uint8_t* p)
 template <int N, int W = 1> OP half<N> load_chroma(const uint8_t* p)
 {
     return {signed_words(vmovl_u8(vld1_u8(p)))};
+}
+template <int N, int W = 1> OP half<N> load_chroma_high(const uint8_t* p)
+{
+    return {signed_words(vshll_n_u8(vld1_u8(p), 8))};
 }
 OP u8<16> load_first8(const uint8_t* p) { return {vcombine_u8(vld1_u8(p), vdup_n_u8(0))}; }
 

@@ -8,6 +8,7 @@ typedef uint8_t Bytes16 __attribute__((vector_size(16)));
 typedef uint8_t Bytes8 __attribute__((vector_size(8)));
 typedef int16_t Words8 __attribute__((vector_size(16)));
 typedef uint16_t UnsignedWords8 __attribute__((vector_size(16)));
+typedef uint32_t UnsignedLongs8 __attribute__((vector_size(32)));
 typedef int32_t Longs8 __attribute__((vector_size(32)));
 
 template <int N> struct u8 {
@@ -42,6 +43,12 @@ template <int N> OP half<N> sub_sat_unsigned(half<N> a, half<N> b)
     return {(Words8)(at_least(minuend, subtrahend) - subtrahend)};
 }
 template <int N> OP half<N> mulhi(half<N> a, half<N> b) { return {to_words((to_longs(a.v) * to_longs(b.v)) >> 16)}; }
+template <int N> OP half<N> mulhi_unsigned(half<N> a, half<N> b)
+{
+    auto long_of = [](half<N> x) VSURF_INLINED { return __builtin_convertvector(unsigned_words(x.v), UnsignedLongs8); };
+    return {(Words8)__builtin_convertvector((long_of(a) * long_of(b)) >> 16, UnsignedWords8)};
+}
+template <int factor, int N> OP half<N> times(half<N> samples) { return {samples.v * static_cast<int16_t>(factor)}; }
 // Of samples, whose sum fits a word.
 template <int N> OP half<N> avg(half<N> a, half<N> b) { return {(a.v + b.v + 1) >> 1}; }
 template <int K, int N> OP half<N> shl(half<N> a) { return {(Words8)(unsigned_words(a.v) << K)}; }
@@ -65,6 +72,12 @@ template <int N> OP i16<N> split_times4(u8<N> a)
 {
     auto words = split(a);
     return {shl<2>(words.even), shl<2>(words.odd)};
+}
+// The samples in the high bytes of their words.
+template <int N> OP i16<N> split_high(u8<N> a)
+{
+    auto words = split(a);
+    return {shl<8>(words.even), shl<8>(words.odd)};
 }
 // The words must be samples, 0 to 255.
 template <int N> OP u8<N> join(i16<N> a)
@@ -118,6 +131,8 @@ template <int N, int W = 1> OP half<N> load_chroma(const uint8_t* p)
     __builtin_memcpy(&samples, p, 8);
     return {__builtin_convertvector(samples, Words8)};
 }
+
+template <int N, int W = 1> OP half<N> load_chroma_high(const uint8_t* p) { return shl<8>(load_chroma<N, W>(p)); }
 
 template <Stores S = Stores::cached, int N> OP void put(uint8_t* p, u8<N> a) { __builtin_memcpy(p, &a, N); }
 OP void put_first8(uint8_t* p, u8<16> a) { __builtin_memcpy(p, &a, 8); }

@@ -23,6 +23,7 @@ OP half<16> add_sat(half<16> a, half<16> b) { return {_mm_adds_epi16(a.v, b.v)};
 OP half<16> sub_sat_unsigned(half<16> a, half<16> b) { return {_mm_subs_epu16(a.v, b.v)}; }
 OP half<16> mulhi(half<16> a, half<16> b) { return {_mm_mulhi_epi16(a.v, b.v)}; }
 OP half<16> mullo(half<16> a, half<16> b) { return {_mm_mullo_epi16(a.v, b.v)}; }
+OP half<16> mulhi_unsigned(half<16> a, half<16> b) { return {_mm_mulhi_epu16(a.v, b.v)}; }
 OP half<16> avg(half<16> a, half<16> b) { return {_mm_avg_epu16(a.v, b.v)}; }
 OP half<16> bit_or(half<16> a, half<16> b) { return {_mm_or_si128(a.v, b.v)}; }
 template <int K> OP half<16> shl(half<16> a) { return {_mm_slli_epi16(a.v, K)}; }
@@ -33,7 +34,17 @@ OP u8<16> bit_and(u8<16> a, u8<16> b) { return {_mm_and_si128(a.v, b.v)}; }
 OP u8<16> bytes(half<16> a) { return {a.v}; }
 OP half<16> words(u8<16> a) { return {a.v}; }
 
+OP half<16> odds_high(u8<16> a) { return {_mm_and_si128(a.v, _mm_set1_epi16(-256))}; }
 OP half<16> evens(u8<16> a) { return {_mm_and_si128(a.v, _mm_set1_epi16(255))}; }
+// Samples, 0 to 255, times a small factor: a product where it relieves the ports of shifts and shuffles.
+template <int factor> OP half<16> times(half<16> samples)
+{
+#if defined __AVX2__
+    return {_mm_maddubs_epi16(samples.v, _mm_set1_epi16(factor))};
+#else
+    return {_mm_mullo_epi16(samples.v, _mm_set1_epi16(factor))};
+#endif
+}
 OP i16<16> split_times4(u8<16> a)
 {
 #if defined __AVX2__
@@ -58,6 +69,11 @@ template <int N, int W = 1> requires(N == 16) OP u8<N> load(const uint8_t* p) { 
 template <int N, int W = 1> requires(N == 16) OP half<N> load_chroma(const uint8_t* p)
 {
     return {_mm_unpacklo_epi8(_mm_loadl_epi64(xmm(p)), _mm_setzero_si128())};
+}
+// The same samples in the high bytes.
+template <int N, int W = 1> requires(N == 16) OP half<N> load_chroma_high(const uint8_t* p)
+{
+    return {_mm_unpacklo_epi8(_mm_setzero_si128(), _mm_loadl_epi64(xmm(p)))};
 }
 OP u8<16> load_first8(const uint8_t* p) { return {_mm_loadl_epi64(xmm(p))}; }
 

@@ -26,6 +26,7 @@ OP half<32> add_sat(half<32> a, half<32> b) { return {_mm256_adds_epi16(a.v, b.v
 OP half<32> sub_sat_unsigned(half<32> a, half<32> b) { return {_mm256_subs_epu16(a.v, b.v)}; }
 OP half<32> mulhi(half<32> a, half<32> b) { return {_mm256_mulhi_epi16(a.v, b.v)}; }
 OP half<32> mullo(half<32> a, half<32> b) { return {_mm256_mullo_epi16(a.v, b.v)}; }
+OP half<32> mulhi_unsigned(half<32> a, half<32> b) { return {_mm256_mulhi_epu16(a.v, b.v)}; }
 OP half<32> avg(half<32> a, half<32> b) { return {_mm256_avg_epu16(a.v, b.v)}; }
 OP half<32> bit_or(half<32> a, half<32> b) { return {_mm256_or_si256(a.v, b.v)}; }
 template <int K> OP half<32> shl(half<32> a) { return {_mm256_slli_epi16(a.v, K)}; }
@@ -36,7 +37,12 @@ OP u8<32> bit_and(u8<32> a, u8<32> b) { return {_mm256_and_si256(a.v, b.v)}; }
 OP u8<32> bytes(half<32> a) { return {a.v}; }
 OP half<32> words(u8<32> a) { return {a.v}; }
 
+OP half<32> odds_high(u8<32> a) { return {_mm256_and_si256(a.v, _mm256_set1_epi16(-256))}; }
 OP half<32> evens(u8<32> a) { return {_mm256_and_si256(a.v, _mm256_set1_epi16(255))}; }
+template <int factor> OP half<32> times(half<32> samples)
+{
+    return {_mm256_maddubs_epi16(samples.v, _mm256_set1_epi16(factor))};
+}
 OP i16<32> split_times4(u8<32> a)
 {
     return {{_mm256_maddubs_epi16(a.v, _mm256_set1_epi16(4))}, {_mm256_maddubs_epi16(a.v, _mm256_set1_epi16(4 << 8))}};
@@ -59,16 +65,30 @@ template <int N, int W = 1> requires(N == 32) OP u8<N> load(const uint8_t* p)
     return {v};
 }
 
-template <int N, int W = 1> requires(N == 32) OP half<N> load_chroma(const uint8_t* p)
+// The woven words of the 16 samples at p: with -1 for a byte that becomes zero, either byte of a word may hold its
+// sample.
+template <int W, bool high> struct ChromaPattern {
+    alignas(32) int8_t at[32] = {};
+    constexpr ChromaPattern()
+    {
+        constexpr int part = 8 / W; // chroma samples of a part
+        for (int i = 0; i < 16; i++) {
+            int lane = i / 8, part_of_lane = i % 8 / part;
+            at[2 * i + high] = static_cast<int8_t>((part_of_lane * 2 + lane) * part + i % part);
+            at[2 * i + !high] = -1;
+        }
+    }
+};
+template <int W, bool high> OP half<32> load_chroma_as(const uint8_t* p)
 {
-    if constexpr (W == 1) return {_mm256_cvtepu8_epi16(_mm_loadu_si128(xmm(p)))};
-    constexpr char z = -1; // a zero byte
+    static constexpr ChromaPattern<W, high> pattern;
     auto both = _mm256_broadcastsi128_si256(_mm_loadu_si128(xmm(p)));
-    if constexpr (W == 2)
-        return {_mm256_shuffle_epi8(both, _mm256_setr_epi8(0, z, 1, z, 2, z, 3, z, 8, z, 9, z, 10, z, 11, z,
-                                                           4, z, 5, z, 6, z, 7, z, 12, z, 13, z, 14, z, 15, z))};
-    return {_mm256_shuffle_epi8(both, _mm256_setr_epi8(0, z, 1, z, 4, z, 5, z, 8, z, 9, z, 12, z, 13, z,
-                                                       2, z, 3, z, 6, z, 7, z, 10, z, 11, z, 14, z, 15, z))};
+    return {_mm256_shuffle_epi8(both, _mm256_load_si256(reinterpret_cast<const __m256i*>(pattern.at)))};
+}
+template <int N, int W = 1> requires(N == 32) OP half<N> load_chroma(const uint8_t* p) { return load_chroma_as<W, false>(p); }
+template <int N, int W = 1> requires(N == 32) OP half<N> load_chroma_high(const uint8_t* p)
+{
+    return load_chroma_as<W, true>(p);
 }
 
 template <Stores S = Stores::cached> OP void put(uint8_t* p, u8<32> a)

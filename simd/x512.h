@@ -23,6 +23,7 @@ OP half<64> add_sat(half<64> a, half<64> b) { return {_mm512_adds_epi16(a.v, b.v
 OP half<64> sub_sat_unsigned(half<64> a, half<64> b) { return {_mm512_subs_epu16(a.v, b.v)}; }
 OP half<64> mulhi(half<64> a, half<64> b) { return {_mm512_mulhi_epi16(a.v, b.v)}; }
 OP half<64> mullo(half<64> a, half<64> b) { return {_mm512_mullo_epi16(a.v, b.v)}; }
+OP half<64> mulhi_unsigned(half<64> a, half<64> b) { return {_mm512_mulhi_epu16(a.v, b.v)}; }
 OP half<64> avg(half<64> a, half<64> b) { return {_mm512_avg_epu16(a.v, b.v)}; }
 OP half<64> bit_or(half<64> a, half<64> b) { return {_mm512_or_si512(a.v, b.v)}; }
 template <int K> OP half<64> shl(half<64> a) { return {_mm512_slli_epi16(a.v, K)}; }
@@ -33,7 +34,12 @@ OP u8<64> bit_and(u8<64> a, u8<64> b) { return {_mm512_and_si512(a.v, b.v)}; }
 OP u8<64> bytes(half<64> a) { return {a.v}; }
 OP half<64> words(u8<64> a) { return {a.v}; }
 
+OP half<64> odds_high(u8<64> a) { return {_mm512_and_si512(a.v, _mm512_set1_epi16(-256))}; }
 OP half<64> evens(u8<64> a) { return {_mm512_and_si512(a.v, _mm512_set1_epi16(255))}; }
+template <int factor> OP half<64> times(half<64> samples)
+{
+    return {_mm512_maddubs_epi16(samples.v, _mm512_set1_epi16(factor))};
+}
 OP i16<64> split_times4(u8<64> a)
 {
     return {{_mm512_maddubs_epi16(a.v, _mm512_set1_epi16(4))}, {_mm512_maddubs_epi16(a.v, _mm512_set1_epi16(4 << 8))}};
@@ -67,16 +73,23 @@ template <int W> struct ChromaIndex : Index64 {
         constexpr int part = 8 / W; // chroma samples of a part
         for (int i = 0; i < 32; i++) {
             int lane = i / 8, part_of_lane = i % 8 / part;
-            at[2 * i] = static_cast<int8_t>((part_of_lane * 4 + lane) * part + i % part);
+            at[2 * i] = at[2 * i + 1] = static_cast<int8_t>((part_of_lane * 4 + lane) * part + i % part);
         }
     }
 };
+template <int W> OP half<64> load_chroma_as(const uint8_t* p, uint64_t bytes_to_fill)
+{
+    static constexpr ChromaIndex<W> index;
+    auto samples = _mm512_castsi256_si512(_mm256_loadu_si256(ymm(p)));
+    return {_mm512_maskz_permutexvar_epi8(bytes_to_fill, Index64::load(index), samples)};
+}
 template <int N, int W = 1> requires(N == 64) OP half<N> load_chroma(const uint8_t* p)
 {
-    auto samples = _mm256_loadu_si256(ymm(p));
-    if constexpr (W == 1) return {_mm512_cvtepu8_epi16(samples)};
-    static constexpr ChromaIndex<W> index;
-    return {_mm512_maskz_permutexvar_epi8(0x5555555555555555, Index64::load(index), _mm512_castsi256_si512(samples))};
+    return load_chroma_as<W>(p, 0x5555555555555555);
+}
+template <int N, int W = 1> requires(N == 64) OP half<N> load_chroma_high(const uint8_t* p)
+{
+    return load_chroma_as<W>(p, 0xaaaaaaaaaaaaaaaa);
 }
 
 template <Stores S = Stores::cached> OP void put(uint8_t* p, u8<64> a)

@@ -4,6 +4,8 @@
 namespace vsurf::VSURF_ISA {
 
 template <int N> OP i16<N> split(u8<N> a) { return {evens(a), shr<8>(words(a))}; }
+// The samples in the high bytes of their words.
+template <int N> OP i16<N> split_high(u8<N> a) { return {shl<8>(words(a)), odds_high(a)}; }
 // The words must be samples, 0 to 255.
 template <int N> OP u8<N> join(i16<N> a) { return bytes(bit_or(a.even, shl<8>(a.odd))); }
 
