@@ -1,17 +1,14 @@
 // Sinks: what becomes of a block's luma and chroma on the surface. Each tells its bytes a pixel, the weave that its
-// stores expect, whether it may be streamed (then both lines of a pass are stored alike), what it makes of the chroma,
-// and how it stores the pixels of one line.
+// stores expect, what it makes of the chroma, and how it stores the pixels of one line.
 #pragma once
 #include "frame/rgb.h"
 
 namespace vsurf::VSURF_ISA {
 
-enum class Line { upper, lower }; // of the two that share chroma
-
 template <class Format> struct RgbSink : Format {
-    static constexpr bool kReadsChroma = true, kStreams = true;
+    static constexpr bool kReadsChroma = true, kLeavesHoles = false;
     template <int N> OP ChromaTerms<N> chroma(half<N> u, half<N> v) { return chroma_terms(u, v); }
-    template <Stores S, Line, class Samples, int N>
+    template <Stores S, class Samples, int N>
     OP void store(uint8_t* p, const Samples& samples, u8<N> y, const ChromaTerms<N>& chroma)
     {
         Format::template put<S>(p, to_rgb(samples.luma_times4(y), chroma));
@@ -50,9 +47,9 @@ using Rgb655 = RgbSink<Word<0xfc, 0xf8, 2, 0xf8, 3>>;
 
 struct Yuy2 {
     static constexpr int kBytes = 2, kWeave = 2;
-    static constexpr bool kReadsChroma = true, kStreams = true;
+    static constexpr bool kReadsChroma = true, kLeavesHoles = false;
     template <int N> OP u8<N> chroma(half<N> u, half<N> v) { return join(i16<N>{u, v}); }
-    template <Stores S, Line, class Samples, int N> OP void store(uint8_t* p, const Samples& samples, u8<N> y, u8<N> uv)
+    template <Stores S, class Samples, int N> OP void store(uint8_t* p, const Samples& samples, u8<N> y, u8<N> uv)
     {
         store_pairs<S>(p, samples.luma(y), uv);
     }
@@ -63,14 +60,12 @@ struct GreyYuy2 : Yuy2 {
     template <int N> OP u8<N> chroma() { return u8<N>::splat(128); }
 };
 
-// Leaves pixels 0 to 3 of every lower block as they are. A cache line with a hole has to be read anyway.
+// Leaves pixels 0 to 3 of every lower block as they are.
 struct Yuy2WithHoles : Yuy2 {
-    static constexpr bool kStreams = false;
-    template <Stores S, Line line, class Samples, int N>
-    OP void store(uint8_t* p, const Samples& samples, u8<N> y, u8<N> uv)
+    static constexpr bool kLeavesHoles = true;
+    template <class Samples, int N> OP void store_with_holes(uint8_t* p, const Samples& samples, u8<N> y, u8<N> uv)
     {
-        if constexpr (line == Line::lower) store_pairs_but_first_eight(p, samples.luma(y), uv);
-        else store_pairs<S>(p, samples.luma(y), uv);
+        store_pairs_but_first_eight(p, samples.luma(y), uv);
     }
 };
 

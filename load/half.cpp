@@ -1,50 +1,38 @@
 // Planar YV12 pictures at half their width.
 #include "load/loader.h"
+#include "load/passes.h"
 #include "load/plane.h"
 
 namespace vsurf::VSURF_ISA {
 
-// Neighbours are averaged, rounded up, then adjusted: 2N source pixels from N samples of each chroma plane.
-struct HalfYuy2Line {
+// Neighbours are averaged, rounded up, then adjusted: N source pixels give N/2, a block of 16 half a register of them.
+struct HalfYuy2Step {
+    static constexpr int kWidest = 2 * kLanes, kBytes = 1;
+    static constexpr bool kStreams = true;
     Adjustments by;
 
-    template <int N> OP half<N> averaged(u8<N> a)
+    template <int N> struct Chroma { half<N> u, v; };
+    template <int N> MEMBER auto chroma(Position at, ptrdiff_t x) const
     {
-        auto words = split(a);
-        return avg(words.even, words.odd);
+        constexpr int samples = N == kBlock ? 16 : N / 2;
+        auto averages = [x](const uint8_t* plane) VSURF_INLINED {
+            if constexpr (N == kBlock) return averages_of_pairs(load_first8(plane + x / 2));
+            else return averages_of_pairs(load<samples, 2>(plane + x / 2));
+        };
+        return Chroma<samples>{by.u(averages(at.u)), by.v(averages(at.v))};
     }
-    template <Stores S, int N> MEMBER void step(Position at, ptrdiff_t x) const
+    template <int N> MEMBER half<N> averages_at(const uint8_t* y) const { return by.luma(averages_of_pairs(load<N>(y))); }
+    template <Stores S, Line, int N, int M> MEMBER void luma(Position at, ptrdiff_t x, Chroma<M> c) const
     {
-        auto luma = [&](ptrdiff_t from) VSURF_INLINED { return by.luma(averaged(load<N>(at.y + from))); };
-        auto u = averaged(load<N, 2>(at.u + x / 2)), v = averaged(load<N, 2>(at.v + x / 2));
-        store_yuyv<S>(at.dst + x, luma(x), luma(x + N), by.u(u), by.v(v));
-    }
-    MEMBER void block(Position at, ptrdiff_t x) const
-    {
-        auto u = averaged(load_first8(at.u + x / 2)), v = averaged(load_first8(at.v + x / 2));
-        store_first8_yuyv(at.dst + x, by.luma(averaged(load<16>(at.y + x))), by.u(u), by.v(v));
-    }
-    template <Stores S> MEMBER void store(Position at, ptrdiff_t x, ptrdiff_t end) const
-    {
-        along<2 * kLanes, 32>(x, end, [&]<int span>(ptrdiff_t from) VSURF_INLINED { step<S, span / 2>(at, from); });
-        if (end & kBlock && x != end) block(at, end - kBlock);
+        auto y = at.y + x;
+        if constexpr (N == kBlock) store_first8_yuyv(at.dst + x, averages_at<M>(y), c.u, c.v);
+        else store_yuyv<S>(at.dst + x, averages_at<M>(y), averages_at<M>(y + M), c.u, c.v);
     }
 };
 
 LOADER_EXPORT(loadimage_half_yuy2_ajust)
 {
-    const Walk walk = walk_by_line(PICTURE, 1);
-    const HalfYuy2Line line{adjustments_now()};
-    const bool streamed = streams(walk);
-    const ptrdiff_t whole = streamed ? walk.width & -kCacheLine : 0;
-    Position upper = walk.start;
-    for (ptrdiff_t i = 0; i < 2 * walk.passes; i++) {
-        Position at = i % 2 ? upper + walk.to_lower : upper;
-        line.store<Stores::streaming>(at, 0, whole);
-        line.store<Stores::cached>(at, whole, walk.width);
-        if (i % 2) upper = upper + walk.to_next_pass;
-    }
-    if (streamed) fence_streaming();
+    do_walk(walk_by_line(PICTURE, HalfYuy2Step::kBytes), HalfYuy2Step{adjustments_now()});
 }
 
 // A chroma line closes with a block that ends at its last sample and overlaps what came before.

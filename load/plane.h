@@ -30,17 +30,19 @@ template <class Line> OP void each_line(Plane p, ptrdiff_t width, bool streamed,
 }
 
 // In whole blocks of 8 bytes.
-struct AdjustLine {
+template <class Gain> struct AdjustLine {
     SampleAdjust adjust;
     template <int N> MEMBER u8<N> of(u8<N> samples) const
     {
-        auto words = split(samples);
-        return join(i16<N>{adjust(words.even), adjust(words.odd)});
+        auto words = Gain::luma(samples);
+        return join(i16<N>{Gain::apply(adjust, words.even), Gain::apply(adjust, words.odd)});
     }
     template <Stores S> MEMBER void store(uint8_t* dst, const uint8_t* src, ptrdiff_t x, ptrdiff_t end) const
     {
-        along<kLanes, 16>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED { put<S>(dst + at, this->of(load<N>(src + at))); });
-        if (end & 8 && x != end) put_first8(dst + end - 8, this->of(load_first8(src + end - 8)));
+        along<kLanes, 16>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED {
+            put<S>(dst + at, this->of(load<N>(src + at)));
+        });
+        if (end & 8 && x != end) put_first8(dst + end - 8, of(load_first8(src + end - 8)));
     }
 };
 

@@ -10,7 +10,9 @@ OP void adjust_plane(const uint8_t* src, uint8_t* dst, int width, int lines, int
 {
     const ptrdiff_t bytes = rounds(width, 8) * 8;
     Plane plane{src, dst, bytes, dst_pitch + bytes - width, rounds(lines, 1)};
-    each_line(plane, bytes, streams(plane, static_cast<size_t>(bytes * plane.lines)), AdjustLine{adjust});
+    const bool streamed = streams(plane, static_cast<size_t>(bytes * plane.lines));
+    if (CommonGain::suits(adjust)) each_line(plane, bytes, streamed, AdjustLine<CommonGain>{adjust});
+    else each_line(plane, bytes, streamed, AdjustLine<AnyGain>{adjust});
 }
 
 // 32-bit arithmetic that wraps.

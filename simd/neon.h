@@ -32,10 +32,6 @@ template <int N> OP half<N> mulhi_unsigned(half<N> a, half<N> b)
     return {signed_words(vuzp2q_u16(vreinterpretq_u16_u32(low), vreinterpretq_u16_u32(high)))};
 }
 template <int factor, int N> OP half<N> times(half<N> samples) { return {vmulq_n_s16(samples.v, factor)}; }
-template <int N> OP half<N> avg(half<N> a, half<N> b)
-{
-    return {signed_words(vrhaddq_u16(unsigned_words(a.v), unsigned_words(b.v)))};
-}
 template <int N> OP half<N> mullo(half<N> a, half<N> b) { return {vmulq_s16(a.v, b.v)}; }
 template <int K, int N> OP half<N> shl(half<N> a) { return {vshlq_n_s16(a.v, K)}; }
 template <int K, int N> OP half<N> shr(half<N> a) { return {signed_words(vshrq_n_u16(unsigned_words(a.v), K))}; }
@@ -57,6 +53,11 @@ template <int N> OP i16<N> split_times4(u8<N> a)
 {
     auto words = split(a);
     return {shl<2>(words.even), shl<2>(words.odd)};
+}
+// (a0 + a1 + 1) >> 1, (a2 + a3 + 1) >> 1, ...
+template <int N> OP half<N> averages_of_pairs(u8<N> a)
+{
+    return {signed_words(vrshrq_n_u16(vpaddlq_u8(a.v), 1))};
 }
 // The samples in the high bytes of their words.
 template <int N> OP i16<N> split_high(u8<N> a)

@@ -49,8 +49,6 @@ template <int N> OP half<N> mulhi_unsigned(half<N> a, half<N> b)
     return {(Words8)__builtin_convertvector((long_of(a) * long_of(b)) >> 16, UnsignedWords8)};
 }
 template <int factor, int N> OP half<N> times(half<N> samples) { return {samples.v * static_cast<int16_t>(factor)}; }
-// Of samples, whose sum fits a word.
-template <int N> OP half<N> avg(half<N> a, half<N> b) { return {(a.v + b.v + 1) >> 1}; }
 template <int K, int N> OP half<N> shl(half<N> a) { return {(Words8)(unsigned_words(a.v) << K)}; }
 template <int K, int N> OP half<N> shr(half<N> a) { return {(Words8)(unsigned_words(a.v) >> K)}; }
 
@@ -72,6 +70,12 @@ template <int N> OP i16<N> split_times4(u8<N> a)
 {
     auto words = split(a);
     return {shl<2>(words.even), shl<2>(words.odd)};
+}
+// (a0 + a1 + 1) >> 1, (a2 + a3 + 1) >> 1, ...
+template <int N> OP half<N> averages_of_pairs(u8<N> a)
+{
+    auto words = split(a);
+    return {(words.even.v + words.odd.v + 1) >> 1};
 }
 // The samples in the high bytes of their words.
 template <int N> OP i16<N> split_high(u8<N> a)

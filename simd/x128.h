@@ -54,6 +54,16 @@ OP i16<16> split_times4(u8<16> a)
 #endif
 }
 
+// (a0 + a1 + 1) >> 1, (a2 + a3 + 1) >> 1, ...
+OP half<16> averages_of_pairs(u8<16> a)
+{
+#if defined __AVX2__
+    return avg(half<16>{_mm_maddubs_epi16(a.v, _mm_set1_epi8(1))}, half<16>::splat(0));
+#else
+    return avg(evens(a), shr<8>(words(a)));
+#endif
+}
+
 // What the stores are made of; all of it works inside 128-bit lanes.
 OP u8<16> pack(half<16> a, half<16> b) { return {_mm_packus_epi16(a.v, b.v)}; }
 OP u8<16> zip_lo8(u8<16> a, u8<16> b) { return {_mm_unpacklo_epi8(a.v, b.v)}; }

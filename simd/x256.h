@@ -48,6 +48,11 @@ OP i16<32> split_times4(u8<32> a)
     return {{_mm256_maddubs_epi16(a.v, _mm256_set1_epi16(4))}, {_mm256_maddubs_epi16(a.v, _mm256_set1_epi16(4 << 8))}};
 }
 
+OP half<32> averages_of_pairs(u8<32> a)
+{
+    return avg(half<32>{_mm256_maddubs_epi16(a.v, _mm256_set1_epi8(1))}, half<32>::splat(0));
+}
+
 OP u8<32> pack(half<32> a, half<32> b) { return {_mm256_packus_epi16(a.v, b.v)}; }
 OP u8<32> zip_lo8(u8<32> a, u8<32> b) { return {_mm256_unpacklo_epi8(a.v, b.v)}; }
 OP u8<32> zip_hi8(u8<32> a, u8<32> b) { return {_mm256_unpackhi_epi8(a.v, b.v)}; }

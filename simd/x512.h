@@ -45,6 +45,11 @@ OP i16<64> split_times4(u8<64> a)
     return {{_mm512_maddubs_epi16(a.v, _mm512_set1_epi16(4))}, {_mm512_maddubs_epi16(a.v, _mm512_set1_epi16(4 << 8))}};
 }
 
+OP half<64> averages_of_pairs(u8<64> a)
+{
+    return avg(half<64>{_mm512_maddubs_epi16(a.v, _mm512_set1_epi8(1))}, half<64>::splat(0));
+}
+
 OP u8<64> pack(half<64> a, half<64> b) { return {_mm512_packus_epi16(a.v, b.v)}; }
 OP u8<64> zip_lo8(u8<64> a, u8<64> b) { return {_mm512_unpacklo_epi8(a.v, b.v)}; }
 OP u8<64> zip_hi8(u8<64> a, u8<64> b) { return {_mm512_unpackhi_epi8(a.v, b.v)}; }
