@@ -1,0 +1,142 @@
+// Pixel routines on several threads, and a state that changes under them. Build with -fsanitize=thread to see races:
+//   cmake -S . -B build-tsan -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_C_FLAGS=-fsanitize=thread
+//         -DCMAKE_CXX_FLAGS=-fsanitize=thread && ctest --test-dir build-tsan -R Concurrency
+#include "harness/effort.h"
+#include "harness/loaders.h"
+#include "harness/random.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using harness::Loader;
+using harness::Variant;
+using Bytes = std::vector<uint8_t>;
+
+constexpr int kWidth = 192;
+constexpr int kHeight = 32;
+constexpr size_t kRoom = size_t{1} << 17; // also for the copies that reach far beyond their planes
+
+struct Picture {
+    explicit Picture(uint64_t seed) : y(kRoom), u(kRoom), v(kRoom)
+    {
+        harness::Random random(seed);
+        for (Bytes* plane : {&y, &u, &v}) {
+            for (uint8_t& byte : *plane) byte = static_cast<uint8_t>(random.next());
+        }
+    }
+    Bytes y, u, v;
+};
+
+ajust_contrast_info surface_record()
+{
+    ajust_contrast_info info = {};
+    info.surface_height = info.lines_to_bottom = kHeight;
+    return info;
+}
+
+Bytes load(const Loader& loader, const Variant& table, Picture& p)
+{
+    Bytes dst(kRoom, 0x77);
+    ajust_contrast_info info = surface_record();
+    (table.kernels->*loader.entry)(p.y.data(), p.u.data(), p.v.data(), dst.data(), kWidth, kHeight, kWidth,
+                                   kWidth * loader.block_bytes / 16, &info);
+    return dst;
+}
+
+TEST(Concurrency, loaders_on_disjoint_memory_do_not_disturb_each_other)
+{
+    ajust_contrast_info adjustment = {};
+    adjustment.y_gain = 70;
+    adjustment.uv_gain = 60;
+    get_contrast_data(&adjustment);
+    std::vector<std::thread> threads;
+    std::atomic<int> wrong{0};
+    for (uint64_t seed = 0; seed < 4; ++seed) {
+        threads.emplace_back([seed, &wrong] {
+            Picture picture(seed);
+            for (const Variant& table : harness::variants()) {
+                for (const Loader& loader : harness::loaders()) {
+                    const Bytes first = load(loader, table, picture);
+                    if (first == Bytes(kRoom, 0x77)) ++wrong;
+                    for (int i = 0; i < harness::by_effort(20, 3); ++i) wrong += load(loader, table, picture) != first;
+                }
+            }
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(wrong, 0);
+}
+
+// Two adjustments alternate while pictures load. A picture may come out by either, or by a mixture of their values,
+// and every call reads each value once: so it equals the result of one of the mixtures throughout.
+TEST(Concurrency, a_changing_adjustment_gives_each_picture_one_set_of_values)
+{
+    auto set = [](int turn) {
+        static constexpr int kGain[2] = {64, 128}, kOffset[2] = {0, 20};
+        ajust_contrast_info record = {};
+        record.y_gain = record.uv_gain = kGain[turn];
+        record.y_offset_a = kOffset[turn];
+        get_contrast_data(&record);
+    };
+    set(0);
+    std::atomic<bool> done{false};
+    std::atomic<int> pictures{0}, neither{0};
+    std::thread writer([&done, &set] {
+        for (int turn = 0; !done; turn ^= 1) set(turn);
+    });
+    auto reader = [&pictures, &neither](uint64_t seed) {
+        Picture picture(seed);
+        std::fill(picture.y.begin(), picture.y.end(), uint8_t{50});
+        const Loader* mono = nullptr;
+        for (const Loader& loader : harness::loaders()) {
+            if (loader.entry == &vsurf::Kernels::loadimage_yuy2_mono_ajust) mono = &loader;
+        }
+        for (int i = 0; i < harness::by_effort(300, 50); ++i) {
+            for (const Variant& table : harness::variants()) {
+                const Bytes surface = load(*mono, table, picture);
+                const int luma = surface[0];
+                bool uniform = luma == 50 || luma == 70 || luma == 100 || luma == 120;
+                for (size_t at = 0; at < size_t{2} * kWidth * kHeight; at += 2) uniform &= surface[at] == luma;
+                neither += !uniform;
+                ++pictures;
+            }
+        }
+    };
+    std::thread second(reader, 1);
+    reader(2);
+    second.join();
+    done = true;
+    writer.join();
+    EXPECT_EQ(neither, 0);
+    EXPECT_GT(pictures, 0);
+}
+
+// Every adjusted loader, for a sanitizer to watch: what they write is not the question here.
+TEST(Concurrency, every_adjusted_loader_runs_beside_a_changing_adjustment)
+{
+    std::atomic<bool> done{false};
+    std::thread writer([&done] {
+        for (int turn = 0; !done; ++turn) {
+            ajust_contrast_info record = {};
+            record.y_gain = record.uv_gain = turn;
+            get_contrast_data(&record);
+        }
+    });
+    Picture picture(3);
+    const Bytes before = picture.y;
+    for (int i = 0; i < harness::by_effort(30, 5); ++i) {
+        for (const Variant& table : harness::variants()) {
+            for (const Loader& loader : harness::loaders()) load(loader, table, picture);
+        }
+    }
+    done = true;
+    writer.join();
+    EXPECT_EQ(picture.y, before);
+}
+
+} // namespace

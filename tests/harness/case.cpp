@@ -1,0 +1,153 @@
+#include "harness/case.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
+
+namespace harness {
+namespace {
+
+// No chroma plane of an upward picture can be reached through a logical shift of its pitch, nor one whose advance
+// between passes is negative.
+int unsigned_pitch(int width, int pitch)
+{
+    pitch = std::abs(pitch);
+    return 2 * pitch < width ? width : pitch;
+}
+
+int pitch_for(int tight, int whole, Pitch pitch, Random& random)
+{
+    switch (pitch) {
+    case Pitch::kTight: return tight;
+    case Pitch::kRounded: return whole;
+    case Pitch::kPadded: return whole + 16 * random.between(1, 6);
+    case Pitch::kLines64: return (whole + 63) / 64 * 64;
+    case Pitch::kOdd: return (whole + random.between(0, 40)) | 1;
+    case Pitch::kNegative: return -whole - 16 * random.between(0, 3);
+    case Pitch::kNegativeOdd: return -((whole + random.between(0, 40)) | 1);
+    case Pitch::kCrowded: return random.between(0, tight);
+    case Pitch::kAny: return random.between(-whole - 80, whole + 80);
+    default: return 0;
+    }
+}
+
+int any_gain(Random& random)
+{
+    static constexpr int kGains[] = {0,   1,   63,     64,          65,  128,   255,    256,   257, 258,
+                                     -1,  -64, 32767,  -32768,      192, 65535, 65600,  -65472, 100, 50};
+    return random.one_in(3) ? static_cast<int>(static_cast<uint32_t>(random.next())) : random.pick(kGains);
+}
+
+int any_offset(Random& random)
+{
+    static constexpr int kOffsets[] = {0, 0, 0, 1, -1, 10, -20, 255, -255, -1023, 30000, -30000, 32767, -32768, 65536};
+    return random.one_in(4) ? static_cast<int>(static_cast<uint32_t>(random.next())) : random.pick(kOffsets);
+}
+
+void any_geometry(Case& c, Random& random)
+{
+    const int top = random.between(0, 4);
+    c.info.surface_height = c.height + top + random.between(0, 4);
+    c.info.lines_to_bottom = c.info.surface_height - top;
+    if (random.one_in(4)) c.info.lines_to_bottom = random.between(-5, 25);
+    if (random.one_in(4)) c.info.surface_height = random.between(-5, 25);
+    if (c.dst_pitch % 4 == 0 && random.one_in(4)) c.info.surface_height |= 1 << 30; // the products wrap
+    if (c.dst_pitch % 4 == 0 && random.one_in(4)) c.info.lines_to_bottom ^= 1 << 30;
+}
+
+} // namespace
+
+int rounded(int width)
+{
+    return width == 0 ? 16 : (width + 15) / 16 * 16;
+}
+
+int line_bytes(const Loader& loader, int width)
+{
+    return width * loader.block_bytes / 16;
+}
+
+int source_pitch(const Loader& loader, int width, Pitch pitch, Random& random)
+{
+    const int bytes = pitch_for(width, rounded(width), pitch, random);
+    return loader.signed_pitches ? bytes : unsigned_pitch(width, bytes);
+}
+
+int surface_pitch(const Loader& loader, int width, Pitch pitch, Random& random)
+{
+    const int bytes = pitch_for(line_bytes(loader, width), line_bytes(loader, rounded(width)), pitch, random);
+    return loader.signed_pitches ? bytes : unsigned_pitch(width, bytes);
+}
+
+ajust_contrast_info unity_adjustment()
+{
+    ajust_contrast_info record = {};
+    record.y_gain = record.uv_gain = 64;
+    return record;
+}
+
+ajust_contrast_info any_adjustment(Random& random)
+{
+    if (random.one_in(8)) return unity_adjustment();
+    ajust_contrast_info record = {};
+    if (random.one_in(4)) {
+        record.y_gain = random.between(40, 100);
+        record.uv_gain = random.between(40, 100);
+        record.y_offset_a = random.between(-40, 40);
+        record.u_offset_a = random.between(-40, 40);
+        record.v_offset_a = random.between(-40, 40);
+        return record;
+    }
+    record.y_gain = any_gain(random);
+    record.uv_gain = any_gain(random);
+    for (int32_t* field : {&record.y_offset_a, &record.u_offset_a, &record.v_offset_a, &record.y_offset_b,
+                           &record.u_offset_b, &record.v_offset_b}) {
+        *field = any_offset(random);
+    }
+    return record;
+}
+
+void complete(Case& c, Random& random)
+{
+    c.adjustment = any_adjustment(random);
+    c.content = random.one_in(3) ? Content::kExtremes : Content::kNoise;
+    c.seed = random.next();
+    // The loaders must take the adjustment from the state, so their own record holds another one.
+    c.info = any_adjustment(random);
+    c.info.reserved = static_cast<int32_t>(static_cast<uint32_t>(random.next()));
+    c.info.rgb16_layout = random.between(0, 3);
+    static constexpr int kRefused[] = {-1, 4, 5, 6, 7, INT32_MAX, INT32_MIN};
+    if (random.one_in(16)) c.info.rgb16_layout = random.pick(kRefused);
+    any_geometry(c, random);
+}
+
+Case any_case(const Loader& loader, int width, int height, uint64_t seed)
+{
+    static constexpr Pitch kPitches[] = {Pitch::kTight,    Pitch::kRounded,     Pitch::kPadded,  Pitch::kLines64,
+                                         Pitch::kOdd,      Pitch::kNegative,    Pitch::kTight,   Pitch::kNegativeOdd,
+                                         Pitch::kCrowded,  Pitch::kAny,         Pitch::kRounded, Pitch::kZero};
+    Random random(seed);
+    Case c;
+    c.loader = &loader;
+    c.width = width;
+    c.height = height;
+    c.y_pitch = source_pitch(loader, width, random.pick(kPitches), random);
+    c.dst_pitch = surface_pitch(loader, width, random.pick(kPitches), random);
+    complete(c, random);
+    return c;
+}
+
+std::string describe(const Case& c)
+{
+    std::ostringstream out;
+    const ajust_contrast_info& a = c.adjustment;
+    out << (c.loader != nullptr ? c.loader->name : "?") << " width " << c.width << " height " << c.height
+        << " y_pitch " << c.y_pitch << " dst_pitch " << c.dst_pitch << " layout " << c.info.rgb16_layout
+        << " surface_height " << c.info.surface_height << " lines_to_bottom " << c.info.lines_to_bottom << " gains "
+        << a.y_gain << "," << a.uv_gain << " offsets " << a.y_offset_a << "+" << a.y_offset_b << ","
+        << a.u_offset_a << "+" << a.u_offset_b << "," << a.v_offset_a << "+" << a.v_offset_b << " content "
+        << (c.content == Content::kNoise ? "noise" : "extremes") << " seed " << c.seed;
+    return out.str();
+}
+
+} // namespace harness

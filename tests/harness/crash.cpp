@@ -1,0 +1,74 @@
+#include "harness/crash.h"
+
+#include <signal.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace harness {
+namespace {
+
+const Case* current_case = nullptr;
+const Placement* current_placement = nullptr;
+const Variant* current_table = nullptr;
+
+// The fault comes from a kernel, which allocates nothing and holds no lock, so building a string here is safe.
+void report(int number, siginfo_t* details, void*)
+{
+    if (current_case != nullptr) {
+        const std::string text = describe(*current_case) + "\n  on " + current_table->name + ", " +
+                                 describe(*current_placement);
+        std::fprintf(stderr, "fault at %p in %s\n", details->si_addr, text.c_str());
+    } else {
+        std::fprintf(stderr, "fault at %p outside any loader call\n", details->si_addr);
+    }
+    std::fflush(stderr);
+    signal(number, SIG_DFL);
+    raise(number);
+}
+
+void install()
+{
+    static const bool installed = [] {
+        static char stack[1 << 16];
+        stack_t alternative = {};
+        alternative.ss_sp = stack;
+        alternative.ss_size = sizeof stack;
+        sigaltstack(&alternative, nullptr);
+        struct sigaction action = {};
+        action.sa_sigaction = report;
+        action.sa_flags = SA_SIGINFO | SA_ONSTACK | SA_NODEFER;
+        sigaction(SIGSEGV, &action, nullptr);
+        sigaction(SIGBUS, &action, nullptr);
+        sigaction(SIGILL, &action, nullptr);
+        return true;
+    }();
+    static_cast<void>(installed);
+}
+
+} // namespace
+
+InCall::InCall(const Case& c, const Placement& placement, const Variant& table)
+{
+    install();
+    current_case = &c;
+    current_placement = &placement;
+    current_table = &table;
+}
+
+InCall::~InCall()
+{
+    current_case = nullptr;
+}
+
+std::string describe(const Placement& placement)
+{
+    switch (placement.kind) {
+    case Placement::Kind::kAtStart: return "touched bytes right after a guard page";
+    case Placement::Kind::kAtEnd: return "touched bytes right before a guard page";
+    default: return "pointers at " + std::to_string(placement.alignment) + " modulo 64";
+    }
+}
+
+} // namespace harness

@@ -1,0 +1,34 @@
+// The planar loaders as their contract tells them: block by block, pointer by pointer, store by store.
+#pragma once
+#include "model/memory.h"
+#include "model/samples.h"
+
+namespace model {
+
+struct Planes {
+    Plane y, u, v, dst;
+};
+
+struct Call {
+    int width, height, y_pitch, dst_pitch;
+    const ajust_contrast_info* info;
+    State state;
+};
+
+#define VSURF_MODEL_LOADER(name) void name(Planes& planes, const Call& call)
+VSURF_MODEL_LOADER(loadimage_yuy2);
+VSURF_MODEL_LOADER(loadimage_yv12);
+VSURF_MODEL_LOADER(loadimage_rgb32);
+VSURF_MODEL_LOADER(loadimage_rgb24);
+VSURF_MODEL_LOADER(loadimage_rgb16);
+VSURF_MODEL_LOADER(loadimage_rgb32_ajust);
+VSURF_MODEL_LOADER(loadimage_rgb24_ajust);
+VSURF_MODEL_LOADER(loadimage_rgb16_ajust);
+VSURF_MODEL_LOADER(loadimage_yuy2_ajust);
+VSURF_MODEL_LOADER(loadimage_yuy2_mono_ajust);
+VSURF_MODEL_LOADER(loadimage_yv12_ajust);
+VSURF_MODEL_LOADER(loadimage_half_yuy2_ajust);
+VSURF_MODEL_LOADER(loadimage_half_yv12_ajust);
+#undef VSURF_MODEL_LOADER
+
+} // namespace model

@@ -1,0 +1,13 @@
+#!/bin/sh
+# Usage: namespaces.sh NM ISA OBJECT...: what the objects of an instruction set show to the linker lies in its own
+# namespace. A shared inline function would be merged across instruction sets, and might then be the wrong one.
+set -eu
+nm=$1 isa=$2
+shift 2
+symbols=$("$nm" -C --defined-only --extern-only "$@" | sed -n 's/^[0-9a-f]* [A-Za-z] //p')
+[ -n "$symbols" ]
+if stray=$(echo "$symbols" | grep -v "^vsurf::$isa::"); then
+    echo "outside vsurf::$isa:" && echo "$stray"
+    exit 1
+fi
+echo "$(echo "$symbols" | wc -l) symbols, all in vsurf::$isa"
