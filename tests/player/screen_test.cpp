@@ -1,0 +1,181 @@
+// What is really to be seen on a screen, and what the keys do.
+#include "tests/player/clip.h"
+#include "tests/player/screen.h"
+#include "tools/surface.h"
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace player_test {
+namespace {
+
+template <class Condition> bool eventually(Condition&& holds)
+{
+    for (int i = 0; i < 400; i++) {
+        if (holds()) return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(25));
+    }
+    return false;
+}
+
+class OnScreen : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!Screen::available()) GTEST_SKIP() << "Xvfb is missing (Debian: xvfb)";
+        screen_.emplace();
+    }
+
+    std::string still(const Yuv& picture, const std::string& tags = "C420mpeg2")
+    {
+        const auto file = scratch_ / "still.y4m";
+        write_y4m(file, picture, 1, tags);
+        return file.string();
+    }
+
+    Process start(const Arguments& options) { return start_player(options, {screen_->variable()}); }
+
+    int difference(const Image& from)
+    {
+        const auto photo = screen_->photograph();
+        if (!photo) return 256;
+        const auto most = largest_difference(*photo, from);
+        return *std::max_element(most.begin(), most.end());
+    }
+
+    const ScratchDirectory scratch_;
+    std::optional<Screen> screen_;
+};
+
+class Shows : public OnScreen, public testing::WithParamInterface<const char*> {};
+
+// RGB reaches the screen as it is. YUV goes through the screen's own conversion, which interpolates chroma.
+TEST_P(Shows, the_pixels_that_it_dumps)
+{
+    const std::string name = GetParam();
+    const bool yuv = name == "yuy2" || name == "yv12";
+    const std::string file = still(yuv ? gradient(421, 199) : noise(421, 199));
+    const auto directory = scratch_ / "pictures";
+    Process player = start({"--surface", name, "--window", "--dump", directory.string(), file});
+    const auto png = directory / "picture-000001.png";
+    ASSERT_TRUE(eventually([&] { return std::filesystem::exists(png); })) << player.wait().err;
+    const Image dumped = read_png(png);
+    ASSERT_EQ(dumped.width, 421);
+    EXPECT_TRUE(eventually([&] { return difference(dumped) <= (yuv ? 5 : 1); })) << "differs by " << difference(dumped);
+    EXPECT_TRUE(player.running());
+    player.send(SIGTERM);
+    EXPECT_EQ(player.wait().err, "");
+}
+
+std::vector<const char*> format_names()
+{
+    std::vector<const char*> names;
+    names.reserve(player::kFormatTraits.size());
+    for (const auto& each : player::kFormatTraits) names.push_back(each.name);
+    return names;
+}
+
+std::string case_name(const testing::TestParamInfo<const char*>& info)
+{
+    std::string name = info.param;
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Surfaces, Shows, testing::ValuesIn(format_names()), case_name);
+
+TEST_F(OnScreen, window_has_the_aspect_of_the_picture)
+{
+    Process player = start({still(gradient(160, 120), "C420mpeg2 A2:1")});
+    ASSERT_TRUE(eventually([&] { return screen_->photograph().has_value(); }));
+    EXPECT_EQ(screen_->photograph()->width, 320);
+    EXPECT_EQ(screen_->photograph()->height, 120);
+}
+
+class Keys : public OnScreen {
+protected:
+    void SetUp() override
+    {
+        OnScreen::SetUp();
+        if (IsSkipped()) return;
+        if (!Screen::has_keyboard()) GTEST_SKIP() << "xdotool is missing (Debian: xdotool)";
+    }
+
+    // Presses until the title says so: the window may not have been ready for the first.
+    bool press_until(const std::string& key, const std::string& words)
+    {
+        screen_->press(key);
+        return eventually([&] { return title_says(words); });
+    }
+
+    bool title_says(const std::string& words) { return screen_->title().find(words) != std::string::npos; }
+};
+
+TEST_F(Keys, control_the_picture)
+{
+    Process player = start({"--size", "320x240", "--loop"});
+    ASSERT_TRUE(eventually([&] { return title_says("rgb32 320x240"); })) << screen_->title();
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+
+    EXPECT_TRUE(press_until("space", "paused"));
+    const auto before = screen_->photograph();
+    ASSERT_TRUE(before);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    EXPECT_EQ(difference(*before), 0) << "a paused picture moves";
+
+    EXPECT_TRUE(press_until("2 2 2", "brightness +12"));
+    EXPECT_TRUE(eventually([&] { return mean(*screen_->photograph()) > mean(*before) + 5; }));
+    EXPECT_TRUE(press_until("4", "contrast 1.06"));
+    EXPECT_TRUE(press_until("5", "saturation 0.94"));
+    EXPECT_TRUE(press_until("0", "brightness +0, contrast 1.00, saturation 1.00"));
+    EXPECT_TRUE(eventually([&] { return difference(*before) == 0; })) << "reset differs by " << difference(*before);
+
+    EXPECT_TRUE(press_until("s", "rgb24 320x240"));
+    EXPECT_TRUE(eventually([&] { return difference(*before) == 0; })) << "RGB24 differs by " << difference(*before);
+    EXPECT_TRUE(press_until("w", "yuy2 160x240 half width"));
+    EXPECT_TRUE(press_until("h", "space pause"));
+    EXPECT_TRUE(press_until("h", "paused"));
+    EXPECT_TRUE(press_until("w", "rgb24 320x240,"));
+
+    screen_->press("space");
+    EXPECT_TRUE(eventually([&] { return !title_says("paused"); }));
+    EXPECT_TRUE(eventually([&] { return difference(*before) > 50; })) << "the picture does not move again";
+
+    screen_->press("q");
+    const Result result = player.wait();
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(result.err, "");
+}
+
+TEST_F(Keys, seek_and_step)
+{
+    const auto film = scratch_ / "film.mp4", directory = scratch_ / "pictures";
+    encode(film, {"mpeg4", "yuv420p", 320, 240, 400});
+    ASSERT_EQ(play({"--dump", directory.string(), film.string()}).status, 0);
+    auto shows = [&](int number) {
+        char name[32];
+        std::snprintf(name, sizeof name, "picture-%06d.png", number);
+        return difference(read_png(directory / name)) <= 1;
+    };
+    Process player = start({film.string()});
+    ASSERT_TRUE(eventually([&] { return title_says("rgb32"); }));
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    ASSERT_TRUE(press_until("space", "paused"));
+    int number = 1;
+    while (number <= 400 && !shows(number)) number++;
+    ASSERT_LE(number, 250);
+    screen_->press("period");
+    EXPECT_TRUE(eventually([&] { return shows(number + 1); }));
+    screen_->press("Right");
+    EXPECT_TRUE(eventually([&] { return shows(number + 126); }));
+    screen_->press("Left");
+    EXPECT_TRUE(eventually([&] { return shows(number + 1); }));
+    screen_->press("Escape");
+    EXPECT_EQ(player.wait().status, 0);
+}
+
+} // namespace
+} // namespace player_test

@@ -1,0 +1,24 @@
+// Any decoded pixel format as 4:2:0 in studio range, which is what the loaders take.
+#pragma once
+#include "tools/ffmpeg.h"
+
+namespace player {
+
+class Converter {
+public:
+    // The frame itself where it fits already, else one that is valid until the next call.
+    const AVFrame& to_yuv420p(const AVFrame& frame);
+
+private:
+    struct Kind {
+        int width = 0, height = 0, format = -1, full_range = 0, colorspace = 0;
+        bool operator==(const Kind&) const = default;
+    };
+    void prepare(const Kind& kind);
+
+    Kind kind_;
+    FramePtr converted_;
+    ScalerPtr scaler_;
+};
+
+} // namespace player

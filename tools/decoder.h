@@ -1,0 +1,55 @@
+// The pictures of a source, one after the other, and an account of what was damaged.
+#pragma once
+#include "tools/source.h"
+#include <cstdint>
+#include <optional>
+
+namespace player {
+
+struct Damage {
+    int64_t lost_packets = 0;     // could not be read or decoded
+    int64_t damaged_pictures = 0; // came out, with errors inside
+    std::string missing_end;      // how much of the announced length was missing
+
+    bool any() const { return lost_packets || damaged_pictures || !missing_end.empty(); }
+    std::string text() const;
+};
+
+class Decoder {
+public:
+    explicit Decoder(Source source);
+
+    // False at the end. `frame` gets a new reference.
+    bool next(AVFrame& frame);
+    void rewind();
+    // To the first picture at or after `time`; false where the source cannot.
+    bool seek(double time);
+
+    double time() const { return time_; } // of the last picture, from the start, in seconds
+    double frame_seconds() const { return frame_seconds_; }
+    std::optional<double> duration() const;
+    AVRational sample_aspect(AVFrame& frame) const;
+    const Damage& damage() const { return damage_; }
+
+private:
+    void open_source();
+    bool receive(AVFrame& frame);
+    void feed();
+    bool read(AVPacket& packet);
+    void lose_packet();
+    void account(const AVFrame& frame);
+    void take_time(const AVFrame& frame);
+    void notice_missing_end();
+
+    Source source_;
+    FormatPtr format_;
+    CodecPtr codec_;
+    PacketPtr packet_;
+    AVStream* stream_ = nullptr;
+    double time_ = 0, end_ = 0, start_ = 0, frame_seconds_ = 0;
+    std::optional<double> skip_until_; // after a seek, which lands on a key picture before the target
+    bool first_ = true, drained_ = false, whole_ = true;
+    Damage damage_;
+};
+
+} // namespace player

@@ -1,0 +1,184 @@
+#include "tools/player.h"
+#include "tools/error.h"
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace player {
+
+using namespace std::chrono_literals;
+
+static constexpr double kSeekSeconds = 5;
+static constexpr int kBrightnessStep = 4, kGainStep = 4;
+static constexpr auto kLongestWait = 100ms; // between looks at the signals
+
+Player::Player(const Options& options, const StopSignals& stop)
+    : options_(options), stop_(stop), decoder_(options.source), loader_(*options.isa), progress_(!options.quiet),
+      coming_(new_frame()), shown_(new_frame()), format_(options.surface), half_(options.half),
+      controls_(options.controls)
+{
+    if (options.dump) dump_.emplace(*options.dump);
+}
+
+void Player::run()
+{
+    while (!options_.frames || pictures_ < *options_.frames) {
+        if (!read()) {
+            hold_last();
+            break;
+        }
+        const Next next = wait_for(decoder_.time());
+        if (next == Next::quit) break;
+        if (next == Next::show) take_picture();
+    }
+    finish();
+}
+
+// The next picture, from the start again where the source is to be repeated.
+bool Player::read()
+{
+    if (stop_.pending()) return false;
+    if (decoder_.next(*coming_)) return true;
+    if (!options_.loop || pictures_ == pictures_at_start_) return false;
+    pictures_at_start_ = pictures_;
+    decoder_.rewind();
+    pace_.restart();
+    return decoder_.next(*coming_);
+}
+
+// Obeys keys until the picture of this time is due.
+Player::Next Player::wait_for(double time)
+{
+    if (!window_) return stop_.pending() ? Next::quit : Next::show;
+    auto due = pace_.due(time);
+    for (;;) {
+        if (stop_.pending()) return Next::quit;
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(due - Pace::Clock::now());
+        const bool still = paused_ && !step_;
+        const Command command = window_->wait(still ? kLongestWait : std::clamp(left, 0ms, kLongestWait));
+        const Next next = obey(command);
+        if (next != Next::show) return next;
+        if (paused_ && !step_) continue;
+        if (command == Command::pause || paused_) {
+            pace_.restart();
+            due = pace_.due(time);
+        }
+        if (due <= Pace::Clock::now() && command == Command::none) break;
+    }
+    step_ = false;
+    return Next::show;
+}
+
+Player::Next Player::obey(Command command)
+{
+    switch (command) {
+    case Command::none: return Next::show;
+    case Command::quit: return Next::quit;
+    case Command::pause: paused_ = !paused_; break;
+    case Command::step: step_ = paused_; break;
+    case Command::back: return seek(-kSeekSeconds) ? Next::read_again : Next::show;
+    case Command::forward: return seek(kSeekSeconds) ? Next::read_again : Next::show;
+    case Command::full_screen: window_->toggle_full_screen(); break;
+    case Command::keys: keys_in_title_ = !keys_in_title_; break;
+    default:
+        turn(command);
+        load();
+        show();
+    }
+    window_->title(title());
+    return Next::show;
+}
+
+void Player::turn(Command command)
+{
+    switch (command) {
+    case Command::darker: controls_.turn_brightness(-kBrightnessStep); break;
+    case Command::brighter: controls_.turn_brightness(kBrightnessStep); break;
+    case Command::less_contrast: controls_.turn_contrast(-kGainStep); break;
+    case Command::more_contrast: controls_.turn_contrast(kGainStep); break;
+    case Command::less_saturation: controls_.turn_saturation(-kGainStep); break;
+    case Command::more_saturation: controls_.turn_saturation(kGainStep); break;
+    case Command::reset: controls_ = {}; break;
+    case Command::next_surface: format_ = next_format(format_); break;
+    case Command::half_width: half_ = !half_; break;
+    default: break;
+    }
+}
+
+bool Player::seek(double by)
+{
+    double target = shown_time_ + by;
+    if (const auto duration = decoder_.duration()) target = std::min(target, *duration - 2 * decoder_.frame_seconds());
+    if (!decoder_.seek(target)) return false;
+    pace_.restart();
+    step_ = paused_;
+    return true;
+}
+
+void Player::take_picture()
+{
+    av_frame_unref(shown_.get());
+    av_frame_move_ref(shown_.get(), coming_.get());
+    shown_time_ = decoder_.time();
+    pictures_++;
+    load();
+    if (dump_) dump_->write(rgb_.convert(surface_));
+    if (options_.window) show();
+    progress_.update(shown_time_, decoder_.duration(), pictures_);
+}
+
+void Player::load()
+{
+    const AVFrame& frame = converter_.to_yuv420p(*shown_);
+    const Geometry geometry = plan(frame.width, frame.height, format_, half_);
+    const Planes planes = picture_.planes(frame, geometry);
+    surface_.shape(geometry.surface, geometry.surface_width, geometry.surface_height, geometry.shown_width,
+                   geometry.shown_height);
+    stats_.time([&] { loader_.load(planes, surface_, controls_, half_); });
+}
+
+void Player::show()
+{
+    const AVRational sample = decoder_.sample_aspect(*shown_);
+    const double width = surface_.shown_width() * av_q2d(sample), height = surface_.shown_height();
+    if (!window_) {
+        // Stretched, never shrunk, so that every pixel of the picture is seen.
+        const double scale = std::max(1.0, surface_.shown_width() / width);
+        window_.emplace(std::max(1, static_cast<int>(std::lround(width * scale))),
+                        std::max(1, static_cast<int>(std::lround(height * scale))), title());
+        if (progress_.shown()) std::fprintf(stderr, "%s\n", key_text());
+    }
+    window_->title(title());
+    window_->show(surface_, width / height);
+}
+
+// The last picture stays for its time; the only picture of a still stays until the viewer closes it.
+void Player::hold_last()
+{
+    if (!window_ || stop_.pending()) return;
+    paused_ = paused_ || (pictures_ == 1 && !options_.source.is_pattern());
+    window_->title(title());
+    wait_for(shown_time_ + decoder_.frame_seconds());
+}
+
+void Player::finish() const
+{
+    if (options_.stats) std::printf("vsurf %s: %s\n", loader_.isa_name(), stats_.summary().c_str());
+    std::fflush(stdout);
+    const Damage& damage = decoder_.damage();
+    if (damage.any()) throw Error(options_.source.name() + ": " + damage.text());
+    if (pictures_ == 0 && !stop_.pending()) throw Error(options_.source.name() + ": no picture could be decoded");
+}
+
+std::string Player::title() const
+{
+    if (keys_in_title_) return key_text();
+    char text[160];
+    std::snprintf(text, sizeof text, "%s %dx%d%s, brightness %+d, contrast %.2f, saturation %.2f%s",
+                  traits(surface_.format()).name, surface_.shown_width(), surface_.shown_height(),
+                  half_ ? " half width" : "", controls_.brightness, controls_.contrast / double{Controls::kUnity},
+                  controls_.saturation / double{Controls::kUnity}, paused_ ? ", paused" : "");
+    return text + std::string(" - ") + options_.source.name();
+}
+
+} // namespace player

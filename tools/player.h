@@ -1,0 +1,61 @@
+// Plays a source: decodes, paces, loads, shows and dumps, and obeys the keys.
+#pragma once
+#include "tools/converter.h"
+#include "tools/decoder.h"
+#include "tools/loader.h"
+#include "tools/options.h"
+#include "tools/pace.h"
+#include "tools/picture.h"
+#include "tools/png_writer.h"
+#include "tools/progress.h"
+#include "tools/stats.h"
+#include "tools/stop_signals.h"
+#include "tools/window.h"
+
+namespace player {
+
+class Player {
+public:
+    Player(const Options& options, const StopSignals& stop);
+
+    // Returns when the source is over or the viewer quits. Throws Error when something of it could not be played.
+    void run();
+
+private:
+    enum class Next { show, quit, read_again };
+
+    bool read();
+    Next wait_for(double time);
+    Next obey(Command command);
+    void turn(Command command);
+    bool seek(double by);
+    void take_picture();
+    void load();
+    void show();
+    void hold_last();
+    void finish() const;
+    std::string title() const;
+
+    const Options& options_;
+    const StopSignals& stop_;
+    Decoder decoder_;
+    Converter converter_;
+    PictureSource picture_;
+    Loader loader_;
+    Surface surface_;
+    RgbConverter rgb_;
+    Stats stats_;
+    Pace pace_;
+    std::optional<PngWriter> dump_;
+    std::optional<Window> window_;
+    Progress progress_;
+
+    FramePtr coming_, shown_; // the decoder's next picture, and the one that is seen
+    double shown_time_ = 0;
+    int64_t pictures_ = 0, pictures_at_start_ = 0;
+    SurfaceFormat format_;
+    bool half_, paused_ = false, step_ = false, keys_in_title_ = false;
+    Controls controls_;
+};
+
+} // namespace player

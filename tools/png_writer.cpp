@@ -1,0 +1,68 @@
+#include "tools/png_writer.h"
+#include "tools/error.h"
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <png.h>
+
+namespace player {
+namespace {
+
+using std::filesystem::path;
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+struct RemoveUnlessKept {
+    const path& file;
+    bool kept = false;
+    ~RemoveUnlessKept()
+    {
+        std::error_code ignored;
+        if (!kept) std::filesystem::remove(file, ignored);
+    }
+};
+
+[[noreturn]] void fail(const path& file, const std::string& why) { throw Error(file.string() + ": " + why); }
+
+void make_directory(const path& directory)
+{
+    std::error_code error;
+    std::filesystem::create_directories(directory, error);
+    if (error) fail(directory, error.message());
+    if (!std::filesystem::is_directory(directory)) fail(directory, "not a directory");
+}
+
+void write_png(const RgbImage& image, const path& file)
+{
+    std::unique_ptr<std::FILE, CloseFile> out(std::fopen(file.c_str(), "wb"));
+    if (!out) fail(file, std::strerror(errno));
+    png_image png{};
+    png.version = PNG_IMAGE_VERSION;
+    png.width = static_cast<png_uint_32>(image.width);
+    png.height = static_cast<png_uint_32>(image.height);
+    png.format = PNG_FORMAT_RGB;
+    png.flags = PNG_IMAGE_FLAG_FAST;
+    if (!png_image_write_to_stdio(&png, out.get(), 0, image.bytes.data(), 0, nullptr)) fail(file, png.message);
+    if (std::fclose(out.release()) != 0) fail(file, std::strerror(errno));
+}
+
+} // namespace
+
+void PngWriter::write(const RgbImage& image)
+{
+    if (count_ == 0) make_directory(directory_);
+    char name[64];
+    std::snprintf(name, sizeof name, "picture-%06lld.png", static_cast<long long>(++count_));
+    const path temporary = directory_ / std::string(".").append(name).append(".part");
+    RemoveUnlessKept guard{temporary};
+    write_png(image, temporary);
+    std::error_code error;
+    std::filesystem::rename(temporary, directory_ / name, error);
+    if (error) fail(directory_ / name, error.message());
+    guard.kept = true;
+}
+
+} // namespace player

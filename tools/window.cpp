@@ -1,0 +1,188 @@
+#include "tools/window.h"
+#include "tools/error.h"
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+namespace player {
+namespace {
+
+[[noreturn]] void fail(const char* what) { throw Error(std::string(what) + ": " + SDL_GetError()); }
+
+// 0 where SDL has no such format.
+Uint32 texture_format(SurfaceFormat format)
+{
+    switch (format) {
+    case SurfaceFormat::rgb32: return SDL_PIXELFORMAT_RGB888;
+    case SurfaceFormat::rgb24: return SDL_PIXELFORMAT_BGR24;
+    case SurfaceFormat::rgb16_565: return SDL_PIXELFORMAT_RGB565;
+    case SurfaceFormat::yuy2: return SDL_PIXELFORMAT_YUY2;
+    case SurfaceFormat::yv12: return SDL_PIXELFORMAT_YV12;
+    default: return SDL_PIXELFORMAT_UNKNOWN;
+    }
+}
+
+Command key_command(const SDL_Keysym& key)
+{
+    switch (key.sym) {
+    case SDLK_q:
+    case SDLK_ESCAPE: return Command::quit;
+    case SDLK_SPACE: return Command::pause;
+    case SDLK_PERIOD: return Command::step;
+    case SDLK_1:
+    case SDLK_KP_1: return Command::darker;
+    case SDLK_2:
+    case SDLK_KP_2: return Command::brighter;
+    case SDLK_3:
+    case SDLK_KP_3: return Command::less_contrast;
+    case SDLK_4:
+    case SDLK_KP_4: return Command::more_contrast;
+    case SDLK_5:
+    case SDLK_KP_5: return Command::less_saturation;
+    case SDLK_6:
+    case SDLK_KP_6: return Command::more_saturation;
+    case SDLK_0:
+    case SDLK_KP_0: return Command::reset;
+    case SDLK_s: return Command::next_surface;
+    case SDLK_w: return Command::half_width;
+    case SDLK_LEFT: return Command::back;
+    case SDLK_RIGHT: return Command::forward;
+    case SDLK_f: return Command::full_screen;
+    case SDLK_h: return Command::keys;
+    default: return Command::none;
+    }
+}
+
+bool repeats(Command command)
+{
+    switch (command) {
+    case Command::pause:
+    case Command::next_surface:
+    case Command::half_width:
+    case Command::full_screen:
+    case Command::keys: return false;
+    default: return true;
+    }
+}
+
+} // namespace
+
+SdlSession::SdlSession()
+{
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "0");
+    SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "linear");
+    const bool chosen = std::getenv("SDL_VIDEODRIVER");
+#ifdef __linux__
+    // libwayland writes to stderr of its own accord where there is no desktop.
+    if (!chosen && !std::getenv("XDG_RUNTIME_DIR")) SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11,KMSDRM");
+#endif
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) fail("no display (--dump DIR works without one)");
+    if (!chosen && !std::strcmp(SDL_GetCurrentVideoDriver(), "offscreen"))
+        throw Error("no display (--dump DIR works without one)");
+    SDL_SetYUVConversionMode(SDL_YUV_CONVERSION_BT601);
+}
+
+Window::Window(int width, int height, const std::string& title)
+{
+    SDL_Rect screen{0, 0, width, height};
+    SDL_GetDisplayUsableBounds(0, &screen);
+    if (width > screen.w || height > screen.h) {
+        const Rectangle fitted = fit(static_cast<double>(width) / height, screen.w, screen.h);
+        width = fitted.width;
+        height = fitted.height;
+    }
+    window_.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width, height,
+                                   SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI));
+    if (!window_) fail("no window");
+    renderer_.reset(SDL_CreateRenderer(window_.get(), -1, 0));
+    if (!renderer_) renderer_.reset(SDL_CreateRenderer(window_.get(), -1, SDL_RENDERER_SOFTWARE));
+    if (!renderer_) fail("no renderer");
+}
+
+void Window::show(const Surface& surface, double aspect)
+{
+    aspect_ = aspect;
+    if (const Uint32 format = texture_format(surface.format())) {
+        shape_texture(format, surface.width(), surface.height());
+        const int status =
+            surface.format() == SurfaceFormat::yv12
+                ? SDL_UpdateYUVTexture(texture_.get(), nullptr, surface.bytes(), surface.pitch(), surface.u_plane(),
+                                       surface.chroma_pitch(), surface.v_plane(), surface.chroma_pitch())
+                : SDL_UpdateTexture(texture_.get(), nullptr, surface.bytes(), surface.pitch());
+        if (status != 0) fail("the texture took no picture");
+    } else {
+        const RgbImage& image = converter_.convert(surface);
+        shape_texture(SDL_PIXELFORMAT_RGB24, image.width, image.height);
+        if (SDL_UpdateTexture(texture_.get(), nullptr, image.bytes.data(), 3 * image.width) != 0)
+            fail("the texture took no picture");
+    }
+    shown_ = {0, 0, surface.shown_width(), surface.shown_height()};
+    draw();
+}
+
+void Window::shape_texture(Uint32 format, int width, int height)
+{
+    if (texture_) {
+        Uint32 old_format;
+        int old_width, old_height;
+        SDL_QueryTexture(texture_.get(), &old_format, nullptr, &old_width, &old_height);
+        if (format == old_format && width == old_width && height == old_height) return;
+    }
+    texture_.reset(SDL_CreateTexture(renderer_.get(), format, SDL_TEXTUREACCESS_STREAMING, width, height));
+    if (!texture_) fail("no texture");
+    SDL_SetTextureBlendMode(texture_.get(), SDL_BLENDMODE_NONE);
+}
+
+void Window::draw()
+{
+    SDL_SetRenderDrawColor(renderer_.get(), 0, 0, 0, 255);
+    SDL_RenderClear(renderer_.get());
+    int width = 0, height = 0;
+    SDL_GetRendererOutputSize(renderer_.get(), &width, &height);
+    const Rectangle place = fit(aspect_, width, height);
+    const SDL_Rect target{place.x, place.y, place.width, place.height};
+    if (texture_) SDL_RenderCopy(renderer_.get(), texture_.get(), &shown_, &target);
+    SDL_RenderPresent(renderer_.get());
+}
+
+void Window::title(const std::string& text)
+{
+    if (text == title_) return;
+    title_ = text;
+    SDL_SetWindowTitle(window_.get(), text.c_str());
+}
+
+void Window::toggle_full_screen()
+{
+    const bool full = SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP;
+    SDL_SetWindowFullscreen(window_.get(), full ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+}
+
+Command Window::wait(std::chrono::milliseconds longest)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + longest;
+    for (;;) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()).count();
+        SDL_Event event;
+        if (!SDL_WaitEventTimeout(&event, static_cast<int>(std::max<decltype(left)>(left, 0)))) return Command::none;
+        const Command found = command(event);
+        if (found != Command::none) return found;
+        if (left <= 0) return Command::none;
+    }
+}
+
+Command Window::command(const SDL_Event& event)
+{
+    if (event.type == SDL_QUIT) return Command::quit;
+    if (event.type == SDL_WINDOWEVENT) {
+        const auto what = event.window.event;
+        if (what == SDL_WINDOWEVENT_EXPOSED || what == SDL_WINDOWEVENT_SIZE_CHANGED) draw();
+    }
+    if (event.type != SDL_KEYDOWN) return Command::none;
+    const Command found = key_command(event.key.keysym);
+    return event.key.repeat && !repeats(found) ? Command::none : found;
+}
+
+} // namespace player
