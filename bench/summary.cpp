@@ -1,0 +1,139 @@
+#include "bench/summary.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string_view>
+
+namespace bench {
+namespace {
+
+std::string export_of(const std::string& name) { return name.substr(0, name.find('/')); }
+
+std::string join(std::initializer_list<std::string_view> parts)
+{
+    std::string all;
+    for (const std::string_view part : parts) all += part;
+    return all;
+}
+
+void print_title(const std::string& title, const Traffic& traffic)
+{
+    std::printf("\n%s: a picture reads %.2f MB and writes %.2f MB\n", title.c_str(),
+                static_cast<double>(traffic.read) / 1e6, static_cast<double>(traffic.written) / 1e6);
+    std::printf("%-24s %10s %7s %14s %14s %14s\n", "", "ms/picture", "GB/s", "speed/roof", "speed/peer", "time/plain");
+}
+
+void print_ratio(double ratio, const char* format)
+{
+    char text[32] = "-";
+    if (ratio > 0) std::snprintf(text, sizeof text, format, ratio);
+    std::printf(" %14s", text);
+}
+
+} // namespace
+
+void Summary::ReportRuns(const std::vector<Run>& runs)
+{
+    for (const Run& run : runs) {
+        if (run.run_type != Run::RT_Iteration || run.error_occurred || run.iterations == 0) continue;
+        runs_.push_back(run);
+        const double seconds = run.real_accumulated_time / static_cast<double>(run.iterations);
+        const auto [at, added] = seconds_.try_emplace(run.run_name.function_name, seconds);
+        if (!added) at->second = std::min(at->second, seconds);
+    }
+}
+
+double Summary::seconds(const std::string& name) const
+{
+    const auto at = seconds_.find(name);
+    return at == seconds_.end() ? 0 : at->second;
+}
+
+double Summary::fastest(const std::string& beginning, std::string* which) const
+{
+    double best = 0;
+    for (auto at = seconds_.lower_bound(beginning); at != seconds_.end() && at->first.starts_with(beginning); ++at) {
+        if (best > 0 && at->second >= best) continue;
+        best = at->second;
+        if (which) *which = at->first.substr(beginning.size());
+    }
+    return best;
+}
+
+double Summary::roof(const std::string& prefix, const std::string& name, const std::string& plain) const
+{
+    const double own = fastest(prefix + export_of(name) + "/roof:");
+    return own > 0 ? own : fastest(prefix + plain + "/roof:");
+}
+
+void Summary::print_table(const std::string& prefix, const std::vector<Contender>& contenders) const
+{
+    std::string shown;
+    for (const Contender& c : contenders) {
+        const double time = seconds(prefix + c.name);
+        if (time <= 0) continue;
+        if (const std::string title = export_of(c.name); title != shown) {
+            shown = title;
+            print_title(prefix + title, c.traffic);
+        }
+        const std::string member = c.name.substr(c.name.find('/') + 1);
+        const bool peer = member.starts_with("peer:"), adjusted = shown != c.plain;
+        std::printf("%-24s %10.4f %7.1f", member.c_str(), time * 1e3,
+                    static_cast<double>(c.traffic.read + c.traffic.written) / time / 1e9);
+        // A peer that moves other bytes than the loader has another roof.
+        const bool same_roof = !peer || c.own_traffic;
+        print_ratio(same_roof ? 100 * roof(prefix, c.name, c.plain) / time : 0, "%.0f%%");
+        print_ratio(fastest(prefix + c.plain + "/peer:") / time, "%.2fx");
+        const double plain =
+            adjusted && member.starts_with("vsurf:") ? seconds(join({prefix, c.plain, "/", member})) : 0;
+        print_ratio(plain > 0 ? time / plain : 0, "%.2fx");
+        std::printf("\n");
+    }
+    std::fflush(stdout);
+}
+
+void Summary::print_line(const std::string& prefix, const Group& group) const
+{
+    const std::string plain = group.exports.front().name;
+    const std::string library = std::string("/vsurf:") + vsurf::active_isa().name;
+    std::string peer;
+    const double time = seconds(prefix + plain + library);
+    if (time <= 0) return;
+    std::printf("%-40s %8.3f ms (%s)", (prefix + plain).c_str(), time * 1e3, vsurf::active_isa().name);
+    if (const double best = roof(prefix, plain, plain); best > 0) std::printf(", %.0f%% of roof", 100 * best / time);
+    if (const double best = fastest(prefix + plain + "/peer:", &peer); best > 0) {
+        std::printf(", %.2fx %s", best / time, peer.c_str());
+    }
+    for (size_t i = 1; i < group.exports.size(); i++) {
+        const Export& e = group.exports[i];
+        const double adjusted = seconds(join({prefix, e.name, library}));
+        if (adjusted > 0) std::printf(", %s %.2fx time", i == 1 ? "adjusted" : "grey", adjusted / time);
+    }
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+void Summary::print_stores(const std::string& prefix, const std::vector<Contender>& contenders) const
+{
+    for (const Contender& c : contenders) {
+        const std::string name = prefix + export_of(c.name);
+        const double ordinary = seconds(name + "/stores:ordinary"), streamed = seconds(name + "/stores:nontemporal");
+        if (!c.name.ends_with(":ordinary") || ordinary <= 0 || streamed <= 0) continue;
+        std::printf("%-50s %8.3f MB  ordinary %8.4f ms  non-temporal %8.4f ms (%.2fx as fast)  chosen %8.4f ms\n",
+                    name.c_str(), static_cast<double>(c.traffic.written) / 1e6, ordinary * 1e3, streamed * 1e3,
+                    ordinary / streamed, seconds(name + "/stores:chosen") * 1e3);
+    }
+    std::fflush(stdout);
+}
+
+void Summary::write_json(std::ostream& to) const
+{
+    benchmark::JSONReporter json;
+    json.SetOutputStream(&to);
+    json.SetErrorStream(&to);
+    json.ReportContext(Context());
+    json.ReportRuns(runs_);
+    json.Finalize();
+}
+
+} // namespace bench
