@@ -10,7 +10,8 @@ extern "C" VSURF_API void get_contrast_data(void* info)
 {
     const auto& from = *static_cast<const ajust_contrast_info*>(info);
     auto write = [](int16_t& to, int32_t a, int32_t b) {
-        __atomic_store_n(&to, static_cast<int16_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b)), __ATOMIC_RELAXED);
+        __atomic_store_n(&to, static_cast<int16_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b)),
+                         __ATOMIC_RELAXED);
     };
     auto& state = vsurf::adjustment_state;
     write(state.luma_gain, from.y_gain, 0);

@@ -26,8 +26,9 @@ static inline __attribute__((always_inline)) Adjustment current_adjustment()
 
 namespace vsurf::VSURF_ISA {
 
-// One gain and one offset. A scaled sample lies in 0..1023, so an offset beyond -1023..255 acts like that bound. Lifting
-// the sum by 32767 - 255 lets one signed saturation cut it at 255, and one unsigned saturation cut it at 0 on the way back.
+// One gain and one offset. A scaled sample lies in 0..1023, so an offset beyond -1023..255 acts like that bound.
+// Lifting the sum by 32767 - 255 lets one signed saturation cut it at 255, and one unsigned saturation cut it at 0 on
+// the way back.
 struct SampleAdjust {
     int16_t gain, lifted_offset;
     static constexpr int kLift = 32767 - 255;
@@ -48,7 +49,9 @@ struct SampleAdjust {
     }
 };
 
-struct Adjustments { SampleAdjust luma, u, v; };
+struct Adjustments {
+    SampleAdjust luma, u, v;
+};
 
 OP Adjustments adjustments_now()
 {

@@ -3,9 +3,9 @@
 #include "frame/vsurf.h"
 
 // One family per parameter list; exports.inc gives every export its family.
-#define LOADER                                                                                                   \
-    (void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch,                    \
-     ajust_contrast_info* info),                                                                                 \
+#define LOADER                                                                                \
+    (void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch, \
+     ajust_contrast_info* info),                                                              \
         (y, u, v, dst, width, height, y_pitch, dst_pitch, info)
 #define EXPORT(...) EXPORT_(__VA_ARGS__)
 
@@ -18,14 +18,14 @@ struct Kernels {
 };
 
 struct Isa {
-    const char* name;        // "avx512", "avx2", "sse2", "neon" or "scalar"
+    const char* name; // "avx512", "avx2", "sse2", "neon" or "scalar"
     const Kernels* kernels;
-    bool (*runs_here)();     // whether processor and operating system support it
+    bool (*runs_here)(); // whether processor and operating system support it
 };
 
-extern const Isa isas[];     // best first; the last one is scalar and always runs
+extern const Isa isas[]; // best first; the last one is scalar and always runs
 extern const int isa_count;
-const Isa& active_isa();     // the one that the exported functions use
+const Isa& active_isa(); // the one that the exported functions use
 
 } // namespace vsurf
 

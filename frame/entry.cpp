@@ -3,40 +3,38 @@
 
 namespace vsurf {
 
-#define TIER(isa, test) {#isa, &isa::kernels, []() -> bool { return test; }},
-// The operating system's register state counts, not the processor's word alone: this builtin asks both.
-#define CAN(feature) (__builtin_cpu_init(), __builtin_cpu_supports(feature))
+// The build lists its instruction sets, best first, as VSURF_ISAS: ISA(avx2) ISA(sse2) ... ISA(scalar).
+#define ISA(name)                 \
+    namespace name {              \
+    extern const Kernels kernels; \
+    }
+VSURF_ISAS
+#undef ISA
 
-#define DECLARE(isa) namespace isa { extern const Kernels kernels; }
-DECLARE(scalar)
-#ifdef VSURF_HAS_NEON
-DECLARE(neon)
+// The operating system's register state counts, not the processor's word alone: the builtins ask both.
+#if defined __x86_64__ || defined __i386__
+[[maybe_unused]] static bool can_run_avx512()
+{
+    __builtin_cpu_init();
+    return __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl") &&
+           __builtin_cpu_supports("avx512vbmi");
+}
+[[maybe_unused]] static bool can_run_avx2()
+{
+    __builtin_cpu_init();
+    return __builtin_cpu_supports("avx2");
+}
+[[maybe_unused]] static bool can_run_sse2()
+{
+    __builtin_cpu_init();
+    return __builtin_cpu_supports("sse2");
+}
 #endif
-#ifdef VSURF_HAS_SSE2
-DECLARE(sse2)
-#endif
-#ifdef VSURF_HAS_AVX2
-DECLARE(avx2)
-#endif
-#ifdef VSURF_HAS_AVX512
-DECLARE(avx512)
-#endif
+[[maybe_unused]] static bool can_run_neon() { return true; }
+static bool can_run_scalar() { return true; }
 
-extern constinit const Isa isas[] = {
-#ifdef VSURF_HAS_AVX512
-    TIER(avx512, CAN("avx512bw") && CAN("avx512vl") && CAN("avx512vbmi"))
-#endif
-#ifdef VSURF_HAS_AVX2
-    TIER(avx2, CAN("avx2"))
-#endif
-#ifdef VSURF_HAS_SSE2
-    TIER(sse2, CAN("sse2"))
-#endif
-#ifdef VSURF_HAS_NEON
-    TIER(neon, true)
-#endif
-    TIER(scalar, true)
-};
+#define ISA(name) {#name, &name::kernels, can_run_##name},
+extern constinit const Isa isas[] = {VSURF_ISAS};
 extern constinit const int isa_count = sizeof isas / sizeof *isas;
 
 // Callable from the first instruction on; the constructor raises it to the best before main, or before dlopen returns.
@@ -53,6 +51,7 @@ const Isa& active_isa() { return *active; }
 } // namespace vsurf
 
 extern "C" {
-#define EXPORT_(name, params, args) VSURF_API void name params { vsurf::active->kernels->name args; }
+#define EXPORT_(name, params, args) \
+    VSURF_API void name params { vsurf::active->kernels->name args; }
 #include "frame/exports.inc"
 }

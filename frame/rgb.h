@@ -24,7 +24,9 @@ constexpr bool same_floors()
 }
 static_assert(same_floors());
 
-template <int N> struct ChromaTerms { half<N> red, green, blue; };
+template <int N> struct ChromaTerms {
+    half<N> red, green, blue;
+};
 
 template <int N> OP ChromaTerms<N> chroma_terms(half<N> u, half<N> v)
 {
@@ -34,7 +36,9 @@ template <int N> OP ChromaTerms<N> chroma_terms(half<N> u, half<N> v)
     return {term(v, kRedV), add(term(u, kGreenU), term(v, kGreenV)), term(u, kBlueU)};
 }
 
-template <int N> struct Rgb { i16<N> r, g, b; };
+template <int N> struct Rgb {
+    i16<N> r, g, b;
+};
 
 // `luma` is shifted left by kLumaShift.
 template <int N> OP Rgb<N> to_rgb(i16<N> luma, ChromaTerms<N> chroma)

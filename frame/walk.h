@@ -18,8 +18,13 @@ OP ptrdiff_t rounds(int count, unsigned unit)
     return left <= unit ? 1 : static_cast<ptrdiff_t>((left - 1) / unit) + 1;
 }
 
-struct Position { const uint8_t *y, *u, *v; uint8_t* dst; };
-struct Distance { ptrdiff_t y, chroma, dst; };
+struct Position {
+    const uint8_t *y, *u, *v;
+    uint8_t* dst;
+};
+struct Distance {
+    ptrdiff_t y, chroma, dst;
+};
 
 OP Position operator+(Position a, Distance d) { return {a.y + d.y, a.u + d.chroma, a.v + d.chroma, a.dst + d.dst}; }
 
@@ -32,7 +37,7 @@ struct Walk {
     Distance to_lower, to_next_pass; // from an upper line to its lower one and to the next upper one
     ptrdiff_t width;                 // in whole blocks
     ptrdiff_t passes;
-    ptrdiff_t line_bytes;            // of the destination
+    ptrdiff_t line_bytes; // of the destination
     Order order;
 };
 
@@ -44,25 +49,35 @@ struct Picture {
 // The pointers are moved once a pass: the lower line lies straight below the upper one.
 OP Walk walk_by_pass(const Picture& p, int bytes)
 {
-    ptrdiff_t width = rounds(p.width, kBlock) * kBlock, drift = width - p.width;
-    ptrdiff_t y_pitch = p.y_pitch, dst_pitch = p.dst_pitch;
-    return {p.start,
-            {y_pitch, 0, dst_pitch},
-            {2 * y_pitch + drift, width / 2 + ((y_pitch - p.width) >> 1), 2 * dst_pitch + bytes * drift},
-            width, rounds(p.height, 2), width * bytes, Order::by_block};
+    const ptrdiff_t width = rounds(p.width, kBlock) * kBlock, drift = width - p.width;
+    const ptrdiff_t y = p.y_pitch, dst = p.dst_pitch, chroma = width / 2 + ((y - p.width) >> 1);
+    return {
+        .start = p.start,
+        .to_lower = {y, 0, dst},
+        .to_next_pass = {2 * y + drift, chroma, 2 * dst + bytes * drift},
+        .width = width,
+        .passes = rounds(p.height, 2),
+        .line_bytes = width * bytes,
+        .order = Order::by_block,
+    };
 }
 
 // The pointers are moved after each line, so the drift sets in at the lower line, and the chroma steps back there by
 // half the stated width.
 OP Walk walk_by_line(const Picture& p, int bytes)
 {
-    ptrdiff_t width = rounds(p.width, kBlock) * kBlock, drift = width - p.width;
-    ptrdiff_t y = p.y_pitch + drift, chroma_drift = width / 2 - (p.width >> 1), dst = p.dst_pitch + bytes * drift;
-    ptrdiff_t y_pitch = p.y_pitch;
-    return {p.start,
-            {y, chroma_drift, dst},
-            {2 * y, chroma_drift + width / 2 + ((y_pitch - p.width) >> 1), 2 * dst},
-            width, rounds(p.height, 2), width * bytes, Order::by_line};
+    const ptrdiff_t width = rounds(p.width, kBlock) * kBlock, drift = width - p.width;
+    const ptrdiff_t y = p.y_pitch + drift, dst = p.dst_pitch + bytes * drift;
+    const ptrdiff_t chroma_drift = width / 2 - (p.width >> 1), chroma = width / 2 + ((y - width) >> 1);
+    return {
+        .start = p.start,
+        .to_lower = {y, chroma_drift, dst},
+        .to_next_pass = {2 * y, chroma_drift + chroma, 2 * dst},
+        .width = width,
+        .passes = rounds(p.height, 2),
+        .line_bytes = width * bytes,
+        .order = Order::by_line,
+    };
 }
 
 OP bool lines_overlap(const Walk& w) { return w.to_lower.dst < w.line_bytes && -w.to_lower.dst < w.line_bytes; }

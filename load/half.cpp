@@ -11,7 +11,9 @@ struct HalfYuy2Step {
     static constexpr bool kStreams = true;
     Adjustments by;
 
-    template <int N> struct Chroma { half<N> u, v; };
+    template <int N> struct Chroma {
+        half<N> u, v;
+    };
     template <int N> MEMBER auto chroma(Position at, ptrdiff_t x) const
     {
         constexpr int samples = N == kBlock ? 16 : N / 2;
@@ -21,7 +23,10 @@ struct HalfYuy2Step {
         };
         return Chroma<samples>{by.u(averages(at.u)), by.v(averages(at.v))};
     }
-    template <int N> MEMBER half<N> averages_at(const uint8_t* y) const { return by.luma(averages_of_pairs(load<N>(y))); }
+    template <int N> MEMBER half<N> averages_at(const uint8_t* y) const
+    {
+        return by.luma(averages_of_pairs(load<N>(y)));
+    }
     template <Stores S, Line, int N, int M> MEMBER void luma(Position at, ptrdiff_t x, Chroma<M> c) const
     {
         auto y = at.y + x;

@@ -3,8 +3,8 @@
 #include "frame/dispatch.h"
 #include "frame/walk.h"
 
-#define LOADER_EXPORT(name)                                                                                        \
-    void name(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch,               \
+#define LOADER_EXPORT(name)                                                                            \
+    void name(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch, \
               [[maybe_unused]] ajust_contrast_info* info)
 #define PICTURE (::vsurf::VSURF_ISA::picture(y, u, v, dst, width, height, y_pitch, dst_pitch))
 

@@ -30,8 +30,7 @@ constexpr ptrdiff_t kStripPixels = 4096;
 
 // Memory takes streamed lines best one after the other. A strip of the upper line leaves what it made of the chroma to
 // the lower one.
-template <class Step>
-OP void stream_strip(const Step& step, Position upper, Position lower, ptrdiff_t x, ptrdiff_t end)
+template <class Step> OP void stream_strip(const Step& step, Position upper, Position lower, ptrdiff_t x, ptrdiff_t end)
 {
     constexpr int N = Step::kWidest;
     decltype(step.template chroma<N>(upper, x)) shared[kStripPixels / N];

@@ -36,7 +36,8 @@ template <class Sink> OP void load_plain(const Walk& walk) { do_walk(walk, Plana
 template <class Sink> OP void load_adjusted(const Walk& walk)
 {
     const auto by = adjustments_now();
-    if (CommonGain::suits(by.luma) && CommonGain::suits(by.u)) do_walk(walk, PlanarStep<Sink, Adjusted<CommonGain>>{by});
+    if (CommonGain::suits(by.luma) && CommonGain::suits(by.u))
+        do_walk(walk, PlanarStep<Sink, Adjusted<CommonGain>>{by});
     else do_in_order(walk, PlanarStep<Sink, Adjusted<AnyGain>>{by});
 }
 

@@ -39,9 +39,8 @@ template <class Gain> struct AdjustLine {
     }
     template <Stores S> MEMBER void store(uint8_t* dst, const uint8_t* src, ptrdiff_t x, ptrdiff_t end) const
     {
-        along<kLanes, 16>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED {
-            put<S>(dst + at, this->of(load<N>(src + at)));
-        });
+        along<kLanes, 16>(
+            x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED { put<S>(dst + at, this->of(load<N>(src + at))); });
         if (end & 8 && x != end) put_first8(dst + end - 8, of(load_first8(src + end - 8)));
     }
 };

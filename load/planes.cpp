@@ -1,6 +1,6 @@
 // Planar YV12 pictures into YV12 surfaces.
-#include "load/loader.h"
 #include "load/copy.h"
+#include "load/loader.h"
 #include "load/plane.h"
 
 namespace vsurf::VSURF_ISA {
@@ -91,14 +91,31 @@ LOADER_EXPORT(loadimage_yv12)
     const ptrdiff_t bytes = rounds(width, 16) * 16, passes = rounds(height, 2);
     const ptrdiff_t rest = 2 * ptrdiff_t{y_pitch} - width, dst_rest = 2 * ptrdiff_t{dst_pitch} - width;
     const bool streamed = static_cast<size_t>(bytes * passes) * 2 >= streaming_from();
-    copy_luma({p.start.y, p.start.dst, width, dst_pitch, bytes + rest + dst_rest, bytes, passes, bytes}, streamed);
+    const LinePairs luma{
+        .src = p.start.y,
+        .dst = p.start.dst,
+        .src_lower = width,
+        .dst_lower = dst_pitch,
+        .src_pass = bytes + rest + dst_rest,
+        .dst_pass = bytes,
+        .passes = passes,
+        .bytes = bytes,
+    };
+    copy_luma(luma, streamed);
 
     const ptrdiff_t chroma_bytes = rounds(width >> 1, 8) * 8;
     const int size = product(height, dst_pitch);
     auto plane = [&](const uint8_t* from, uint8_t* to) VSURF_INLINED {
-        return LinePairs{from, to, logical_half(y_pitch), logical_half(dst_pitch),
-                         chroma_bytes + logical_half(difference(product(2, y_pitch), width)),
-                         chroma_bytes + logical_half(difference(product(2, dst_pitch), width)), passes, chroma_bytes};
+        return LinePairs{
+            .src = from,
+            .dst = to,
+            .src_lower = logical_half(y_pitch),
+            .dst_lower = logical_half(dst_pitch),
+            .src_pass = chroma_bytes + logical_half(difference(product(2, y_pitch), width)),
+            .dst_pass = chroma_bytes + logical_half(difference(product(2, dst_pitch), width)),
+            .passes = passes,
+            .bytes = chroma_bytes,
+        };
     };
     uint8_t* v_plane = p.start.dst + size - 1;
     copy_chroma(plane(p.start.u, v_plane + (size >> 2)), plane(p.start.v, v_plane), streamed);

@@ -48,17 +48,17 @@ template <int N> OP half<N> evens(u8<N> a)
 {
     return {signed_words(vandq_u16(vreinterpretq_u16_u8(a.v), vdupq_n_u16(255)))};
 }
-template <int N> OP i16<N> split(u8<N> a) { return {evens(a), {signed_words(vshrq_n_u16(vreinterpretq_u16_u8(a.v), 8))}}; }
+template <int N> OP i16<N> split(u8<N> a)
+{
+    return {evens(a), {signed_words(vshrq_n_u16(vreinterpretq_u16_u8(a.v), 8))}};
+}
 template <int N> OP i16<N> split_times4(u8<N> a)
 {
     auto words = split(a);
     return {shl<2>(words.even), shl<2>(words.odd)};
 }
 // (a0 + a1 + 1) >> 1, (a2 + a3 + 1) >> 1, ...
-template <int N> OP half<N> averages_of_pairs(u8<N> a)
-{
-    return {signed_words(vrshrq_n_u16(vpaddlq_u8(a.v), 1))};
-}
+template <int N> OP half<N> averages_of_pairs(u8<N> a) { return {signed_words(vrshrq_n_u16(vpaddlq_u8(a.v), 1))}; }
 // The samples in the high bytes of their words.
 template <int N> OP i16<N> split_high(u8<N> a)
 {
@@ -78,31 +78,22 @@ template <int N> OP u8<N> pack(i16<N> a)
 }
 
 // Saturated: the samples of a, then those of b.
-template <int N> OP u8<N> pack_in_order(half<N> a, half<N> b) { return {vcombine_u8(vqmovun_s16(a.v), vqmovun_s16(b.v))}; }
+template <int N> OP u8<N> pack_in_order(half<N> a, half<N> b)
+{
+    return {vcombine_u8(vqmovun_s16(a.v), vqmovun_s16(b.v))};
+}
 
-template <int N, int W = 1> OP u8<N> load(const uint8_t* p)
-{
-    return {vld1q_u8(p)};
-}
-template <int N, int W = 1> OP half<N> load_chroma(const uint8_t* p)
-{
-    return {signed_words(vmovl_u8(vld1_u8(p)))};
-}
+template <int N, int W = 1> OP u8<N> load(const uint8_t* p) { return {vld1q_u8(p)}; }
+template <int N, int W = 1> OP half<N> load_chroma(const uint8_t* p) { return {signed_words(vmovl_u8(vld1_u8(p)))}; }
 template <int N, int W = 1> OP half<N> load_chroma_high(const uint8_t* p)
 {
     return {signed_words(vshll_n_u8(vld1_u8(p), 8))};
 }
 OP u8<16> load_first8(const uint8_t* p) { return {vcombine_u8(vld1_u8(p), vdup_n_u8(0))}; }
 
-template <Stores S = Stores::cached, int N> OP void put(uint8_t* p, u8<N> a)
-{
-    vst1q_u8(p, a.v);
-}
+template <Stores S = Stores::cached, int N> OP void put(uint8_t* p, u8<N> a) { vst1q_u8(p, a.v); }
 OP void put_first8(uint8_t* p, u8<16> a) { vst1_u8(p, vget_low_u8(a.v)); }
-template <Stores S, int N> OP void store_pairs(uint8_t* p, u8<N> a, u8<N> b)
-{
-    vst2q_u8(p, {{a.v, b.v}});
-}
+template <Stores S, int N> OP void store_pairs(uint8_t* p, u8<N> a, u8<N> b) { vst2q_u8(p, {{a.v, b.v}}); }
 template <Stores S, int N> OP void store_packed_pairs(uint8_t* p, u8<N> a, u8<N> b) { store_pairs<S>(p, a, b); }
 template <Stores S> OP void store_bgr0(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
 {
@@ -119,16 +110,12 @@ OP void store_pairs_but_first_eight(uint8_t* p, u8<16> a, u8<16> b)
 }
 
 OP u8<16> yuyv(int16x8_t y, int16x8_t uv) { return join(i16<16>{{y}, {uv}}); }
-template <Stores S, int N>
-OP void store_yuyv(uint8_t* p, half<N> y_first, half<N> y_second, half<N> u, half<N> v)
+template <Stores S, int N> OP void store_yuyv(uint8_t* p, half<N> y_first, half<N> y_second, half<N> u, half<N> v)
 {
     put(p, yuyv(y_first.v, vzip1q_s16(u.v, v.v)));
     put(p + 16, yuyv(y_second.v, vzip2q_s16(u.v, v.v)));
 }
-OP void store_first8_yuyv(uint8_t* p, half<16> y, half<16> u, half<16> v)
-{
-    put(p, yuyv(y.v, vzip1q_s16(u.v, v.v)));
-}
+OP void store_first8_yuyv(uint8_t* p, half<16> y, half<16> u, half<16> v) { put(p, yuyv(y.v, vzip1q_s16(u.v, v.v))); }
 
 OP void fence_streaming() {}
 OP void prefetch_for_write(const uint8_t*) {}

@@ -31,7 +31,10 @@ template <class V> OP V at_most(V v, V high) { return v > high ? high : v; }
 // Words wrap, as unsigned ones do by definition.
 template <int N> OP half<N> add(half<N> a, half<N> b) { return {(Words8)(unsigned_words(a.v) + unsigned_words(b.v))}; }
 template <int N> OP half<N> sub(half<N> a, half<N> b) { return {(Words8)(unsigned_words(a.v) - unsigned_words(b.v))}; }
-template <int N> OP half<N> mullo(half<N> a, half<N> b) { return {(Words8)(unsigned_words(a.v) * unsigned_words(b.v))}; }
+template <int N> OP half<N> mullo(half<N> a, half<N> b)
+{
+    return {(Words8)(unsigned_words(a.v) * unsigned_words(b.v))};
+}
 template <int N> OP half<N> add_sat(half<N> a, half<N> b)
 {
     auto sum = to_longs(a.v) + to_longs(b.v);
@@ -46,7 +49,7 @@ template <int N> OP half<N> mulhi(half<N> a, half<N> b) { return {to_words((to_l
 template <int N> OP half<N> mulhi_unsigned(half<N> a, half<N> b)
 {
     auto long_of = [](half<N> x) VSURF_INLINED { return __builtin_convertvector(unsigned_words(x.v), UnsignedLongs8); };
-    return {(Words8)__builtin_convertvector((long_of(a) * long_of(b)) >> 16, UnsignedWords8)};
+    return {(Words8) __builtin_convertvector((long_of(a) * long_of(b)) >> 16, UnsignedWords8)};
 }
 template <int factor, int N> OP half<N> times(half<N> samples) { return {samples.v * static_cast<int16_t>(factor)}; }
 template <int K, int N> OP half<N> shl(half<N> a) { return {(Words8)(unsigned_words(a.v) << K)}; }
@@ -96,7 +99,8 @@ template <int N> OP u8<N> pack(i16<N> a) { return join(i16<N>{to_samples(a.even)
 // Saturated: the samples of a, then those of b.
 template <int N> OP u8<N> pack_in_order(half<N> a, half<N> b)
 {
-    auto first = __builtin_convertvector(to_samples(a).v, Bytes8), second = __builtin_convertvector(to_samples(b).v, Bytes8);
+    auto first = __builtin_convertvector(to_samples(a).v, Bytes8),
+         second = __builtin_convertvector(to_samples(b).v, Bytes8);
     return {__builtin_shufflevector(first, second, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15)};
 }
 
@@ -157,8 +161,7 @@ OP void store_pairs_but_first_eight(uint8_t* p, u8<16> a, u8<16> b)
 
 OP void store_yuyv_register(uint8_t* p, half<16> y, Bytes16 uv) { put(p, join(i16<16>{y, {(Words8)uv}})); }
 // y0 u0 y1 v0 ... from one luma word a pixel and one word of each chroma a pair of them.
-template <Stores S>
-OP void store_yuyv(uint8_t* p, half<16> y_first, half<16> y_second, half<16> u, half<16> v)
+template <Stores S> OP void store_yuyv(uint8_t* p, half<16> y_first, half<16> y_second, half<16> u, half<16> v)
 {
     store_yuyv_register(p, y_first, zip_lo16((Bytes16)u.v, (Bytes16)v.v));
     store_yuyv_register(p + 16, y_second, zip_hi16((Bytes16)u.v, (Bytes16)v.v));
@@ -168,7 +171,9 @@ OP void store_first8_yuyv(uint8_t* p, half<16> y, half<16> u, half<16> v)
     store_yuyv_register(p, y, zip_lo16((Bytes16)u.v, (Bytes16)v.v));
 }
 
-struct FourByFour { Bytes16 of[4]; }; // 16 pixels b g r 0
+struct FourByFour {
+    Bytes16 of[4];
+}; // 16 pixels b g r 0
 OP FourByFour bgr0(i16<16> b, i16<16> g, i16<16> r)
 {
     auto pb = pack(b).v, pg = pack(g).v, pr = pack(r).v;

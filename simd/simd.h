@@ -24,7 +24,9 @@ enum class Stores { cached, streaming };
 
 template <int N> struct u8;
 template <int N> struct half;
-template <int N> struct i16 { half<N> even, odd; };
+template <int N> struct i16 {
+    half<N> even, odd;
+};
 
 } // namespace vsurf::VSURF_ISA
 

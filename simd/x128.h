@@ -75,13 +75,16 @@ OP u8<16> shuffle(u8<16> a, u8<16> pattern) { return {_mm_shuffle_epi8(a.v, patt
 OP u8<16> choose(u8<16> mask, u8<16> a, u8<16> b) { return {_mm_blendv_epi8(b.v, a.v, mask.v)}; }
 #endif
 
-template <int N, int W = 1> requires(N == 16) OP u8<N> load(const uint8_t* p) { return {_mm_loadu_si128(xmm(p))}; }
-template <int N, int W = 1> requires(N == 16) OP half<N> load_chroma(const uint8_t* p)
+template <int N, int W = 1>
+requires(N == 16) OP u8<N> load(const uint8_t* p) { return {_mm_loadu_si128(xmm(p))}; }
+template <int N, int W = 1>
+requires(N == 16) OP half<N> load_chroma(const uint8_t* p)
 {
     return {_mm_unpacklo_epi8(_mm_loadl_epi64(xmm(p)), _mm_setzero_si128())};
 }
 // The same samples in the high bytes.
-template <int N, int W = 1> requires(N == 16) OP half<N> load_chroma_high(const uint8_t* p)
+template <int N, int W = 1>
+requires(N == 16) OP half<N> load_chroma_high(const uint8_t* p)
 {
     return {_mm_unpacklo_epi8(_mm_setzero_si128(), _mm_loadl_epi64(xmm(p)))};
 }

@@ -62,7 +62,8 @@ OP u8<32> shuffle(u8<32> a, u8<32> pattern) { return {_mm256_shuffle_epi8(a.v, p
 OP u8<32> choose(u8<32> mask, u8<32> a, u8<32> b) { return {_mm256_blendv_epi8(b.v, a.v, mask.v)}; }
 
 // Woven by W: lane l holds the parts l, l + 2, ... of the 2W parts of 16/W samples.
-template <int N, int W = 1> requires(N == 32) OP u8<N> load(const uint8_t* p)
+template <int N, int W = 1>
+requires(N == 32) OP u8<N> load(const uint8_t* p)
 {
     auto v = _mm256_loadu_si256(ymm(p));
     if constexpr (W == 2) v = _mm256_permute4x64_epi64(v, 0xd8);
@@ -90,11 +91,10 @@ template <int W, bool high> OP half<32> load_chroma_as(const uint8_t* p)
     auto both = _mm256_broadcastsi128_si256(_mm_loadu_si128(xmm(p)));
     return {_mm256_shuffle_epi8(both, _mm256_load_si256(reinterpret_cast<const __m256i*>(pattern.at)))};
 }
-template <int N, int W = 1> requires(N == 32) OP half<N> load_chroma(const uint8_t* p) { return load_chroma_as<W, false>(p); }
-template <int N, int W = 1> requires(N == 32) OP half<N> load_chroma_high(const uint8_t* p)
-{
-    return load_chroma_as<W, true>(p);
-}
+template <int N, int W = 1>
+requires(N == 32) OP half<N> load_chroma(const uint8_t* p) { return load_chroma_as<W, false>(p); }
+template <int N, int W = 1>
+requires(N == 32) OP half<N> load_chroma_high(const uint8_t* p) { return load_chroma_as<W, true>(p); }
 
 template <Stores S = Stores::cached> OP void put(uint8_t* p, u8<32> a)
 {
@@ -102,10 +102,7 @@ template <Stores S = Stores::cached> OP void put(uint8_t* p, u8<32> a)
     else _mm256_storeu_si256(ymm(p), a.v);
 }
 
-OP u8<32> pack_in_order(half<32> a, half<32> b)
-{
-    return {_mm256_permute4x64_epi64(pack(a, b).v, 0xd8)};
-}
+OP u8<32> pack_in_order(half<32> a, half<32> b) { return {_mm256_permute4x64_epi64(pack(a, b).v, 0xd8)}; }
 OP void put_pairs_but_first_eight(uint8_t* p, u8<32> lo, u8<32> hi)
 {
     put_pairs_but_first_eight(p, {_mm256_castsi256_si128(lo.v)}, {_mm256_extracti128_si256(lo.v, 1)});

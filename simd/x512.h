@@ -63,7 +63,8 @@ struct alignas(64) Index64 {
 };
 
 // Woven by W: lane l holds the parts l, l + 4, ... of the 4W parts of 16/W samples.
-template <int N, int W = 1> requires(N == 64) OP u8<N> load(const uint8_t* p)
+template <int N, int W = 1>
+requires(N == 64) OP u8<N> load(const uint8_t* p)
 {
     auto v = _mm512_loadu_si512(p);
     if constexpr (W == 2) v = _mm512_permutexvar_epi64(_mm512_setr_epi64(0, 4, 1, 5, 2, 6, 3, 7), v);
@@ -88,14 +89,10 @@ template <int W> OP half<64> load_chroma_as(const uint8_t* p, uint64_t bytes_to_
     auto samples = _mm512_castsi256_si512(_mm256_loadu_si256(ymm(p)));
     return {_mm512_maskz_permutexvar_epi8(bytes_to_fill, Index64::load(index), samples)};
 }
-template <int N, int W = 1> requires(N == 64) OP half<N> load_chroma(const uint8_t* p)
-{
-    return load_chroma_as<W>(p, 0x5555555555555555);
-}
-template <int N, int W = 1> requires(N == 64) OP half<N> load_chroma_high(const uint8_t* p)
-{
-    return load_chroma_as<W>(p, 0xaaaaaaaaaaaaaaaa);
-}
+template <int N, int W = 1>
+requires(N == 64) OP half<N> load_chroma(const uint8_t* p) { return load_chroma_as<W>(p, 0x5555555555555555); }
+template <int N, int W = 1>
+requires(N == 64) OP half<N> load_chroma_high(const uint8_t* p) { return load_chroma_as<W>(p, 0xaaaaaaaaaaaaaaaa); }
 
 template <Stores S = Stores::cached> OP void put(uint8_t* p, u8<64> a)
 {

@@ -122,8 +122,7 @@ template <Stores S> OP void store_bgr(uint8_t* p, i16<16> b, i16<16> g, i16<16> 
 
 // y0 u0 y1 v0 ... from one luma word a pixel, of the first and the second half of the pixels, and one word of each
 // chroma a pair of them, the chroma woven by 2. All words must be samples, 0 to 255.
-template <Stores S, int N>
-OP void store_yuyv(uint8_t* p, half<N> y_first, half<N> y_second, half<N> u, half<N> v)
+template <Stores S, int N> OP void store_yuyv(uint8_t* p, half<N> y_first, half<N> y_second, half<N> u, half<N> v)
 {
     auto uv_first = words(zip_lo16(bytes(u), bytes(v))), uv_second = words(zip_hi16(bytes(u), bytes(v)));
     put_pairs<S>(p, join(i16<N>{y_first, uv_first}), join(i16<N>{y_second, uv_second}));
