@@ -154,9 +154,7 @@ check_neon()
 check_i686()
 {
     need_or_skip i686
-    # Left out: a sum that is exact in double but not in the wider x87 registers, and the symbol check, since position
-    # independent 32-bit code brings the compiler's own thunks.
-    cross_check i686 i686-linux-gnu -E 'floating_point_works|Symbols.namespace'
+    cross_check i686 i686-linux-gnu
 }
 
 check_lint()

@@ -102,7 +102,7 @@ OP u8<16> pack_in_order(half<16> a, half<16> b) { return pack(a, b); }
 
 OP void put_pairs_but_first_eight(uint8_t* p, u8<16> lo, u8<16> hi)
 {
-    _mm_storeh_pd(reinterpret_cast<double*>(p + 8), _mm_castsi128_pd(lo.v));
+    _mm_storel_epi64(xmm(p + 8), _mm_unpackhi_epi64(lo.v, lo.v));
     put(p + 16, hi);
 }
 

@@ -16,8 +16,16 @@ using harness::Variant;
 ajust_contrast_info known_adjustment; // the fakes cannot read the library's state
 
 enum class Spoil {
-    kNothing, kWrongByte, kUnwrittenByte, kByteTooMany, kByteTooFew, kReadsTooFar, kReadsTooEarly, kChangesSource,
-    kChangesRecord, kReadsIgnoredRecord,
+    kNothing,
+    kWrongByte,
+    kUnwrittenByte,
+    kByteTooMany,
+    kByteTooFew,
+    kReadsTooFar,
+    kReadsTooEarly,
+    kChangesSource,
+    kChangesRecord,
+    kReadsIgnoredRecord,
 };
 
 Spoil spoil;
@@ -46,12 +54,12 @@ void do_spoil(model::Planes& planes, void* y, void* dst, ajust_contrast_info* in
     }
 }
 
-#define EXPORT_(name, params, args)                                                                               \
-    void fake_##name params                                                                                       \
-    {                                                                                                             \
-        model::Planes planes = {unlimited(y), unlimited(u), unlimited(v), unlimited(dst)};                        \
-        model::name(planes, {width, height, y_pitch, dst_pitch, info, model::state_from(known_adjustment)});      \
-        do_spoil(planes, y, dst, info);                                                                           \
+#define EXPORT_(name, params, args)                                                                          \
+    void fake_##name params                                                                                  \
+    {                                                                                                        \
+        model::Planes planes = {unlimited(y), unlimited(u), unlimited(v), unlimited(dst)};                   \
+        model::name(planes, {width, height, y_pitch, dst_pitch, info, model::state_from(known_adjustment)}); \
+        do_spoil(planes, y, dst, info);                                                                      \
     }
 #include "frame/exports.inc"
 #undef EXPORT_

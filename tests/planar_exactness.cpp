@@ -44,8 +44,8 @@ TEST_P(PlanarExactness, every_width_and_height)
 
 TEST_P(PlanarExactness, every_pair_of_pitches)
 {
-    static constexpr int kWidths[] = {0, 1, 7, 8, 15, 16, 17, 20, 24, 31, 32, 33, 40, 47, 48, 56, 63, 64, 65, 72, 80,
-                                      95, 96, 104, 111, 112, 120, 127, 128, 129, 136, 144, 145, 160};
+    static constexpr int kWidths[] = {0,  1,  7,  8,  15, 16, 17,  20,  24,  31,  32,  33,  40,  47,  48,  56,  63,
+                                      64, 65, 72, 80, 95, 96, 104, 111, 112, 120, 127, 128, 129, 136, 144, 145, 160};
     Random random(11);
     for (const int width : kWidths) {
         for (int pair = 0; pair < 100; pair += harness::by_effort(1, 7)) {
@@ -94,9 +94,9 @@ TEST_P(PlanarExactness, tight_lines_that_overlap_the_next)
 
 TEST_P(PlanarExactness, wide_pictures)
 {
-    static constexpr int kWidths[] = {161, 176, 255, 256, 257, 320, 352, 511, 512, 513, 640, 719, 720, 854, 1000,
-                                      1023, 1024, 1279, 1280, 1366, 1440, 1919, 1920, 1921, 2048, 2560, 3000, 3840,
-                                      4000, 4080, 4095, 4096};
+    static constexpr int kWidths[] = {161,  176,  255,  256,  257,  320,  352,  511,  512,  513,  640,
+                                      719,  720,  854,  1000, 1023, 1024, 1279, 1280, 1366, 1440, 1919,
+                                      1920, 1921, 2048, 2560, 3000, 3840, 4000, 4080, 4095, 4096};
     Random random(14);
     for (const int width : kWidths) {
         for (int i = 0; i < harness::by_effort(30, 1); ++i) {

@@ -18,8 +18,8 @@ struct Size {
     int width, height;
 };
 
-constexpr Size kSizes[] = {{1920, 1080}, {1920, 64}, {3840, 40}, {1366, 200}, {1368, 768}, {1000, 701}, {720, 576},
-                           {4096, 80},   {2047, 90}, {656, 1000}};
+constexpr Size kSizes[] = {{1920, 1080}, {1920, 64}, {3840, 40}, {1366, 200}, {1368, 768},
+                           {1000, 701},  {720, 576}, {4096, 80}, {2047, 90},  {656, 1000}};
 
 // What to add to a line's bytes for its pitch: lines stay aligned as the base is, or wander.
 constexpr int kPadding[] = {0, 64, 32, 16, 8, 1, 48};

@@ -10,7 +10,7 @@ namespace {
 
 using harness::Variant;
 
-constexpr int kSize = 256;         // samples a line, and passes a picture: each pass shows other chroma
+constexpr int kSize = 256; // samples a line, and passes a picture: each pass shows other chroma
 constexpr int kLines = 2 * kSize;
 
 struct Sink {
@@ -23,9 +23,9 @@ struct Sink {
 void PrintTo(const Sink& sink, std::ostream* out) { *out << sink.name; }
 
 constexpr Sink kSinks[] = {
-    {"rgb32", &vsurf::Kernels::loadimage_rgb32, 4, 0},       {"rgb24", &vsurf::Kernels::loadimage_rgb24, 3, 0},
-    {"rgb16_565", &vsurf::Kernels::loadimage_rgb16, 2, 0},   {"rgb16_555", &vsurf::Kernels::loadimage_rgb16, 2, 1},
-    {"rgb16_664", &vsurf::Kernels::loadimage_rgb16, 2, 2},   {"rgb16_655", &vsurf::Kernels::loadimage_rgb16, 2, 3},
+    {"rgb32", &vsurf::Kernels::loadimage_rgb32, 4, 0},     {"rgb24", &vsurf::Kernels::loadimage_rgb24, 3, 0},
+    {"rgb16_565", &vsurf::Kernels::loadimage_rgb16, 2, 0}, {"rgb16_555", &vsurf::Kernels::loadimage_rgb16, 2, 1},
+    {"rgb16_664", &vsurf::Kernels::loadimage_rgb16, 2, 2}, {"rgb16_655", &vsurf::Kernels::loadimage_rgb16, 2, 3},
 };
 
 // Picture n: across all pictures, every pixel position of a line meets every pair of chroma samples. The second line
@@ -45,9 +45,8 @@ const std::vector<uint32_t>& expected_pixels(const Sink& sink)
         const auto terms = model::chroma_terms(static_cast<uint8_t>(chroma >> 8), static_cast<uint8_t>(chroma));
         for (uint32_t y = 0; y < 256; ++y) {
             const model::Rgb rgb = model::to_rgb(static_cast<uint8_t>(y), terms);
-            pixels[chroma * 256 + y] = sink.pixel_bytes == 2
-                                           ? model::rgb16(rgb, static_cast<uint32_t>(sink.layout))
-                                           : rgb.b | uint32_t{rgb.g} << 8 | uint32_t{rgb.r} << 16;
+            pixels[chroma * 256 + y] = sink.pixel_bytes == 2 ? model::rgb16(rgb, static_cast<uint32_t>(sink.layout))
+                                                             : rgb.b | uint32_t{rgb.g} << 8 | uint32_t{rgb.r} << 16;
         }
     }
     return pixels;

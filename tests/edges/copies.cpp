@@ -66,8 +66,8 @@ TEST_P(Copies, yv12_places_u_a_quarter_of_the_luma_bytes_behind_v)
 {
     const Bytes surface = load(&Kernels::loadimage_yv12, picture_, {16, 2, 16, 32}, 160);
     EXPECT_EQ(harness::part(surface, 63, 8), harness::part(picture_.v, 0, 8)); // V at 2 * 32 - 1
-    EXPECT_EQ(harness::part(surface, 79, 8), Bytes(8, 0xD0)); // V's second line, stored over U's first
-    EXPECT_EQ(harness::part(surface, 95, 8), Bytes(8, 0xC0)); // U's second line, so U starts at 79
+    EXPECT_EQ(harness::part(surface, 79, 8), Bytes(8, 0xD0));                  // V's second line, stored over U's first
+    EXPECT_EQ(harness::part(surface, 95, 8), Bytes(8, 0xC0));                  // U's second line, so U starts at 79
     EXPECT_EQ(surface[103], kUntouched);
 }
 

@@ -47,10 +47,7 @@ TEST_P(Rgb, the_highest_u_gives_full_blue_from_black_on)
     EXPECT_EQ(pixel(Picture(0, 255)).b, 237); // 256 - 19
 }
 
-TEST_P(Rgb, all_zero_samples_give_green)
-{
-    EXPECT_EQ(pixel(Picture(0, 0, 0)), (Pixel{0, 137, 0, 0}));
-}
+TEST_P(Rgb, all_zero_samples_give_green) { EXPECT_EQ(pixel(Picture(0, 0, 0)), (Pixel{0, 137, 0, 0})); }
 
 TEST_P(Rgb, red_takes_v_and_blue_takes_u)
 {

@@ -34,10 +34,7 @@ Arena::Arena(size_t capacity)
     require(mprotect(begin_, usable, PROT_READ | PROT_WRITE) == 0, "mprotect");
 }
 
-Arena::~Arena()
-{
-    munmap(mapping_, mapped_);
-}
+Arena::~Arena() { munmap(mapping_, mapped_); }
 
 uint8_t* Arena::place(int64_t low, int64_t high, const Placement& placement) const
 {

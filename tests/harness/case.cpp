@@ -33,8 +33,8 @@ int pitch_for(int tight, int whole, Pitch pitch, Random& random)
 
 int any_gain(Random& random)
 {
-    static constexpr int kGains[] = {0,   1,   63,     64,          65,  128,   255,    256,   257, 258,
-                                     -1,  -64, 32767,  -32768,      192, 65535, 65600,  -65472, 100, 50};
+    static constexpr int kGains[] = {0,  1,   63,    64,     65,  128,   255,   256,    257, 258,
+                                     -1, -64, 32767, -32768, 192, 65535, 65600, -65472, 100, 50};
     return random.one_in(3) ? static_cast<int>(static_cast<uint32_t>(random.next())) : random.pick(kGains);
 }
 
@@ -57,15 +57,9 @@ void any_geometry(Case& c, Random& random)
 
 } // namespace
 
-int rounded(int width)
-{
-    return width == 0 ? 16 : (width + 15) / 16 * 16;
-}
+int rounded(int width) { return width == 0 ? 16 : (width + 15) / 16 * 16; }
 
-int line_bytes(const Loader& loader, int width)
-{
-    return width * loader.block_bytes / 16;
-}
+int line_bytes(const Loader& loader, int width) { return width * loader.block_bytes / 16; }
 
 int source_pitch(const Loader& loader, int width, Pitch pitch, Random& random)
 {
@@ -123,9 +117,9 @@ void complete(Case& c, Random& random)
 
 Case any_case(const Loader& loader, int width, int height, uint64_t seed)
 {
-    static constexpr Pitch kPitches[] = {Pitch::kTight,    Pitch::kRounded,     Pitch::kPadded,  Pitch::kLines64,
-                                         Pitch::kOdd,      Pitch::kNegative,    Pitch::kTight,   Pitch::kNegativeOdd,
-                                         Pitch::kCrowded,  Pitch::kAny,         Pitch::kRounded, Pitch::kZero};
+    static constexpr Pitch kPitches[] = {Pitch::kTight,   Pitch::kRounded,  Pitch::kPadded,  Pitch::kLines64,
+                                         Pitch::kOdd,     Pitch::kNegative, Pitch::kTight,   Pitch::kNegativeOdd,
+                                         Pitch::kCrowded, Pitch::kAny,      Pitch::kRounded, Pitch::kZero};
     Random random(seed);
     Case c;
     c.loader = &loader;
@@ -141,11 +135,11 @@ std::string describe(const Case& c)
 {
     std::ostringstream out;
     const ajust_contrast_info& a = c.adjustment;
-    out << (c.loader != nullptr ? c.loader->name : "?") << " width " << c.width << " height " << c.height
-        << " y_pitch " << c.y_pitch << " dst_pitch " << c.dst_pitch << " layout " << c.info.rgb16_layout
-        << " surface_height " << c.info.surface_height << " lines_to_bottom " << c.info.lines_to_bottom << " gains "
-        << a.y_gain << "," << a.uv_gain << " offsets " << a.y_offset_a << "+" << a.y_offset_b << ","
-        << a.u_offset_a << "+" << a.u_offset_b << "," << a.v_offset_a << "+" << a.v_offset_b << " content "
+    out << (c.loader != nullptr ? c.loader->name : "?") << " width " << c.width << " height " << c.height << " y_pitch "
+        << c.y_pitch << " dst_pitch " << c.dst_pitch << " layout " << c.info.rgb16_layout << " surface_height "
+        << c.info.surface_height << " lines_to_bottom " << c.info.lines_to_bottom << " gains " << a.y_gain << ","
+        << a.uv_gain << " offsets " << a.y_offset_a << "+" << a.y_offset_b << "," << a.u_offset_a << "+" << a.u_offset_b
+        << "," << a.v_offset_a << "+" << a.v_offset_b << " content "
         << (c.content == Content::kNoise ? "noise" : "extremes") << " seed " << c.seed;
     return out.str();
 }

@@ -16,13 +16,13 @@ struct Case {
     ajust_contrast_info info = {};       // the record that the loader gets
     ajust_contrast_info adjustment = {}; // the record that `get_contrast_data` got before
     Content content = Content::kNoise;
-    uint64_t seed = 0;                   // which stretch of the content each plane shows
+    uint64_t seed = 0; // which stretch of the content each plane shows
 };
 
 std::string describe(const Case& c);
 
-int rounded(int width);                              // to whole blocks of 16
-int line_bytes(const Loader& loader, int width);     // of the destination, for the stated width
+int rounded(int width);                          // to whole blocks of 16
+int line_bytes(const Loader& loader, int width); // of the destination, for the stated width
 
 // How the pitches of a case relate to its width.
 enum class Pitch { kTight, kRounded, kPadded, kLines64, kOdd, kNegative, kNegativeOdd, kCrowded, kAny, kZero };

@@ -9,7 +9,7 @@
 namespace harness {
 namespace {
 
-constexpr int64_t kMargin = 256; // bytes beyond the touched ones that are compared too, where there is memory
+constexpr int64_t kMargin = 256;  // bytes beyond the touched ones that are compared too, where there is memory
 constexpr uint64_t kShift = 8192; // a plane shows the content from any of so many bytes on
 
 std::vector<uint8_t> noise(size_t size, uint64_t seed)
@@ -30,17 +30,14 @@ std::vector<uint8_t> extremes(std::vector<uint8_t> bytes)
     return bytes;
 }
 
-int64_t size_of(const model::Plane& plane)
-{
-    return plane.high() - plane.low();
-}
+int64_t size_of(const model::Plane& plane) { return plane.high() - plane.low(); }
 
 } // namespace
 
 Checker::Checker(size_t reach)
     : reach_(static_cast<int64_t>(reach)), noise_(noise(2 * reach + kShift, 1)), extremes_(extremes(noise_)),
-      pristine_(noise(2 * reach, 2)), image_(pristine_), y_(2 * reach), u_(2 * reach), v_(2 * reach),
-      dst_(2 * reach), records_(sizeof(ajust_contrast_info)), adjustments_(sizeof(ajust_contrast_info))
+      pristine_(noise(2 * reach, 2)), image_(pristine_), y_(2 * reach), u_(2 * reach), v_(2 * reach), dst_(2 * reach),
+      records_(sizeof(ajust_contrast_info)), adjustments_(sizeof(ajust_contrast_info))
 {
 }
 
@@ -152,9 +149,9 @@ std::optional<std::string> Checker::compare(const uint8_t* dst, int64_t first, i
         at = i;
     }
     std::ostringstream out;
-    out << differing << " bytes differ, the first at " << at << " of a destination touched from "
-        << planes_.dst.low() << " to " << planes_.dst.high() << ": " << int{dst[at]} << " instead of "
-        << int{expected[at]} << ", before the call " << int{before[at]};
+    out << differing << " bytes differ, the first at " << at << " of a destination touched from " << planes_.dst.low()
+        << " to " << planes_.dst.high() << ": " << int{dst[at]} << " instead of " << int{expected[at]}
+        << ", before the call " << int{before[at]};
     return out.str();
 }
 
@@ -166,10 +163,7 @@ void Checker::forget_model()
     std::copy_n(pristine_.data() + from, size_of(dst), image_.data() + from);
 }
 
-std::vector<Placement> flush()
-{
-    return {{Placement::Kind::kAtStart, 0}, {Placement::Kind::kAtEnd, 0}};
-}
+std::vector<Placement> flush() { return {{Placement::Kind::kAtStart, 0}, {Placement::Kind::kAtEnd, 0}}; }
 
 std::vector<Placement> flush_and_aligned(int alignment)
 {

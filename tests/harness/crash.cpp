@@ -17,8 +17,8 @@ const Variant* current_table = nullptr;
 void report(int number, siginfo_t* details, void*)
 {
     if (current_case != nullptr) {
-        const std::string text = describe(*current_case) + "\n  on " + current_table->name + ", " +
-                                 describe(*current_placement);
+        const std::string text =
+            describe(*current_case) + "\n  on " + current_table->name + ", " + describe(*current_placement);
         std::fprintf(stderr, "fault at %p in %s\n", details->si_addr, text.c_str());
     } else {
         std::fprintf(stderr, "fault at %p outside any loader call\n", details->si_addr);
@@ -57,10 +57,7 @@ InCall::InCall(const Case& c, const Placement& placement, const Variant& table)
     current_table = &table;
 }
 
-InCall::~InCall()
-{
-    current_case = nullptr;
-}
+InCall::~InCall() { current_case = nullptr; }
 
 std::string describe(const Placement& placement)
 {

@@ -6,10 +6,6 @@ namespace harness {
 bool quick();
 
 // `full` normally, `reduced` under VSURF_TEST_EFFORT=quick.
-template <class T>
-T by_effort(T full, T reduced)
-{
-    return quick() ? reduced : full;
-}
+template <class T> T by_effort(T full, T reduced) { return quick() ? reduced : full; }
 
 } // namespace harness

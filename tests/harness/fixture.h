@@ -13,8 +13,7 @@ using Bytes = std::vector<uint8_t>;
 
 // A planar picture with room for everything that rounding up and drift may read.
 struct Picture {
-    explicit Picture(uint8_t luma = 16, uint8_t cb = 128, uint8_t cr = 128)
-        : y(kRoom, luma), u(kRoom, cb), v(kRoom, cr)
+    explicit Picture(uint8_t luma = 16, uint8_t cb = 128, uint8_t cr = 128) : y(kRoom, luma), u(kRoom, cb), v(kRoom, cr)
     {
     }
     static constexpr size_t kRoom = 4096;
@@ -98,12 +97,12 @@ private:
     static void* plane(const Bytes& bytes) { return const_cast<uint8_t*>(bytes.data()); }
 };
 
-#define VSURF_ON_EVERY_TABLE(suite)                                                                          \
-    INSTANTIATE_TEST_SUITE_P(Tables, suite, testing::ValuesIn(harness::variants_and_exports()),              \
-                             [](const auto& tested) {                                                        \
-                                 std::string name = tested.param.name;                                       \
-                                 for (char& c : name) c = c == '-' ? '_' : c;                                \
-                                 return name;                                                                \
+#define VSURF_ON_EVERY_TABLE(suite)                                                             \
+    INSTANTIATE_TEST_SUITE_P(Tables, suite, testing::ValuesIn(harness::variants_and_exports()), \
+                             [](const auto& tested) {                                           \
+                                 std::string name = tested.param.name;                          \
+                                 for (char& c : name) c = c == '-' ? '_' : c;                   \
+                                 return name;                                                   \
                              })
 
 } // namespace harness

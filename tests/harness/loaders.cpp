@@ -14,15 +14,9 @@ namespace {
 
 const size_t chosen_threshold = vsurf::streaming_threshold;
 
-void store_as_chosen()
-{
-    vsurf::streaming_threshold = chosen_threshold;
-}
+void store_as_chosen() { vsurf::streaming_threshold = chosen_threshold; }
 
-void store_past_caches_always()
-{
-    vsurf::streaming_threshold = 0;
-}
+void store_past_caches_always() { vsurf::streaming_threshold = 0; }
 
 void add(std::vector<Variant>& to, const std::string& name, const vsurf::Kernels& kernels)
 {

@@ -15,10 +15,10 @@ struct Loader {
     const char* name;
     LoaderFunction vsurf::Kernels::*entry;
     void (*model)(model::Planes&, const model::Call&);
-    int block_bytes;      // at the destination, for 16 pixels of the source
-    bool reads_layout;    // 16-bit pixels
-    bool reads_geometry;  // the surface's height and the picture's place in it
-    bool signed_pitches;  // whether lines may run upwards
+    int block_bytes;     // at the destination, for 16 pixels of the source
+    bool reads_layout;   // 16-bit pixels
+    bool reads_geometry; // the surface's height and the picture's place in it
+    bool signed_pitches; // whether lines may run upwards
 };
 
 const std::vector<Loader>& loaders();

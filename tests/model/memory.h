@@ -82,15 +82,9 @@ private:
 };
 
 // 32-bit arithmetic: sums and products wrap; both kinds of right shift exist and differ for negative values.
-inline int32_t wrap(int64_t value)
-{
-    return static_cast<int32_t>(static_cast<uint32_t>(value));
-}
+inline int32_t wrap(int64_t value) { return static_cast<int32_t>(static_cast<uint32_t>(value)); }
 
-inline int32_t shift_arithmetic(int32_t value, int bits)
-{
-    return value >> bits;
-}
+inline int32_t shift_arithmetic(int32_t value, int bits) { return value >> bits; }
 
 inline int32_t shift_logical(int32_t value, int bits)
 {

@@ -8,10 +8,7 @@ namespace {
 
 enum class Format { kRgb32, kRgb24, kRgb16 };
 
-int bytes_per_pixel(Format format)
-{
-    return format == Format::kRgb32 ? 4 : format == Format::kRgb24 ? 3 : 2;
-}
+int bytes_per_pixel(Format format) { return format == Format::kRgb32 ? 4 : format == Format::kRgb24 ? 3 : 2; }
 
 void store_pixel(Pointer to, int index, const Rgb& pixel, Format format, uint32_t layout)
 {

@@ -10,26 +10,14 @@ int16_t low16(int64_t value)
     return static_cast<int16_t>(static_cast<uint16_t>(static_cast<uint64_t>(value) & 0xFFFF));
 }
 
-int16_t saturate16(int value)
-{
-    return static_cast<int16_t>(std::clamp(value, -32768, 32767));
-}
+int16_t saturate16(int value) { return static_cast<int16_t>(std::clamp(value, -32768, 32767)); }
 
-uint8_t saturate8(int value)
-{
-    return static_cast<uint8_t>(std::clamp(value, 0, 255));
-}
+uint8_t saturate8(int value) { return static_cast<uint8_t>(std::clamp(value, 0, 255)); }
 
 // The high half of a signed product: rounds towards minus infinity.
-int16_t mulhi(int16_t a, int16_t b)
-{
-    return static_cast<int16_t>((int{a} * int{b}) >> 16);
-}
+int16_t mulhi(int16_t a, int16_t b) { return static_cast<int16_t>((int{a} * int{b}) >> 16); }
 
-int16_t shift_left(int16_t value, int bits)
-{
-    return low16(int64_t{value} * (1 << bits));
-}
+int16_t shift_left(int16_t value, int bits) { return low16(int64_t{value} * (1 << bits)); }
 
 constexpr int16_t kLumaScale = 19071; // 1.164 of the luma shifted left by 2
 constexpr int16_t kRedV = 26149;      // 1.596, V shifted left by 2

@@ -28,8 +28,7 @@ void store(Pointer dst, const Packed& bytes, int from, int to)
 
 // The walk that the line-by-line loaders share: the second line of a pass goes back to the same chroma line.
 // `line_bytes` is what one stated line takes at the destination, `block_bytes` what a block of 16 pixels takes.
-template <class Block>
-void walk_lines(Planes& planes, const Call& call, int line_bytes, int block_bytes, Block block)
+template <class Block> void walk_lines(Planes& planes, const Call& call, int line_bytes, int block_bytes, Block block)
 {
     Pointer y(planes.y), u(planes.u), v(planes.v), dst(planes.dst);
     Counter lines(call.height);
@@ -53,10 +52,7 @@ void walk_lines(Planes& planes, const Call& call, int line_bytes, int block_byte
     } while (lines.more_after(2));
 }
 
-uint8_t average(uint8_t a, uint8_t b)
-{
-    return static_cast<uint8_t>((a + b + 1) >> 1);
-}
+uint8_t average(uint8_t a, uint8_t b) { return static_cast<uint8_t>((a + b + 1) >> 1); }
 
 void half_block(const Pointer& y, const Pointer& u, const Pointer& v, Pointer dst, const State& s)
 {

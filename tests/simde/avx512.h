@@ -45,9 +45,10 @@ static inline __attribute__((always_inline)) __m512i vsurf_mm512_mulhi_epu16(__m
 
 static inline __attribute__((always_inline)) void vsurf_mm512_mask_storeu_epi64(void* p, __mmask8 mask, __m512i a)
 {
-    simde__m512i_private from = simde__m512i_to_private(a);
+    long long words[8];
+    memcpy(words, &a, sizeof words);
     for (int i = 0; i < 8; ++i) {
-        if ((mask >> i & 1) != 0) memcpy(static_cast<char*>(p) + 8 * i, &from.i64[i], 8);
+        if ((mask >> i & 1) != 0) memcpy(static_cast<char*>(p) + 8 * i, &words[i], 8);
     }
 }
 
