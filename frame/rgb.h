@@ -30,8 +30,8 @@ template <int N> struct ChromaTerms {
 
 template <int N> OP ChromaTerms<N> chroma_terms(half<N> u, half<N> v)
 {
-    u = sub(times<(1 << kUShift)>(u), half<N>::splat(128 << kUShift));
-    v = sub(times<(1 << kVShift)>(v), half<N>::splat(128 << kVShift));
+    u = sub(shl<kUShift>(u), half<N>::splat(128 << kUShift));
+    v = sub(shl<kVShift>(v), half<N>::splat(128 << kVShift));
     auto term = [](half<N> c, int k) VSURF_INLINED { return mulhi(c, half<N>::splat(k)); };
     return {term(v, kRedV), add(term(u, kGreenU), term(v, kGreenV)), term(u, kBlueU)};
 }

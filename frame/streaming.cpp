@@ -1,5 +1,5 @@
 #include "frame/streaming.h"
 
 namespace vsurf {
-constinit size_t streaming_threshold = size_t{512} << 10;
+constinit size_t streaming_threshold = size_t{256} << 10;
 }

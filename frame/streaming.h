@@ -4,8 +4,9 @@
 
 namespace vsurf {
 
-// Destinations of at least this many bytes are written with streaming stores where their lines allow it: half a MiB,
-// beyond which a surface and its picture no longer share a usual second-level cache. Set by tests and benches alone.
+// Destinations of at least this many bytes are written with streaming stores where their lines allow it: a quarter
+// MiB, beyond which a surface and the picture that it shows soon outgrow a second-level cache. Set by tests and benches
+// alone.
 extern size_t streaming_threshold;
 
 } // namespace vsurf

@@ -31,7 +31,6 @@ template <int N> OP half<N> mulhi_unsigned(half<N> a, half<N> b)
     auto low = vmull_u16(vget_low_u16(x), vget_low_u16(y)), high = vmull_high_u16(x, y);
     return {signed_words(vuzp2q_u16(vreinterpretq_u16_u32(low), vreinterpretq_u16_u32(high)))};
 }
-template <int factor, int N> OP half<N> times(half<N> samples) { return {vmulq_n_s16(samples.v, factor)}; }
 template <int N> OP half<N> mullo(half<N> a, half<N> b) { return {vmulq_s16(a.v, b.v)}; }
 template <int K, int N> OP half<N> shl(half<N> a) { return {vshlq_n_s16(a.v, K)}; }
 template <int K, int N> OP half<N> shr(half<N> a) { return {signed_words(vshrq_n_u16(unsigned_words(a.v), K))}; }

@@ -51,7 +51,6 @@ template <int N> OP half<N> mulhi_unsigned(half<N> a, half<N> b)
     auto long_of = [](half<N> x) VSURF_INLINED { return __builtin_convertvector(unsigned_words(x.v), UnsignedLongs8); };
     return {(Words8) __builtin_convertvector((long_of(a) * long_of(b)) >> 16, UnsignedWords8)};
 }
-template <int factor, int N> OP half<N> times(half<N> samples) { return {samples.v * static_cast<int16_t>(factor)}; }
 template <int K, int N> OP half<N> shl(half<N> a) { return {(Words8)(unsigned_words(a.v) << K)}; }
 template <int K, int N> OP half<N> shr(half<N> a) { return {(Words8)(unsigned_words(a.v) >> K)}; }
 

@@ -36,15 +36,6 @@ OP half<16> words(u8<16> a) { return {a.v}; }
 
 OP half<16> odds_high(u8<16> a) { return {_mm_and_si128(a.v, _mm_set1_epi16(-256))}; }
 OP half<16> evens(u8<16> a) { return {_mm_and_si128(a.v, _mm_set1_epi16(255))}; }
-// Samples, 0 to 255, times a small factor: a product where it relieves the ports of shifts and shuffles.
-template <int factor> OP half<16> times(half<16> samples)
-{
-#if defined __AVX2__
-    return {_mm_maddubs_epi16(samples.v, _mm_set1_epi16(factor))};
-#else
-    return {_mm_mullo_epi16(samples.v, _mm_set1_epi16(factor))};
-#endif
-}
 OP i16<16> split_times4(u8<16> a)
 {
 #if defined __AVX2__

@@ -39,10 +39,6 @@ OP half<32> words(u8<32> a) { return {a.v}; }
 
 OP half<32> odds_high(u8<32> a) { return {_mm256_and_si256(a.v, _mm256_set1_epi16(-256))}; }
 OP half<32> evens(u8<32> a) { return {_mm256_and_si256(a.v, _mm256_set1_epi16(255))}; }
-template <int factor> OP half<32> times(half<32> samples)
-{
-    return {_mm256_maddubs_epi16(samples.v, _mm256_set1_epi16(factor))};
-}
 OP i16<32> split_times4(u8<32> a)
 {
     return {{_mm256_maddubs_epi16(a.v, _mm256_set1_epi16(4))}, {_mm256_maddubs_epi16(a.v, _mm256_set1_epi16(4 << 8))}};

@@ -36,10 +36,6 @@ OP half<64> words(u8<64> a) { return {a.v}; }
 
 OP half<64> odds_high(u8<64> a) { return {_mm512_and_si512(a.v, _mm512_set1_epi16(-256))}; }
 OP half<64> evens(u8<64> a) { return {_mm512_and_si512(a.v, _mm512_set1_epi16(255))}; }
-template <int factor> OP half<64> times(half<64> samples)
-{
-    return {_mm512_maddubs_epi16(samples.v, _mm512_set1_epi16(factor))};
-}
 OP i16<64> split_times4(u8<64> a)
 {
     return {{_mm512_maddubs_epi16(a.v, _mm512_set1_epi16(4))}, {_mm512_maddubs_epi16(a.v, _mm512_set1_epi16(4 << 8))}};
