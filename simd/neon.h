@@ -117,6 +117,5 @@ template <Stores S, int N> OP void store_yuyv(uint8_t* p, half<N> y_first, half<
 OP void store_first8_yuyv(uint8_t* p, half<16> y, half<16> u, half<16> v) { put(p, yuyv(y.v, vzip1q_s16(u.v, v.v))); }
 
 OP void fence_streaming() {}
-OP void prefetch_for_write(const uint8_t*) {}
 
 } // namespace vsurf::VSURF_ISA

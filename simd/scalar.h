@@ -194,6 +194,5 @@ template <Stores S> OP void store_bgr(uint8_t* p, i16<16> b, i16<16> g, i16<16> 
 }
 
 OP void fence_streaming() {}
-OP void prefetch_for_write(const uint8_t*) {}
 
 } // namespace vsurf::VSURF_ISA

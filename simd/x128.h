@@ -106,6 +106,5 @@ template <Stores S> OP void put_thirds(uint8_t* p, u8<16> a, u8<16> b, u8<16> c)
 }
 
 OP void fence_streaming() { _mm_sfence(); }
-OP void prefetch_for_write(const uint8_t* p) { __builtin_prefetch(p, 1, 3); }
 
 } // namespace vsurf::VSURF_ISA
