@@ -38,15 +38,22 @@ struct SampleAdjust {
         int bounded = offset < -1023 ? -1023 : offset > 255 ? 255 : offset;
         return {gain, static_cast<int16_t>(bounded + kLift)};
     }
+    template <int N> OP half<N> offset(half<N> scaled, half<N> lifted)
+    {
+        return sub_sat_unsigned(add_sat(scaled, lifted), half<N>::splat(kLift));
+    }
     template <int N> MEMBER half<N> offset(half<N> scaled) const
     {
-        return sub_sat_unsigned(add_sat(scaled, half<N>::splat(lifted_offset)), half<N>::splat(kLift));
+        return offset(scaled, half<N>::splat(lifted_offset));
+    }
+    // The same without the cuts, for sums that `narrow` cuts.
+    template <int N> MEMBER half<N> offset_uncut(half<N> scaled) const
+    {
+        return add(scaled, half<N>::splat(lifted_offset - kLift));
     }
     // The product keeps its low 16 bits and is shifted right by 6.
-    template <int N> MEMBER half<N> operator()(half<N> sample) const
-    {
-        return offset(shr<6>(mullo(sample, half<N>::splat(gain))));
-    }
+    template <int N> MEMBER half<N> scale(half<N> sample) const { return shr<6>(mullo(sample, half<N>::splat(gain))); }
+    template <int N> MEMBER half<N> operator()(half<N> sample) const { return offset(scale(sample)); }
 };
 
 struct Adjustments {
@@ -62,27 +69,37 @@ OP Adjustments adjustments_now()
 
 // How samples are scaled: by any gain,
 struct AnyGain {
-    template <int N, int W> OP half<N> chroma(const uint8_t* p) { return load_chroma<N, W>(p); }
-    template <int N> OP i16<N> luma(u8<N> y) { return split(y); }
-    template <int N> OP half<N> apply(SampleAdjust by, half<N> x) { return by(x); }
+    template <int N, int W> OP half<N> load_words(const uint8_t* p) { return load_chroma<N, W>(p); }
+    template <int N> OP i16<N> split(u8<N> x) { return VSURF_ISA::split(x); }
+    template <int N> OP wide<N> widen(u8<N> x) { return VSURF_ISA::widen(x); }
+    template <int N> OP half<N> scale(SampleAdjust by, half<N> x) { return by.scale(x); }
 };
 
 // or by one whose products never wrap: from samples in the high bytes, 256 x * 4 gain >> 16, in one instruction.
 struct CommonGain {
     static constexpr int kHighest = 65535 / 255;
     OP bool suits(SampleAdjust by) { return by.gain >= 0 && by.gain <= kHighest; }
-    template <int N, int W> OP half<N> chroma(const uint8_t* p) { return load_chroma_high<N, W>(p); }
-    template <int N> OP i16<N> luma(u8<N> y) { return split_high(y); }
-    template <int N> OP half<N> apply(SampleAdjust by, half<N> x)
+    OP bool suits(const Adjustments& by) { return suits(by.luma) && suits(by.u); }
+    template <int N, int W> OP half<N> load_words(const uint8_t* p) { return load_chroma_high<N, W>(p); }
+    template <int N> OP i16<N> split(u8<N> x) { return split_high(x); }
+    template <int N> OP wide<N> widen(u8<N> x) { return widen_high(x); }
+    template <int N> OP half<N> scale(SampleAdjust by, half<N> x)
     {
-        return by.offset(mulhi_unsigned(x, half<N>::splat(by.gain * 4)));
+        return mulhi_unsigned(x, half<N>::splat(by.gain * 4));
     }
 };
+
+template <class Gain, int N> OP u8<N> adjusted(SampleAdjust by, u8<N> samples)
+{
+    auto x = Gain::widen(samples);
+    return narrow(wide<N>{by.offset_uncut(Gain::scale(by, x.low)), by.offset_uncut(Gain::scale(by, x.high))});
+}
 
 // The samples of a picture on their way from memory: as they are,
 struct Plain {
     template <int N, int W> MEMBER half<N> u(const uint8_t* p) const { return load_chroma<N, W>(p); }
     template <int N, int W> MEMBER half<N> v(const uint8_t* p) const { return load_chroma<N, W>(p); }
+    template <int N> MEMBER i16<N> u_and_v(u8<N> uv) const { return split(uv); } // from u0 v0 u1 v1 ...
     template <int N> MEMBER u8<N> luma(u8<N> y) const { return y; }
     template <int N> MEMBER i16<N> luma_times4(u8<N> y) const { return split_times4(y); }
 };
@@ -91,22 +108,38 @@ struct Plain {
 template <class Gain> struct Adjusted {
     Adjustments by;
 
+    template <int N> OP half<N> apply(SampleAdjust by, half<N> x) { return by.offset(Gain::scale(by, x)); }
     template <int N, int W> MEMBER half<N> u(const uint8_t* p) const
     {
-        return Gain::apply(by.u, Gain::template chroma<N, W>(p));
+        return apply(by.u, Gain::template load_words<N, W>(p));
     }
     template <int N, int W> MEMBER half<N> v(const uint8_t* p) const
     {
-        return Gain::apply(by.v, Gain::template chroma<N, W>(p));
+        return apply(by.v, Gain::template load_words<N, W>(p));
     }
-    template <int N> MEMBER i16<N> words(u8<N> y) const
+    template <int N> MEMBER i16<N> u_and_v(u8<N> uv) const
     {
-        auto samples = Gain::luma(y);
-        return {Gain::apply(by.luma, samples.even), Gain::apply(by.luma, samples.odd)};
+        auto words = Gain::split(uv);
+        return {apply(by.u, words.even), apply(by.v, words.odd)};
     }
-    template <int N> MEMBER u8<N> luma(u8<N> y) const { return join(words(y)); }
-    template <int N> MEMBER i16<N> luma_times4(u8<N> y) const { return shl<2>(words(y)); }
+    template <int N> MEMBER u8<N> luma(u8<N> y) const { return adjusted<Gain>(by.luma, y); }
+    template <int N> MEMBER i16<N> luma_times4(u8<N> y) const
+    {
+        auto words = Gain::split(y);
+        return shl<2>(i16<N>{apply(by.luma, words.even), apply(by.luma, words.odd)});
+    }
 };
+
+// Gains that wrap are exact, not fast: no picture looks right with them, so their code is built for one width alone.
+template <class Gain> constexpr int kWidestFor = kLanes;
+template <> constexpr int kWidestFor<AnyGain> = 16;
+
+// Calls `work` with the kind of gain that serves luma and chroma.
+template <class Work> OP void with_gain(const Adjustments& by, const Work& work)
+{
+    if (CommonGain::suits(by)) work(CommonGain{});
+    else work(AnyGain{});
+}
 
 } // namespace vsurf::VSURF_ISA
 #endif

@@ -7,6 +7,27 @@
     (void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch, \
      ajust_contrast_info* info),                                                              \
         (y, u, v, dst, width, height, y_pitch, dst_pitch, info)
+#define PACKED_LOADER                                                                                           \
+    (void* src, void* unused_u, void* unused_v, void* dst, int width, int height, int src_pitch, int dst_pitch, \
+     ajust_contrast_info* info),                                                                                \
+        (src, unused_u, unused_v, dst, width, height, src_pitch, dst_pitch, info)
+#define PLANE_ENLARGER                                                                             \
+    (unsigned char* src, unsigned char* dst, int width, int height, int src_pitch, int dst_pitch), \
+        (src, dst, width, height, src_pitch, dst_pitch)
+#define ADJUSTED_PLANE_ENLARGER                                                                   \
+    (unsigned char* src, unsigned char* dst, int width, int height, int src_pitch, int dst_pitch, \
+     ajust_contrast_info* info, int plane),                                                       \
+        (src, dst, width, height, src_pitch, dst_pitch, info, plane)
+#define BAND_ENLARGER                                                                                            \
+    (tagVideoFrame * frame, int start, int lines, unsigned char* dst, int dst_pitch, ajust_contrast_info* info), \
+        (frame, start, lines, dst, dst_pitch, info)
+#define PACKED_ENLARGER                                                                                \
+    (void* src, void* unused_u, void* unused_v, void* dst, int line_bytes, int height, int dst_pitch), \
+        (src, unused_u, unused_v, dst, line_bytes, height, dst_pitch)
+#define ADJUSTED_PACKED_ENLARGER                                                                      \
+    (void* src, void* unused_u, void* unused_v, void* dst, int line_bytes, int height, int dst_pitch, \
+     ajust_contrast_info* info),                                                                      \
+        (src, unused_u, unused_v, dst, line_bytes, height, dst_pitch, info)
 #define EXPORT(...) EXPORT_(__VA_ARGS__)
 
 namespace vsurf {

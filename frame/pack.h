@@ -45,6 +45,17 @@ using Rgb555 = RgbSink<Word<0xf8, 0xf8, 3, 0xf8, 2>>; // bit 0 is the zero bit
 using Rgb664 = RgbSink<Word<0xfc, 0xfc, 2, 0xf0, 4>>;
 using Rgb655 = RgbSink<Word<0xfc, 0xf8, 2, 0xf8, 3>>;
 
+// Calls `work` with the sink of the layout; layouts beyond the four write nothing.
+template <class Work> OP void with_rgb16_sink(int layout, const Work& work)
+{
+    switch (layout) {
+    case 0: return work(Rgb565{});
+    case 1: return work(Rgb555{});
+    case 2: return work(Rgb664{});
+    case 3: return work(Rgb655{});
+    }
+}
+
 struct Yuy2 {
     static constexpr int kBytes = 2, kWeave = 2;
     static constexpr bool kReadsChroma = true, kLeavesHoles = false;

@@ -260,7 +260,8 @@ VSURF_API void loadimage_half_yv12_ajust(void* y, void* u, void* v, void* dst, i
 // but drops out. Reads and writes, for a surface of B bytes a pixel and each pass j from 0:
 //     src  32 * blocks bytes at src + j * 4 * src_pitch, and the same 2 * src_pitch further
 //     dst  16 * blocks * B bytes at dst + j * 2 * dst_pitch, and the same dst_pitch further
-// There is no drift: passes follow the true pitch whatever the width. Conversion and layouts are the planar loaders'.
+// There is no drift: passes follow the true pitch whatever the width, and negative sizes work like 0. Conversion and
+// layouts are the planar loaders'.
 
 // YUY2 to YUY2: a copy, but for the chroma of every second line, which becomes the upper line's. Blocks of 8 pixels:
 // max(1, ceil(width / 8)) of 16 bytes a line.

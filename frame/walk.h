@@ -1,4 +1,4 @@
-// The block rule: which blocks of which lines a planar loader handles, and in which order.
+// The block rule: which blocks of which lines a loader handles, and in which order.
 //
 // A line is handled in blocks of 16 pixels and a picture in passes of two lines; both counters are lowered first and
 // go on while no borrow occurred and something is left, so each handles at least one and the last block is always
@@ -11,6 +11,10 @@
 namespace vsurf::VSURF_ISA {
 
 constexpr int kBlock = 16;
+
+// 32-bit arithmetic that wraps.
+OP int product(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) * static_cast<unsigned>(b)); }
+OP int difference(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b)); }
 
 OP ptrdiff_t rounds(int count, unsigned unit)
 {
@@ -38,7 +42,12 @@ struct Walk {
     ptrdiff_t width;                 // in whole blocks
     ptrdiff_t passes;
     ptrdiff_t line_bytes; // of the destination
-    Order order;
+};
+struct BlockwiseWalk : Walk {
+    static constexpr Order kOrder = Order::by_block;
+};
+struct LinewiseWalk : Walk {
+    static constexpr Order kOrder = Order::by_line;
 };
 
 struct Picture {
@@ -47,37 +56,51 @@ struct Picture {
 };
 
 // The pointers are moved once a pass: the lower line lies straight below the upper one.
-OP Walk walk_by_pass(const Picture& p, int bytes)
+OP BlockwiseWalk walk_by_pass(const Picture& p, int bytes)
 {
     const ptrdiff_t width = rounds(p.width, kBlock) * kBlock, drift = width - p.width;
     const ptrdiff_t y = p.y_pitch, dst = p.dst_pitch, chroma = width / 2 + ((y - p.width) >> 1);
-    return {
+    return {{
         .start = p.start,
         .to_lower = {y, 0, dst},
         .to_next_pass = {2 * y + drift, chroma, 2 * dst + bytes * drift},
         .width = width,
         .passes = rounds(p.height, 2),
         .line_bytes = width * bytes,
-        .order = Order::by_block,
-    };
+    }};
 }
 
 // The pointers are moved after each line, so the drift sets in at the lower line, and the chroma steps back there by
 // half the stated width.
-OP Walk walk_by_line(const Picture& p, int bytes)
+OP LinewiseWalk walk_by_line(const Picture& p, int bytes)
 {
     const ptrdiff_t width = rounds(p.width, kBlock) * kBlock, drift = width - p.width;
     const ptrdiff_t y = p.y_pitch + drift, dst = p.dst_pitch + bytes * drift;
     const ptrdiff_t chroma_drift = width / 2 - (p.width >> 1), chroma = width / 2 + ((y - width) >> 1);
-    return {
+    return {{
         .start = p.start,
         .to_lower = {y, chroma_drift, dst},
         .to_next_pass = {2 * y, chroma_drift + chroma, 2 * dst},
         .width = width,
         .passes = rounds(p.height, 2),
         .line_bytes = width * bytes,
-        .order = Order::by_line,
-    };
+    }};
+}
+
+// Packed pictures: nothing drifts, and the source's pitch counts pixels. A block has 16 units, of `bytes` bytes each at
+// the destination; at least one block of two lines is done, also of a negative size.
+OP BlockwiseWalk walk_packed(const Picture& p, int units, int bytes)
+{
+    auto done = [](int count, unsigned unit) VSURF_INLINED { return rounds(count < 0 ? 0 : count, unit); };
+    const ptrdiff_t width = done(units, kBlock) * kBlock, y = 2 * ptrdiff_t{p.y_pitch}, dst = p.dst_pitch;
+    return {{
+        .start = p.start,
+        .to_lower = {y, 0, dst},
+        .to_next_pass = {2 * y, 0, 2 * dst},
+        .width = width,
+        .passes = done(p.height, 2),
+        .line_bytes = width * bytes,
+    }};
 }
 
 OP bool lines_overlap(const Walk& w) { return w.to_lower.dst < w.line_bytes && -w.to_lower.dst < w.line_bytes; }

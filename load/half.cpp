@@ -1,6 +1,6 @@
 // Planar YV12 pictures at half their width.
+#include "frame/passes.h"
 #include "load/loader.h"
-#include "load/passes.h"
 #include "load/plane.h"
 
 namespace vsurf::VSURF_ISA {
@@ -23,15 +23,26 @@ struct HalfYuy2Step {
         };
         return Chroma<samples>{by.u(averages(at.u)), by.v(averages(at.v))};
     }
+    // A block is one register, anything wider two.
+    template <int N> struct Luma {
+        half<N == kBlock ? 16 : N / 2> first, second;
+    };
     template <int N> MEMBER half<N> averages_at(const uint8_t* y) const
     {
         return by.luma(averages_of_pairs(load<N>(y)));
     }
-    template <Stores S, Line, int N, int M> MEMBER void luma(Position at, ptrdiff_t x, Chroma<M> c) const
+    template <Line, int N> MEMBER Luma<N> luma(Position at, ptrdiff_t x) const
     {
         auto y = at.y + x;
-        if constexpr (N == kBlock) store_first8_yuyv(at.dst + x, averages_at<M>(y), c.u, c.v);
-        else store_yuyv<S>(at.dst + x, averages_at<M>(y), averages_at<M>(y + M), c.u, c.v);
+        constexpr int samples = N == kBlock ? 16 : N / 2;
+        auto first = averages_at<samples>(y);
+        if constexpr (N == kBlock) return Luma<N>{first, first};
+        else return Luma<N>{first, averages_at<samples>(y + samples)};
+    }
+    template <Stores S, Line, int N, int M> MEMBER void store(Position at, ptrdiff_t x, Luma<N> y, Chroma<M> c) const
+    {
+        if constexpr (N == kBlock) store_first8_yuyv(at.dst + x, y.first, c.u, c.v);
+        else store_yuyv<S>(at.dst + x, y.first, y.second, c.u, c.v);
     }
 };
 

@@ -1,7 +1,8 @@
-// The argument list that all loaders share.
+// The argument list that all loaders share, and the choice between plain and adjusted samples.
 #pragma once
+#include "frame/adjust.h"
 #include "frame/dispatch.h"
-#include "frame/walk.h"
+#include "frame/passes.h"
 
 #define LOADER_EXPORT(name)                                                                            \
     void name(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch, \
@@ -14,6 +15,20 @@ OP Picture picture(void* y, void* u, void* v, void* dst, int width, int height, 
 {
     auto samples = [](void* p) { return static_cast<const uint8_t*>(p); };
     return {{samples(y), samples(u), samples(v), static_cast<uint8_t*>(dst)}, width, height, y_pitch, dst_pitch};
+}
+
+// Step<Sink, Samples> does the pixels.
+template <template <class, class> class Step, class Sink, class W> OP void load_plain(const W& walk)
+{
+    do_walk(walk, Step<Sink, Plain>{});
+}
+
+// What is rare is exact, not fast: gains that wrap, with which no picture looks right, and lines that overlap.
+template <template <class, class> class Step, class Sink, class W> OP void load_adjusted(const W& walk)
+{
+    const auto by = adjustments_now();
+    if (CommonGain::suits(by) && !order_shows(walk)) do_freely(walk, Step<Sink, Adjusted<CommonGain>>{by});
+    else do_in_order(walk, Step<Sink, Adjusted<AnyGain>>{by});
 }
 
 } // namespace vsurf::VSURF_ISA

@@ -2,7 +2,7 @@
 #pragma once
 #include "frame/adjust.h"
 #include "frame/pack.h"
-#include "load/passes.h"
+#include "frame/passes.h"
 
 namespace vsurf::VSURF_ISA {
 
@@ -21,24 +21,14 @@ template <class Sink, class Samples> struct PlanarStep {
             return Sink::template chroma<N>();
         }
     }
-    template <Stores S, Line line, int N, class Chroma> MEMBER void luma(Position at, ptrdiff_t x, Chroma chroma) const
+    template <Line, int N> MEMBER u8<N> luma(Position at, ptrdiff_t x) const { return load<N, Sink::kWeave>(at.y + x); }
+    template <Stores S, Line line, int N, class Chroma>
+    MEMBER void store(Position at, ptrdiff_t x, u8<N> y, const Chroma& chroma) const
     {
-        auto y = load<N, Sink::kWeave>(at.y + x);
         auto to = at.dst + x * Sink::kBytes;
         if constexpr (Sink::kLeavesHoles && line == Line::lower) Sink::store_with_holes(to, samples, y, chroma);
         else Sink::template store<S>(to, samples, y, chroma);
     }
 };
-
-template <class Sink> OP void load_plain(const Walk& walk) { do_walk(walk, PlanarStep<Sink, Plain>{}); }
-
-// Gains that wrap are exact, not fast: no picture looks right with them.
-template <class Sink> OP void load_adjusted(const Walk& walk)
-{
-    const auto by = adjustments_now();
-    if (CommonGain::suits(by.luma) && CommonGain::suits(by.u))
-        do_walk(walk, PlanarStep<Sink, Adjusted<CommonGain>>{by});
-    else do_in_order(walk, PlanarStep<Sink, Adjusted<AnyGain>>{by});
-}
 
 } // namespace vsurf::VSURF_ISA

@@ -32,11 +32,7 @@ template <class Line> OP void each_line(Plane p, ptrdiff_t width, bool streamed,
 // In whole blocks of 8 bytes.
 template <class Gain> struct AdjustLine {
     SampleAdjust adjust;
-    template <int N> MEMBER u8<N> of(u8<N> samples) const
-    {
-        auto words = Gain::luma(samples);
-        return join(i16<N>{Gain::apply(adjust, words.even), Gain::apply(adjust, words.odd)});
-    }
+    template <int N> MEMBER u8<N> of(u8<N> samples) const { return adjusted<Gain>(adjust, samples); }
     template <Stores S> MEMBER void store(uint8_t* dst, const uint8_t* src, ptrdiff_t x, ptrdiff_t end) const
     {
         along<kLanes, 16>(

@@ -15,9 +15,6 @@ OP void adjust_plane(const uint8_t* src, uint8_t* dst, int width, int lines, int
     else each_line(plane, bytes, streamed, AdjustLine<AnyGain>{adjust});
 }
 
-// 32-bit arithmetic that wraps.
-OP int product(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) * static_cast<unsigned>(b)); }
-OP int difference(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b)); }
 OP ptrdiff_t logical_half(int a) { return static_cast<ptrdiff_t>(static_cast<unsigned>(a) >> 1); }
 
 // Irregular: the V plane takes `u_offset` and the U plane `v_offset`.

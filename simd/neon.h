@@ -11,6 +11,10 @@ template <int N> struct u8 {
 template <int N> struct half {
     int16x8_t v;
     OP half splat(int x) { return {vdupq_n_s16(static_cast<int16_t>(x))}; }
+    OP half alternate(int x, int y)
+    {
+        return {vzip1q_s16(vdupq_n_s16(static_cast<int16_t>(x)), vdupq_n_s16(static_cast<int16_t>(y)))};
+    }
 };
 
 OP uint16x8_t unsigned_words(int16x8_t v) { return vreinterpretq_u16_s16(v); }
@@ -34,8 +38,28 @@ template <int N> OP half<N> mulhi_unsigned(half<N> a, half<N> b)
 template <int N> OP half<N> mullo(half<N> a, half<N> b) { return {vmulq_s16(a.v, b.v)}; }
 template <int K, int N> OP half<N> shl(half<N> a) { return {vshlq_n_s16(a.v, K)}; }
 template <int K, int N> OP half<N> shr(half<N> a) { return {signed_words(vshrq_n_u16(unsigned_words(a.v), K))}; }
+template <int K, int N> OP half<N> shr_signed(half<N> a) { return {vshrq_n_s16(a.v, K)}; }
+template <int N> OP half<N> avg(half<N> a, half<N> b)
+{
+    return {signed_words(vrhaddq_u16(unsigned_words(a.v), unsigned_words(b.v)))};
+}
+template <int N> OP half<N> least(half<N> a, half<N> b) { return {vminq_s16(a.v, b.v)}; }
+template <int N> OP half<N> most(half<N> a, half<N> b) { return {vmaxq_s16(a.v, b.v)}; }
 
 template <int N> OP u8<N> bit_or(u8<N> a, u8<N> b) { return {vorrq_u8(a.v, b.v)}; }
+template <int N> OP u8<N> avg(u8<N> a, u8<N> b) { return {vrhaddq_u8(a.v, b.v)}; }
+template <int N> OP u8<N> abs_diff(u8<N> a, u8<N> b) { return {vabdq_u8(a.v, b.v)}; }
+
+// Masks: bytes of all ones or of zeros.
+template <int N> OP u8<N> equal(u8<N> a, u8<N> b) { return {vceqq_u8(a.v, b.v)}; }
+template <int N> OP bool any(u8<N> mask) { return vmaxvq_u8(mask.v) != 0; }
+template <int N> OP u8<N> choose(u8<N> mask, u8<N> a, u8<N> b) { return {vbslq_u8(mask.v, a.v, b.v)}; }
+// Where a group of four neighbours has a sum above the limit.
+template <int N> OP u8<N> fours_above(u8<N> a, int limit)
+{
+    auto sums = vpaddlq_u16(vpaddlq_u8(a.v));
+    return {vreinterpretq_u8_u32(vcgtq_u32(sums, vdupq_n_u32(static_cast<uint32_t>(limit))))};
+}
 template <int shift, int mask, int N> OP u8<N> field(u8<N> a)
 {
     if constexpr (shift > 0) a.v = vshlq_n_u8(a.v, shift);
@@ -56,6 +80,11 @@ template <int N> OP i16<N> split_times4(u8<N> a)
     auto words = split(a);
     return {shl<2>(words.even), shl<2>(words.odd)};
 }
+// K (a0 + a1), K (a2 + a3), ...
+template <int K, int N> OP half<N> pair_sums(u8<N> a)
+{
+    return {signed_words(vmulq_n_u16(vpaddlq_u8(a.v), static_cast<uint16_t>(K)))};
+}
 // (a0 + a1 + 1) >> 1, (a2 + a3 + 1) >> 1, ...
 template <int N> OP half<N> averages_of_pairs(u8<N> a) { return {signed_words(vrshrq_n_u16(vpaddlq_u8(a.v), 1))}; }
 // The samples in the high bytes of their words.
@@ -69,6 +98,29 @@ template <int N> OP u8<N> join(i16<N> a)
 {
     return {vtrn1q_u8(vreinterpretq_u8_s16(a.even.v), vreinterpretq_u8_s16(a.odd.v))};
 }
+template <int N> OP wide<N> widen(u8<N> a)
+{
+    return {{signed_words(vmovl_u8(vget_low_u8(a.v)))}, {signed_words(vmovl_high_u8(a.v))}};
+}
+// The samples in the high bytes of their words.
+template <int N> OP wide<N> widen_high(u8<N> a)
+{
+    return {{signed_words(vshll_n_u8(vget_low_u8(a.v), 8))}, {signed_words(vshll_high_n_u8(a.v, 8))}};
+}
+// Saturated.
+template <int N> OP u8<N> narrow(wide<N> a) { return {vqmovun_high_s16(vqmovun_s16(a.low.v), a.high.v)}; }
+
+// K (a + b)
+template <int K, int N> OP wide<N> widened_sums(u8<N> a, u8<N> b)
+{
+    auto low = vaddl_u8(vget_low_u8(a.v), vget_low_u8(b.v)), high = vaddl_high_u8(a.v, b.v);
+    return {{signed_words(vmulq_n_u16(low, static_cast<uint16_t>(K)))},
+            {signed_words(vmulq_n_u16(high, static_cast<uint16_t>(K)))}};
+}
+
+// The low bytes of the words, as samples.
+template <int N> OP u8<N> low_bytes(i16<N> a) { return join(a); }
+
 // Saturated bytes.
 template <int N> OP u8<N> pack(i16<N> a)
 {
@@ -89,11 +141,35 @@ template <int N, int W = 1> OP half<N> load_chroma_high(const uint8_t* p)
     return {signed_words(vshll_n_u8(vld1_u8(p), 8))};
 }
 OP u8<16> load_first8(const uint8_t* p) { return {vcombine_u8(vld1_u8(p), vdup_n_u8(0))}; }
+template <int N, int W = 1> OP Yuyv<N> load_yuyv(const uint8_t* p)
+{
+    auto px = vld2q_u8(p);
+    return {{px.val[0]}, {px.val[1]}};
+}
+
+// N/2 samples at p, then N/2 at q; and back.
+template <int N> OP u8<N> load_halves(const uint8_t* p, const uint8_t* q)
+{
+    return {vcombine_u8(vld1_u8(p), vld1_u8(q))};
+}
+OP void put_halves(uint8_t* p, uint8_t* q, u8<16> a)
+{
+    vst1_u8(p, vget_low_u8(a.v));
+    vst1_u8(q, vget_high_u8(a.v));
+}
+
+// Each sample's right neighbour; the last one is its own.
+OP u8<16> neighbours_to_the_end(u8<16> a) { return {vextq_u8(a.v, vdupq_laneq_u8(a.v, 15), 1)}; }
+OP half<16> neighbours_to_the_end(half<16> a) { return {vextq_s16(a.v, vdupq_laneq_s16(a.v, 7), 1)}; }
 
 template <Stores S = Stores::cached, int N> OP void put(uint8_t* p, u8<N> a) { vst1q_u8(p, a.v); }
 OP void put_first8(uint8_t* p, u8<16> a) { vst1_u8(p, vget_low_u8(a.v)); }
 template <Stores S, int N> OP void store_pairs(uint8_t* p, u8<N> a, u8<N> b) { vst2q_u8(p, {{a.v, b.v}}); }
 template <Stores S, int N> OP void store_packed_pairs(uint8_t* p, u8<N> a, u8<N> b) { store_pairs<S>(p, a, b); }
+template <Stores S, int N> OP void store_quads(uint8_t* p, u8<N> a, u8<N> b, u8<N> c, u8<N> d)
+{
+    vst4q_u8(p, {{a.v, b.v, c.v, d.v}});
+}
 template <Stores S> OP void store_bgr0(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
 {
     vst4q_u8(p, {{pack(b).v, pack(g).v, pack(r).v, vdupq_n_u8(0)}});

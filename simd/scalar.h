@@ -18,6 +18,10 @@ template <int N> struct u8 {
 template <int N> struct half {
     Words8 v;
     OP half splat(int x) { return {Words8{} + static_cast<int16_t>(x)}; }
+    OP half alternate(int x, int y)
+    {
+        return {__builtin_shufflevector(splat(x).v, splat(y).v, 0, 8, 1, 9, 2, 10, 3, 11)};
+    }
 };
 
 constexpr bool kLittleEndian = __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__;
@@ -53,8 +57,29 @@ template <int N> OP half<N> mulhi_unsigned(half<N> a, half<N> b)
 }
 template <int K, int N> OP half<N> shl(half<N> a) { return {(Words8)(unsigned_words(a.v) << K)}; }
 template <int K, int N> OP half<N> shr(half<N> a) { return {(Words8)(unsigned_words(a.v) >> K)}; }
+template <int K, int N> OP half<N> shr_signed(half<N> a) { return {a.v >> K}; }
+template <int N> OP half<N> least(half<N> a, half<N> b) { return {at_most(a.v, b.v)}; }
+template <int N> OP half<N> most(half<N> a, half<N> b) { return {at_least(a.v, b.v)}; }
 
 template <int N> OP u8<N> bit_or(u8<N> a, u8<N> b) { return {a.v | b.v}; }
+// Rounded up.
+template <int N> OP u8<N> avg(u8<N> a, u8<N> b) { return {(a.v | b.v) - ((a.v ^ b.v) >> 1)}; }
+template <int N> OP half<N> avg(half<N> a, half<N> b)
+{
+    auto x = unsigned_words(a.v), y = unsigned_words(b.v);
+    return {(Words8)((x | y) - ((x ^ y) >> 1))};
+}
+template <int N> OP u8<N> abs_diff(u8<N> a, u8<N> b) { return {at_least(a.v, b.v) - at_most(a.v, b.v)}; }
+
+// Masks: bytes of all ones or of zeros.
+template <int N> OP u8<N> equal(u8<N> a, u8<N> b) { return {(Bytes16)(a.v == b.v)}; }
+template <int N> OP u8<N> choose(u8<N> mask, u8<N> a, u8<N> b) { return {(mask.v & a.v) | (~mask.v & b.v)}; }
+template <int N> OP bool any(u8<N> mask)
+{
+    uint64_t halves[2];
+    __builtin_memcpy(halves, &mask, 16);
+    return (halves[0] | halves[1]) != 0;
+}
 template <int shift, int mask, int N> OP u8<N> field(u8<N> a)
 {
     if constexpr (shift > 0) a.v = a.v << shift;
@@ -72,6 +97,19 @@ template <int N> OP i16<N> split_times4(u8<N> a)
 {
     auto words = split(a);
     return {shl<2>(words.even), shl<2>(words.odd)};
+}
+// K (a0 + a1), K (a2 + a3), ...
+template <int K, int N> OP half<N> pair_sums(u8<N> a)
+{
+    auto words = split(a);
+    return {(words.even.v + words.odd.v) * static_cast<int16_t>(K)};
+}
+// Where a group of four neighbours has a sum above the limit.
+template <int N> OP u8<N> fours_above(u8<N> a, int limit)
+{
+    auto sums = __builtin_convertvector(pair_sums<1>(a).v, Longs8);
+    auto fours = __builtin_shufflevector(sums, sums, 0, 2, 4, 6) + __builtin_shufflevector(sums, sums, 1, 3, 5, 7);
+    return {(Bytes16)(fours > limit)};
 }
 // (a0 + a1 + 1) >> 1, (a2 + a3 + 1) >> 1, ...
 template <int N> OP half<N> averages_of_pairs(u8<N> a)
@@ -91,7 +129,29 @@ template <int N> OP u8<N> join(i16<N> a)
     auto low = kLittleEndian ? a.even : a.odd, high = kLittleEndian ? a.odd : a.even;
     return {(Bytes16)(low.v | shl<8>(high).v)};
 }
+// The low bytes of the words, as samples.
+template <int N> OP u8<N> low_bytes(i16<N> a) { return join(i16<N>{{a.even.v & 255}, {a.odd.v & 255}}); }
 template <int N> OP half<N> to_samples(half<N> a) { return {at_most(at_least(a.v, Words8{}), Words8{} + 255)}; }
+
+template <int N> OP wide<N> widen(u8<N> a)
+{
+    auto low = __builtin_shufflevector(a.v, a.v, 0, 1, 2, 3, 4, 5, 6, 7),
+         high = __builtin_shufflevector(a.v, a.v, 8, 9, 10, 11, 12, 13, 14, 15);
+    return {{__builtin_convertvector(low, Words8)}, {__builtin_convertvector(high, Words8)}};
+}
+// The samples in the high bytes of their words.
+template <int N> OP wide<N> widen_high(u8<N> a)
+{
+    auto words = widen(a);
+    return {shl<8>(words.low), shl<8>(words.high)};
+}
+// K (a + b)
+template <int K, int N> OP wide<N> widened_sums(u8<N> a, u8<N> b)
+{
+    auto x = widen(a), y = widen(b);
+    auto k = half<N>::splat(K);
+    return {mullo(add(x.low, y.low), k), mullo(add(x.high, y.high), k)};
+}
 
 // Saturated bytes; packed order is sample order here.
 template <int N> OP u8<N> pack(i16<N> a) { return join(i16<N>{to_samples(a.even), to_samples(a.odd)}); }
@@ -102,6 +162,9 @@ template <int N> OP u8<N> pack_in_order(half<N> a, half<N> b)
          second = __builtin_convertvector(to_samples(b).v, Bytes8);
     return {__builtin_shufflevector(first, second, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15)};
 }
+
+// Saturated.
+template <int N> OP u8<N> narrow(wide<N> a) { return pack_in_order(a.low, a.high); }
 
 OP Bytes16 zip_lo8(Bytes16 a, Bytes16 b)
 {
@@ -132,6 +195,34 @@ OP u8<16> load_first8(const uint8_t* p)
     __builtin_memcpy(&a, p, 8);
     return a;
 }
+template <int N, int W = 1> OP Yuyv<N> load_yuyv(const uint8_t* p)
+{
+    auto a = load<N>(p).v, b = load<N>(p + 16).v;
+    return {{__builtin_shufflevector(a, b, 0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30)},
+            {__builtin_shufflevector(a, b, 1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31)}};
+}
+
+// N/2 samples at p, then N/2 at q; and back.
+template <int N> OP u8<N> load_halves(const uint8_t* p, const uint8_t* q)
+{
+    u8<N> a;
+    __builtin_memcpy(&a, p, 8);
+    __builtin_memcpy(reinterpret_cast<uint8_t*>(&a) + 8, q, 8);
+    return a;
+}
+OP void put_halves(uint8_t* p, uint8_t* q, u8<16> a)
+{
+    __builtin_memcpy(p, &a, 8);
+    __builtin_memcpy(q, reinterpret_cast<const uint8_t*>(&a) + 8, 8);
+}
+
+// Each sample's right neighbour; the last one is its own.
+OP u8<16> neighbours_to_the_end(u8<16> a)
+{
+    return {__builtin_shufflevector(a.v, a.v, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 15)};
+}
+OP half<16> neighbours_to_the_end(half<16> a) { return {__builtin_shufflevector(a.v, a.v, 1, 2, 3, 4, 5, 6, 7, 7)}; }
+
 template <int N, int W = 1> OP half<N> load_chroma(const uint8_t* p)
 {
     Bytes8 samples;
@@ -172,13 +263,18 @@ OP void store_first8_yuyv(uint8_t* p, half<16> y, half<16> u, half<16> v)
 
 struct FourByFour {
     Bytes16 of[4];
-}; // 16 pixels b g r 0
-OP FourByFour bgr0(i16<16> b, i16<16> g, i16<16> r)
+}; // a0 b0 c0 d0 a1 ...
+OP FourByFour quads(Bytes16 a, Bytes16 b, Bytes16 c, Bytes16 d)
 {
-    auto pb = pack(b).v, pg = pack(g).v, pr = pack(r).v;
-    auto bg0 = zip_lo8(pb, pg), bg1 = zip_hi8(pb, pg), r0 = zip_lo8(pr, Bytes16{}), r1 = zip_hi8(pr, Bytes16{});
-    return {{zip_lo16(bg0, r0), zip_hi16(bg0, r0), zip_lo16(bg1, r1), zip_hi16(bg1, r1)}};
+    auto ab0 = zip_lo8(a, b), ab1 = zip_hi8(a, b), cd0 = zip_lo8(c, d), cd1 = zip_hi8(c, d);
+    return {{zip_lo16(ab0, cd0), zip_hi16(ab0, cd0), zip_lo16(ab1, cd1), zip_hi16(ab1, cd1)}};
 }
+template <Stores S, int N> OP void store_quads(uint8_t* p, u8<N> a, u8<N> b, u8<N> c, u8<N> d)
+{
+    auto pixels = quads(a.v, b.v, c.v, d.v);
+    __builtin_memcpy(p, &pixels, sizeof pixels);
+}
+OP FourByFour bgr0(i16<16> b, i16<16> g, i16<16> r) { return quads(pack(b).v, pack(g).v, pack(r).v, Bytes16{}); }
 template <Stores S> OP void store_bgr0(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
 {
     auto pixels = bgr0(b, g, r);

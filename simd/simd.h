@@ -4,6 +4,7 @@
 //   u8<N>    N samples, one byte each, in one register
 //   half<N>  N/2 samples, one 16-bit word each, in one register
 //   i16<N>   the N samples of a u8<N>, widened: {even, odd}, so that both halves pair with the same chroma words
+//   wide<N>  the same in the order that `widen` and `narrow` find cheapest; between them all work is elementwise
 //
 // Inside wide registers samples may be held in woven order: a store that spreads a sample over W bytes interleaves
 // within 128-bit lanes, so its inputs are loaded with their W-th parts dealt out over the lanes and no store needs a
@@ -15,6 +16,7 @@
 
 #define OP static inline __attribute__((always_inline))
 #define MEMBER inline __attribute__((always_inline))
+#define OUTLINED static __attribute__((noinline))    // where copies would cost more than a call
 #define VSURF_INLINED __attribute__((always_inline)) // for lambdas
 
 namespace vsurf::VSURF_ISA {
@@ -26,6 +28,14 @@ template <int N> struct u8;
 template <int N> struct half;
 template <int N> struct i16 {
     half<N> even, odd;
+};
+template <int N> struct wide {
+    half<N> low, high;
+};
+
+// Pixels of a packed picture: luma, and the chroma bytes u0 v0 u1 v1 ...
+template <int N> struct Yuyv {
+    u8<N> y, uv;
 };
 
 } // namespace vsurf::VSURF_ISA
@@ -42,7 +52,7 @@ template <int N> struct i16 {
 #if defined __AVX512BW__
 #include "simd/x512.h"
 #endif
-#include "simd/x86_stores.h"
+#include "simd/x86.h"
 #endif
 
 namespace vsurf::VSURF_ISA {

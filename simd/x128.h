@@ -15,6 +15,7 @@ template <> struct u8<16> {
 template <> struct half<16> {
     __m128i v;
     OP half splat(int x) { return {_mm_set1_epi16(static_cast<short>(x))}; }
+    OP half alternate(int x, int y) { return {_mm_set1_epi32((x & 0xffff) | y * 0x10000)}; }
 };
 
 OP half<16> add(half<16> a, half<16> b) { return {_mm_add_epi16(a.v, b.v)}; }
@@ -26,11 +27,16 @@ OP half<16> mullo(half<16> a, half<16> b) { return {_mm_mullo_epi16(a.v, b.v)}; 
 OP half<16> mulhi_unsigned(half<16> a, half<16> b) { return {_mm_mulhi_epu16(a.v, b.v)}; }
 OP half<16> avg(half<16> a, half<16> b) { return {_mm_avg_epu16(a.v, b.v)}; }
 OP half<16> bit_or(half<16> a, half<16> b) { return {_mm_or_si128(a.v, b.v)}; }
+OP half<16> least(half<16> a, half<16> b) { return {_mm_min_epi16(a.v, b.v)}; }
+OP half<16> most(half<16> a, half<16> b) { return {_mm_max_epi16(a.v, b.v)}; }
 template <int K> OP half<16> shl(half<16> a) { return {_mm_slli_epi16(a.v, K)}; }
 template <int K> OP half<16> shr(half<16> a) { return {_mm_srli_epi16(a.v, K)}; }
+template <int K> OP half<16> shr_signed(half<16> a) { return {_mm_srai_epi16(a.v, K)}; }
 
 OP u8<16> bit_or(u8<16> a, u8<16> b) { return {_mm_or_si128(a.v, b.v)}; }
 OP u8<16> bit_and(u8<16> a, u8<16> b) { return {_mm_and_si128(a.v, b.v)}; }
+OP u8<16> avg(u8<16> a, u8<16> b) { return {_mm_avg_epu8(a.v, b.v)}; }
+OP u8<16> sub_sat_unsigned(u8<16> a, u8<16> b) { return {_mm_subs_epu8(a.v, b.v)}; }
 OP u8<16> bytes(half<16> a) { return {a.v}; }
 OP half<16> words(u8<16> a) { return {a.v}; }
 
@@ -45,14 +51,33 @@ OP i16<16> split_times4(u8<16> a)
 #endif
 }
 
+// K (a0 + a1), K (a2 + a3), ...
+template <int K> OP half<16> pair_sums(u8<16> a)
+{
+#if defined __AVX2__
+    return {_mm_maddubs_epi16(a.v, _mm_set1_epi8(K))};
+#else
+    return {_mm_mullo_epi16(add(evens(a), shr<8>(words(a))).v, _mm_set1_epi16(K))};
+#endif
+}
 // (a0 + a1 + 1) >> 1, (a2 + a3 + 1) >> 1, ...
 OP half<16> averages_of_pairs(u8<16> a)
 {
 #if defined __AVX2__
-    return avg(half<16>{_mm_maddubs_epi16(a.v, _mm_set1_epi8(1))}, half<16>::splat(0));
+    return avg(pair_sums<1>(a), half<16>::splat(0));
 #else
     return avg(evens(a), shr<8>(words(a)));
 #endif
+}
+
+// Masks: bytes of all ones or of zeros.
+OP u8<16> equal(u8<16> a, u8<16> b) { return {_mm_cmpeq_epi8(a.v, b.v)}; }
+OP bool any(u8<16> mask) { return _mm_movemask_epi8(mask.v) != 0; }
+// Where a group of four neighbours has a sum above the limit.
+OP u8<16> fours_above(u8<16> a, int limit)
+{
+    auto sums = _mm_madd_epi16(pair_sums<1>(a).v, _mm_set1_epi16(1));
+    return {_mm_cmpgt_epi32(sums, _mm_set1_epi32(limit))};
 }
 
 // What the stores are made of; all of it works inside 128-bit lanes.
@@ -64,6 +89,11 @@ OP u8<16> zip_hi16(u8<16> a, u8<16> b) { return {_mm_unpackhi_epi16(a.v, b.v)}; 
 #if defined __AVX2__
 OP u8<16> shuffle(u8<16> a, u8<16> pattern) { return {_mm_shuffle_epi8(a.v, pattern.v)}; }
 OP u8<16> choose(u8<16> mask, u8<16> a, u8<16> b) { return {_mm_blendv_epi8(b.v, a.v, mask.v)}; }
+#else
+OP u8<16> choose(u8<16> mask, u8<16> a, u8<16> b)
+{
+    return {_mm_or_si128(_mm_and_si128(mask.v, a.v), _mm_andnot_si128(mask.v, b.v))};
+}
 #endif
 
 template <int N, int W = 1>
@@ -80,6 +110,35 @@ requires(N == 16) OP half<N> load_chroma_high(const uint8_t* p)
     return {_mm_unpacklo_epi8(_mm_setzero_si128(), _mm_loadl_epi64(xmm(p)))};
 }
 OP u8<16> load_first8(const uint8_t* p) { return {_mm_loadl_epi64(xmm(p))}; }
+template <int N, int W = 1>
+requires(N == 16) OP wide<N> load_two(const uint8_t* p)
+{
+    return {{_mm_loadu_si128(xmm(p))}, {_mm_loadu_si128(xmm(p + 16))}};
+}
+
+// N/2 samples at p, then N/2 at q; and back.
+template <int N>
+requires(N == 16) OP u8<N> load_halves(const uint8_t* p, const uint8_t* q)
+{
+    return {_mm_unpacklo_epi64(_mm_loadl_epi64(xmm(p)), _mm_loadl_epi64(xmm(q)))};
+}
+OP void put_halves(uint8_t* p, uint8_t* q, u8<16> a)
+{
+    _mm_storel_epi64(xmm(p), a.v);
+    _mm_storel_epi64(xmm(q), _mm_unpackhi_epi64(a.v, a.v));
+}
+
+// Each sample's right neighbour; the last one is its own.
+OP u8<16> neighbours_to_the_end(u8<16> a)
+{
+    const auto last = _mm_slli_si128(_mm_cmpeq_epi8(a.v, a.v), 15);
+    return {_mm_or_si128(_mm_srli_si128(a.v, 1), _mm_and_si128(a.v, last))};
+}
+OP half<16> neighbours_to_the_end(half<16> a)
+{
+    const auto last = _mm_slli_si128(_mm_cmpeq_epi8(a.v, a.v), 14);
+    return {_mm_or_si128(_mm_srli_si128(a.v, 2), _mm_and_si128(a.v, last))};
+}
 
 template <Stores S = Stores::cached> OP void put(uint8_t* p, u8<16> a)
 {

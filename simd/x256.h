@@ -18,6 +18,7 @@ template <> struct u8<32> {
 template <> struct half<32> {
     __m256i v;
     OP half splat(int x) { return {_mm256_set1_epi16(static_cast<short>(x))}; }
+    OP half alternate(int x, int y) { return {_mm256_set1_epi32((x & 0xffff) | y * 0x10000)}; }
 };
 
 OP half<32> add(half<32> a, half<32> b) { return {_mm256_add_epi16(a.v, b.v)}; }
@@ -29,11 +30,16 @@ OP half<32> mullo(half<32> a, half<32> b) { return {_mm256_mullo_epi16(a.v, b.v)
 OP half<32> mulhi_unsigned(half<32> a, half<32> b) { return {_mm256_mulhi_epu16(a.v, b.v)}; }
 OP half<32> avg(half<32> a, half<32> b) { return {_mm256_avg_epu16(a.v, b.v)}; }
 OP half<32> bit_or(half<32> a, half<32> b) { return {_mm256_or_si256(a.v, b.v)}; }
+OP half<32> least(half<32> a, half<32> b) { return {_mm256_min_epi16(a.v, b.v)}; }
+OP half<32> most(half<32> a, half<32> b) { return {_mm256_max_epi16(a.v, b.v)}; }
 template <int K> OP half<32> shl(half<32> a) { return {_mm256_slli_epi16(a.v, K)}; }
 template <int K> OP half<32> shr(half<32> a) { return {_mm256_srli_epi16(a.v, K)}; }
+template <int K> OP half<32> shr_signed(half<32> a) { return {_mm256_srai_epi16(a.v, K)}; }
 
 OP u8<32> bit_or(u8<32> a, u8<32> b) { return {_mm256_or_si256(a.v, b.v)}; }
 OP u8<32> bit_and(u8<32> a, u8<32> b) { return {_mm256_and_si256(a.v, b.v)}; }
+OP u8<32> avg(u8<32> a, u8<32> b) { return {_mm256_avg_epu8(a.v, b.v)}; }
+OP u8<32> sub_sat_unsigned(u8<32> a, u8<32> b) { return {_mm256_subs_epu8(a.v, b.v)}; }
 OP u8<32> bytes(half<32> a) { return {a.v}; }
 OP half<32> words(u8<32> a) { return {a.v}; }
 
@@ -44,9 +50,15 @@ OP i16<32> split_times4(u8<32> a)
     return {{_mm256_maddubs_epi16(a.v, _mm256_set1_epi16(4))}, {_mm256_maddubs_epi16(a.v, _mm256_set1_epi16(4 << 8))}};
 }
 
-OP half<32> averages_of_pairs(u8<32> a)
+template <int K> OP half<32> pair_sums(u8<32> a) { return {_mm256_maddubs_epi16(a.v, _mm256_set1_epi8(K))}; }
+OP half<32> averages_of_pairs(u8<32> a) { return avg(pair_sums<1>(a), half<32>::splat(0)); }
+
+OP u8<32> equal(u8<32> a, u8<32> b) { return {_mm256_cmpeq_epi8(a.v, b.v)}; }
+OP bool any(u8<32> mask) { return _mm256_movemask_epi8(mask.v) != 0; }
+OP u8<32> fours_above(u8<32> a, int limit)
 {
-    return avg(half<32>{_mm256_maddubs_epi16(a.v, _mm256_set1_epi8(1))}, half<32>::splat(0));
+    auto sums = _mm256_madd_epi16(pair_sums<1>(a).v, _mm256_set1_epi16(1));
+    return {_mm256_cmpgt_epi32(sums, _mm256_set1_epi32(limit))};
 }
 
 OP u8<32> pack(half<32> a, half<32> b) { return {_mm256_packus_epi16(a.v, b.v)}; }
@@ -65,6 +77,33 @@ requires(N == 32) OP u8<N> load(const uint8_t* p)
     if constexpr (W == 2) v = _mm256_permute4x64_epi64(v, 0xd8);
     if constexpr (W == 4) v = _mm256_permutevar8x32_epi32(v, _mm256_setr_epi32(0, 2, 4, 6, 1, 3, 5, 7));
     return {v};
+}
+
+// 2N bytes of which every two make a sample, in two registers whose `pack` is woven by W.
+template <int N, int W = 1>
+requires(N == 32) OP wide<N> load_two(const uint8_t* p)
+{
+    if constexpr (W == 1) {
+        auto lanes = [p](int first) VSURF_INLINED {
+            auto low = _mm256_castsi128_si256(_mm_loadu_si128(xmm(p + first)));
+            return half<N>{_mm256_inserti128_si256(low, _mm_loadu_si128(xmm(p + first + 32)), 1)};
+        };
+        return {lanes(0), lanes(16)};
+    } else {
+        auto first = load<N, W / 2>(p), second = load<N, W / 2>(p + N);
+        return {words(first), words(second)};
+    }
+}
+
+template <int N>
+requires(N == 32) OP u8<N> load_halves(const uint8_t* p, const uint8_t* q)
+{
+    return {_mm256_inserti128_si256(_mm256_castsi128_si256(_mm_loadu_si128(xmm(p))), _mm_loadu_si128(xmm(q)), 1)};
+}
+OP void put_halves(uint8_t* p, uint8_t* q, u8<32> a)
+{
+    put(p, u8<16>{_mm256_castsi256_si128(a.v)});
+    put(q, u8<16>{_mm256_extracti128_si256(a.v, 1)});
 }
 
 // The woven words of the 16 samples at p: with -1 for a byte that becomes zero, either byte of a word may hold its

@@ -15,6 +15,7 @@ template <> struct u8<64> {
 template <> struct half<64> {
     __m512i v;
     OP half splat(int x) { return {_mm512_set1_epi16(static_cast<short>(x))}; }
+    OP half alternate(int x, int y) { return {_mm512_set1_epi32((x & 0xffff) | y * 0x10000)}; }
 };
 
 OP half<64> add(half<64> a, half<64> b) { return {_mm512_add_epi16(a.v, b.v)}; }
@@ -26,11 +27,16 @@ OP half<64> mullo(half<64> a, half<64> b) { return {_mm512_mullo_epi16(a.v, b.v)
 OP half<64> mulhi_unsigned(half<64> a, half<64> b) { return {_mm512_mulhi_epu16(a.v, b.v)}; }
 OP half<64> avg(half<64> a, half<64> b) { return {_mm512_avg_epu16(a.v, b.v)}; }
 OP half<64> bit_or(half<64> a, half<64> b) { return {_mm512_or_si512(a.v, b.v)}; }
+OP half<64> least(half<64> a, half<64> b) { return {_mm512_min_epi16(a.v, b.v)}; }
+OP half<64> most(half<64> a, half<64> b) { return {_mm512_max_epi16(a.v, b.v)}; }
 template <int K> OP half<64> shl(half<64> a) { return {_mm512_slli_epi16(a.v, K)}; }
 template <int K> OP half<64> shr(half<64> a) { return {_mm512_srli_epi16(a.v, K)}; }
+template <int K> OP half<64> shr_signed(half<64> a) { return {_mm512_srai_epi16(a.v, K)}; }
 
 OP u8<64> bit_or(u8<64> a, u8<64> b) { return {_mm512_or_si512(a.v, b.v)}; }
 OP u8<64> bit_and(u8<64> a, u8<64> b) { return {_mm512_and_si512(a.v, b.v)}; }
+OP u8<64> avg(u8<64> a, u8<64> b) { return {_mm512_avg_epu8(a.v, b.v)}; }
+OP u8<64> sub_sat_unsigned(u8<64> a, u8<64> b) { return {_mm512_subs_epu8(a.v, b.v)}; }
 OP u8<64> bytes(half<64> a) { return {a.v}; }
 OP half<64> words(u8<64> a) { return {a.v}; }
 
@@ -41,9 +47,20 @@ OP i16<64> split_times4(u8<64> a)
     return {{_mm512_maddubs_epi16(a.v, _mm512_set1_epi16(4))}, {_mm512_maddubs_epi16(a.v, _mm512_set1_epi16(4 << 8))}};
 }
 
-OP half<64> averages_of_pairs(u8<64> a)
+template <int K> OP half<64> pair_sums(u8<64> a) { return {_mm512_maddubs_epi16(a.v, _mm512_set1_epi8(K))}; }
+OP half<64> averages_of_pairs(u8<64> a) { return avg(pair_sums<1>(a), half<64>::splat(0)); }
+
+OP u8<64> equal(u8<64> a, u8<64> b) { return {_mm512_movm_epi8(_mm512_cmpeq_epi8_mask(a.v, b.v))}; }
+OP bool any(u8<64> mask) { return _mm512_movepi8_mask(mask.v) != 0; }
+OP u8<64> fours_above(u8<64> a, int limit)
 {
-    return avg(half<64>{_mm512_maddubs_epi16(a.v, _mm512_set1_epi8(1))}, half<64>::splat(0));
+    auto sums = _mm512_madd_epi16(pair_sums<1>(a).v, _mm512_set1_epi16(1));
+    return {_mm512_maskz_set1_epi32(_mm512_cmpgt_epi32_mask(sums, _mm512_set1_epi32(limit)), -1)};
+}
+OP u8<64> choose(u8<64> mask, u8<64> a, u8<64> b)
+{
+    constexpr int first_selects_second_or_third = 0xca;
+    return {_mm512_ternarylogic_epi32(mask.v, a.v, b.v, first_selects_second_or_third)};
 }
 
 OP u8<64> pack(half<64> a, half<64> b) { return {_mm512_packus_epi16(a.v, b.v)}; }
@@ -67,6 +84,29 @@ requires(N == 64) OP u8<N> load(const uint8_t* p)
     if constexpr (W == 4)
         v = _mm512_permutexvar_epi32(_mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15), v);
     return {v};
+}
+
+template <int N, int W = 1>
+requires(N == 64) OP wide<N> load_two(const uint8_t* p)
+{
+    if constexpr (W == 1) {
+        auto first = _mm512_loadu_si512(p), second = _mm512_loadu_si512(p + N);
+        return {{_mm512_shuffle_i64x2(first, second, 0x88)}, {_mm512_shuffle_i64x2(first, second, 0xdd)}};
+    } else {
+        auto first = load<N, W / 2>(p), second = load<N, W / 2>(p + N);
+        return {words(first), words(second)};
+    }
+}
+
+template <int N>
+requires(N == 64) OP u8<N> load_halves(const uint8_t* p, const uint8_t* q)
+{
+    return {_mm512_inserti64x4(_mm512_castsi256_si512(_mm256_loadu_si256(ymm(p))), _mm256_loadu_si256(ymm(q)), 1)};
+}
+OP void put_halves(uint8_t* p, uint8_t* q, u8<64> a)
+{
+    put(p, u8<32>{_mm512_castsi512_si256(a.v)});
+    put(q, u8<32>{_mm512_extracti64x4_epi64(a.v, 1)});
 }
 
 template <int W> struct ChromaIndex : Index64 {

@@ -1,4 +1,4 @@
-// The pixel stores of all x86 widths, written once on the lane operations.
+// What all x86 widths share, written once on the lane operations; the pixel stores above all.
 #pragma once
 
 namespace vsurf::VSURF_ISA {
@@ -8,6 +8,42 @@ template <int N> OP i16<N> split(u8<N> a) { return {evens(a), shr<8>(words(a))};
 template <int N> OP i16<N> split_high(u8<N> a) { return {shl<8>(words(a)), odds_high(a)}; }
 // The words must be samples, 0 to 255.
 template <int N> OP u8<N> join(i16<N> a) { return bytes(bit_or(a.even, shl<8>(a.odd))); }
+
+template <int N> OP wide<N> widen(u8<N> a)
+{
+    auto zero = u8<N>::splat(0);
+    return {words(zip_lo8(a, zero)), words(zip_hi8(a, zero))};
+}
+// The samples in the high bytes of their words.
+template <int N> OP wide<N> widen_high(u8<N> a)
+{
+    auto zero = u8<N>::splat(0);
+    return {words(zip_lo8(zero, a)), words(zip_hi8(zero, a))};
+}
+template <int N> OP u8<N> narrow(wide<N> a) { return pack(a.low, a.high); } // saturated
+
+// K (a + b)
+template <int K, int N> OP wide<N> widened_sums(u8<N> a, u8<N> b)
+{
+#if defined __AVX2__
+    return {pair_sums<K>(zip_lo8(a, b)), pair_sums<K>(zip_hi8(a, b))};
+#else
+    auto x = widen(a), y = widen(b);
+    auto k = half<N>::splat(K);
+    return {mullo(add(x.low, y.low), k), mullo(add(x.high, y.high), k)};
+#endif
+}
+
+// The low bytes of the words, as samples.
+template <int N> OP u8<N> low_bytes(i16<N> a) { return bit_or(bytes(evens(bytes(a.even))), bytes(shl<8>(a.odd))); }
+
+template <int N> OP u8<N> abs_diff(u8<N> a, u8<N> b) { return bit_or(sub_sat_unsigned(a, b), sub_sat_unsigned(b, a)); }
+
+template <int N, int W = 1> OP Yuyv<N> load_yuyv(const uint8_t* p)
+{
+    auto px = load_two<N, W>(p);
+    return {pack(evens(bytes(px.low)), evens(bytes(px.high))), pack(shr<8>(px.low), shr<8>(px.high))};
+}
 
 // Saturated bytes in packed order: in each lane its eight even samples, then its eight odd ones.
 template <int N> OP u8<N> pack(i16<N> a) { return pack(a.even, a.odd); }
@@ -38,6 +74,14 @@ template <Stores S, int N> OP void store_packed_pairs(uint8_t* p, u8<N> a, u8<N>
 {
     auto even = zip_lo8(a, b), odd = zip_hi8(a, b);
     put_pairs<S>(p, zip_lo16(even, odd), zip_hi16(even, odd));
+}
+
+// a0 b0 c0 d0 a1 ...; woven by 4.
+template <Stores S, int N> OP void store_quads(uint8_t* p, u8<N> a, u8<N> b, u8<N> c, u8<N> d)
+{
+    auto ab_lo = zip_lo8(a, b), ab_hi = zip_hi8(a, b), cd_lo = zip_lo8(c, d), cd_hi = zip_hi8(c, d);
+    put_pairs<S>(p, zip_lo16(ab_lo, cd_lo), zip_hi16(ab_lo, cd_lo));
+    put_pairs<S>(p + 2 * N, zip_lo16(ab_hi, cd_hi), zip_hi16(ab_hi, cd_hi));
 }
 
 // b g r 0 a pixel; woven by 4.

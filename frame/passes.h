@@ -1,0 +1,110 @@
+// How the two lines of a pass are walked, whatever is done to their pixels.
+//
+// A Step does N source pixels, kWidest of them at the most and 16 at the least: `chroma<N>(at, x)` is what both lines
+// share, `luma<line, N>(at, x)` what is one line's own, `store<stores, line>(at, x, luma, chroma)` makes pixels of
+// them. It stores kBytes bytes a source pixel; kStreams tells whether it stores every byte of a line, which may then be
+// streamed.
+#pragma once
+#include "frame/walk.h"
+
+namespace vsurf::VSURF_ISA {
+
+enum class Line { upper, lower };
+
+template <Line line, int N, class Step> OP void one_line(const Step& step, Position at, ptrdiff_t x)
+{
+    auto chroma = step.template chroma<N>(at, x);
+    step.template store<Stores::cached, line>(at, x, step.template luma<line, N>(at, x), chroma);
+}
+
+// Reads both lines before it stores either: past a store the compiler would have to read again.
+template <Stores S, int widest, class Step>
+OP void both_lines(const Step& step, Position upper, Position lower, ptrdiff_t x, ptrdiff_t end)
+{
+    along<widest, kBlock>(x, end, [=]<int N>(ptrdiff_t from) VSURF_INLINED {
+        auto shared = step.template chroma<N>(upper, from);
+        auto first = step.template luma<Line::upper, N>(upper, from);
+        auto second = step.template luma<Line::lower, N>(lower, from);
+        step.template store<S, Line::upper>(upper, from, first, shared);
+        step.template store<S, Line::lower>(lower, from, second, shared);
+    });
+}
+
+// A line of 2160p. What is kept of its chroma takes 12 KiB of stack at the most.
+constexpr ptrdiff_t kStripPixels = 4096;
+
+// Memory takes streamed lines best one after the other. A strip of the upper line leaves what it made of the chroma to
+// the lower one.
+template <class Step> OP void stream_strip(const Step& step, Position upper, Position lower, ptrdiff_t x, ptrdiff_t end)
+{
+    constexpr int N = Step::kWidest;
+    decltype(step.template chroma<N>(upper, x)) shared[kStripPixels / N];
+    for (ptrdiff_t i = 0; x + i * N < end; i++) {
+        shared[i] = step.template chroma<N>(upper, x + i * N);
+        auto luma = step.template luma<Line::upper, N>(upper, x + i * N);
+        step.template store<Stores::streaming, Line::upper>(upper, x + i * N, luma, shared[i]);
+    }
+    for (ptrdiff_t i = 0; x + i * N < end; i++) {
+        auto luma = step.template luma<Line::lower, N>(lower, x + i * N);
+        step.template store<Stores::streaming, Line::lower>(lower, x + i * N, luma, shared[i]);
+    }
+}
+
+// Streams the whole cache lines of a pass and tells how many pixels that were.
+template <class Step> OP ptrdiff_t stream_cache_lines(const Step& step, Position upper, Position lower, ptrdiff_t width)
+{
+    constexpr ptrdiff_t whole = whole_lines(Step::kBytes), unit = whole > Step::kWidest ? whole : Step::kWidest;
+    const ptrdiff_t streamed = width & -unit;
+    for (ptrdiff_t x = 0; x < streamed; x += kStripPixels)
+        stream_strip(step, upper, lower, x, streamed - x < kStripPixels ? streamed : x + kStripPixels);
+    if constexpr (whole <= kBlock && kBlock < Step::kWidest) {
+        both_lines<Stores::streaming, Step::kWidest / 2>(step, upper, lower, streamed, width);
+        return width;
+    }
+    return streamed;
+}
+
+// What shares its cache line with the bytes that follow is stored as usual.
+template <class Step>
+OP void write_pass(const Step& step, Position upper, Position lower, ptrdiff_t width, bool streamed)
+{
+    ptrdiff_t x = 0;
+    if constexpr (Step::kStreams)
+        if (streamed) x = stream_cache_lines(step, upper, lower, width);
+    both_lines<Stores::cached, Step::kWidest>(step, upper, lower, x, width);
+}
+
+// Block by block, in the contract's own order of stores.
+template <class W, class Step> OP void do_in_order(const W& walk, const Step& step)
+{
+    Position upper = walk.start;
+    for (ptrdiff_t pass = 0; pass < walk.passes; pass++, upper = upper + walk.to_next_pass) {
+        Position lower = upper + walk.to_lower;
+        if constexpr (W::kOrder == Order::by_block) {
+            both_lines<Stores::cached, kBlock>(step, upper, lower, 0, walk.width);
+        } else {
+            for (ptrdiff_t x = 0; x < walk.width; x += kBlock) one_line<Line::upper, kBlock>(step, upper, x);
+            for (ptrdiff_t x = 0; x < walk.width; x += kBlock) one_line<Line::lower, kBlock>(step, lower, x);
+        }
+    }
+}
+
+// In whatever order is fastest.
+template <class Step> OP void do_freely(const Walk& walk, const Step& step)
+{
+    const bool streamed = Step::kStreams && streams(walk);
+    Position upper = walk.start;
+    for (ptrdiff_t pass = 0; pass < walk.passes; pass++, upper = upper + walk.to_next_pass)
+        write_pass(step, upper, upper + walk.to_lower, walk.width, streamed);
+    if (streamed) fence_streaming();
+}
+
+OP bool order_shows(const Walk& walk) { return lines_overlap(walk) || walk.to_lower.chroma != 0; }
+
+template <class W, class Step> OP void do_walk(const W& walk, const Step& step)
+{
+    if (order_shows(walk)) do_in_order(walk, step);
+    else do_freely(walk, step);
+}
+
+} // namespace vsurf::VSURF_ISA

@@ -1,0 +1,63 @@
+// Packed YUY2 pictures into packed surfaces. The second line of a pass keeps its luma and takes the first one's chroma.
+#pragma once
+#include "frame/adjust.h"
+#include "frame/pack.h"
+#include "frame/passes.h"
+
+namespace vsurf::VSURF_ISA {
+
+// The samples are taken plain or adjusted; the sink says what becomes of them on the surface.
+template <class Sink, class Samples> struct PackedStep {
+    static constexpr int kWidest = kLanes, kBytes = Sink::kBytes;
+    static constexpr bool kStreams = true;
+    Samples samples;
+
+    template <int N> MEMBER auto chroma(Position at, ptrdiff_t x) const
+    {
+        auto words = samples.u_and_v(load_yuyv<N, Sink::kWeave>(at.y + 2 * x).uv);
+        return Sink::chroma(words.even, words.odd);
+    }
+    template <Line, int N> MEMBER u8<N> luma(Position at, ptrdiff_t x) const
+    {
+        return load_yuyv<N, Sink::kWeave>(at.y + 2 * x).y;
+    }
+    template <Stores S, Line, int N, class Chroma>
+    MEMBER void store(Position at, ptrdiff_t x, u8<N> y, const Chroma& chroma) const
+    {
+        Sink::template store<S>(at.dst + x * Sink::kBytes, samples, y, chroma);
+    }
+};
+
+// Onto YUY2 nothing has to be unpacked: steps count bytes, of which every second one is luma.
+struct PlainBytes {
+    template <int N> MEMBER half<N> luma(u8<N> bytes) const { return split(bytes).even; }
+    template <int N> MEMBER half<N> chroma(u8<N> bytes) const { return split(bytes).odd; }
+};
+template <class Gain> struct AdjustedBytes {
+    Adjustments by;
+
+    template <int N> MEMBER half<N> luma(u8<N> bytes) const
+    {
+        return by.luma.offset(Gain::scale(by.luma, Gain::split(bytes).even));
+    }
+    template <int N> MEMBER half<N> chroma(u8<N> bytes) const
+    {
+        return SampleAdjust::offset(Gain::scale(by.u, Gain::split(bytes).odd), // U and V have one gain
+                                    half<N>::alternate(by.u.lifted_offset, by.v.lifted_offset));
+    }
+};
+
+template <class Bytes> struct PackedBytesStep {
+    static constexpr int kWidest = kLanes, kBytes = 1;
+    static constexpr bool kStreams = true;
+    Bytes bytes;
+
+    template <int N> MEMBER half<N> chroma(Position at, ptrdiff_t x) const { return bytes.chroma(load<N>(at.y + x)); }
+    template <Line, int N> MEMBER half<N> luma(Position at, ptrdiff_t x) const { return bytes.luma(load<N>(at.y + x)); }
+    template <Stores S, Line, int N> MEMBER void store(Position at, ptrdiff_t x, half<N> luma, half<N> chroma) const
+    {
+        put<S>(at.dst + x, join(i16<N>{luma, chroma}));
+    }
+};
+
+} // namespace vsurf::VSURF_ISA

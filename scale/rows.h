@@ -1,0 +1,57 @@
+// The lines of an enlarged picture, written two at a time.
+#pragma once
+#include "frame/pack.h"
+#include "frame/passes.h"
+#include "scale/source.h"
+
+namespace vsurf::VSURF_ISA {
+
+OP bool streams(const uint8_t* dst, ptrdiff_t pitch, ptrdiff_t line_bytes, ptrdiff_t lines)
+{
+    auto misaligned = reinterpret_cast<uintptr_t>(dst) | static_cast<uintptr_t>(pitch);
+    const bool apart = pitch >= line_bytes || -pitch >= line_bytes;
+    return misaligned % kCacheLine == 0 && apart && static_cast<size_t>(line_bytes * lines) >= streaming_from();
+}
+
+// `width` in source pixels, whole blocks of 16.
+template <class Step>
+OP void write_two_lines(const Step& step, uint8_t* upper, uint8_t* lower, ptrdiff_t width, bool streamed)
+{
+    const Position first{nullptr, nullptr, nullptr, upper}, second{nullptr, nullptr, nullptr, lower};
+    write_pass(step, first, second, width, streamed);
+}
+
+// The last block of both lines; its bytes fill whole cache lines where they are streamed.
+template <class Step>
+OP void write_last_block(const Step& step, uint8_t* upper, uint8_t* lower, ptrdiff_t x, bool streamed)
+{
+    static_assert(kBlock * Step::kBytes % kCacheLine == 0);
+    const Position first{nullptr, nullptr, nullptr, upper}, second{nullptr, nullptr, nullptr, lower};
+    if (streamed) both_lines<Stores::streaming, kBlock>(step, first, second, x, x + kBlock);
+    else both_lines<Stores::cached, kBlock>(step, first, second, x, x + kBlock);
+}
+
+// Two lines that share their chroma, each from sources of its own.
+template <class Sink, int widest, class Upper, class Lower, class Chroma> struct SourcesStep {
+    static constexpr int kWidest = widest, kBytes = Sink::kBytes;
+    static constexpr bool kStreams = true;
+    Upper upper;
+    Lower lower;
+    Chroma u, v;
+
+    template <int N> MEMBER auto chroma(Position, ptrdiff_t x) const
+    {
+        return Sink::chroma(u.template words<N, Sink::kWeave>(x / 2), v.template words<N, Sink::kWeave>(x / 2));
+    }
+    template <Line line, int N> MEMBER u8<N> luma(Position, ptrdiff_t x) const
+    {
+        if constexpr (line == Line::upper) return upper.template bytes<N, Sink::kWeave>(x);
+        else return lower.template bytes<N, Sink::kWeave>(x);
+    }
+    template <Stores S, Line, int N, class C> MEMBER void store(Position at, ptrdiff_t x, u8<N> y, const C& c) const
+    {
+        Sink::template store<S>(at.dst + x * kBytes, Plain{}, y, c);
+    }
+};
+
+} // namespace vsurf::VSURF_ISA

@@ -1,0 +1,87 @@
+// Where the samples of a new line come from: a line of a plane, what is formed of several, adjusted before or after.
+//
+// `bytes<N, W>(x)` gives N samples from x on, woven by W; `words<N, W>(x)` gives N/2 of them as words, the form in
+// which chroma meets the luma of N pixels. The expression of the types tells the order of the work: Adjusted<G,
+// Average<Row>> adjusts averages, Average<Adjusted<G, Row>> averages adjusted samples.
+#pragma once
+#include "frame/adjust.h"
+
+namespace vsurf::VSURF_ISA {
+
+struct Row {
+    const uint8_t* samples;
+
+    template <int N, int W> MEMBER u8<N> bytes(ptrdiff_t x) const { return load<N, W>(samples + x); }
+    template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const { return load_chroma<N, W>(samples + x); }
+};
+
+// (a + b + 1) >> 1; of a line with itself, the line.
+template <class Of> struct Average {
+    Of a, b;
+
+    template <int N, int W> MEMBER u8<N> bytes(ptrdiff_t x) const
+    {
+        return avg(a.template bytes<N, W>(x), b.template bytes<N, W>(x));
+    }
+    template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const
+    {
+        return avg(a.template words<N, W>(x), b.template words<N, W>(x));
+    }
+};
+template <class Of> Average(Of, Of) -> Average<Of>;
+
+// (5 b + 5 c - a - d) >> 3 of four lines in their order, floored, cut to a sample. At most 5 * 510 and at least -510,
+// so words do.
+struct FourTap {
+    Row a, b, c, d;
+
+    template <int N, int W> MEMBER u8<N> bytes(ptrdiff_t x) const
+    {
+        auto inner = widened_sums<5>(b.bytes<N, W>(x), c.bytes<N, W>(x));
+        auto outer = widened_sums<1>(a.bytes<N, W>(x), d.bytes<N, W>(x));
+        return narrow(wide<N>{shr_signed<3>(sub(inner.low, outer.low)), shr_signed<3>(sub(inner.high, outer.high))});
+    }
+    template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const
+    {
+        auto inner = add(b.words<N, W>(x), c.words<N, W>(x)), outer = add(a.words<N, W>(x), d.words<N, W>(x));
+        auto sum = shr_signed<3>(sub(add(shl<2>(inner), inner), outer));
+        return least(most(sum, half<N>::splat(0)), half<N>::splat(255));
+    }
+};
+
+template <class Gain, class Of> struct Adjust {
+    SampleAdjust by;
+    Of of;
+
+    template <int N, int W> MEMBER u8<N> bytes(ptrdiff_t x) const
+    {
+        return adjusted<Gain>(by, of.template bytes<N, W>(x));
+    }
+    template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const { return by(of.template words<N, W>(x)); }
+};
+
+// Samples that look ahead: of every 8 the last one, which lies in the next 8, takes another offset.
+struct AheadPattern {
+    alignas(32) uint8_t last_of_8[32] = {};
+    constexpr AheadPattern()
+    {
+        for (int i = 7; i < 32; i += 8) last_of_8[i] = 1;
+    }
+};
+template <int N, int W> OP half<N> offsets_ahead(SampleAdjust by, SampleAdjust ahead)
+{
+    static constexpr AheadPattern pattern;
+    auto more = half<N>::splat(ahead.lifted_offset - by.lifted_offset);
+    return add(half<N>::splat(by.lifted_offset), mullo(load_chroma<N, W>(pattern.last_of_8), more));
+}
+struct AdjustAhead {
+    SampleAdjust by, ahead; // with the same gain
+    Row of;
+
+    template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const
+    {
+        return SampleAdjust::offset(by.scale(of.words<N, W>(x)), offsets_ahead<N, W>(by, ahead));
+    }
+};
+
+} // namespace vsurf::VSURF_ISA
