@@ -1,7 +1,8 @@
 // Every sample under every 16-bit gain, and under every 16-bit offset at telling gains.
 #include "harness/effort.h"
-#include "harness/loaders.h"
 #include "harness/random.h"
+#include "harness/variants.h"
+#include "model/samples.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // Pixel routines on several threads, and a state that changes under them. Build with -fsanitize=thread to see races:
 //   cmake -S . -B build-tsan -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_C_FLAGS=-fsanitize=thread
 //         -DCMAKE_CXX_FLAGS=-fsanitize=thread && ctest --test-dir build-tsan -R Concurrency
+#include "harness/case.h"
 #include "harness/effort.h"
-#include "harness/loaders.h"
-#include "harness/random.h"
+#include "harness/variants.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@
 
 namespace {
 
-using harness::Loader;
+using harness::Export;
 using harness::Variant;
 using Bytes = std::vector<uint8_t>;
 
@@ -32,23 +32,21 @@ struct Picture {
     Bytes y, u, v;
 };
 
-ajust_contrast_info surface_record()
-{
-    ajust_contrast_info info = {};
-    info.surface_height = info.lines_to_bottom = kHeight;
-    return info;
-}
-
-Bytes load(const Loader& loader, const Variant& table, Picture& p)
+Bytes load(const Export& tested, const Variant& table, Picture& p)
 {
     Bytes dst(kRoom, 0x77);
-    ajust_contrast_info info = surface_record();
-    (table.kernels->*loader.entry)(p.y.data(), p.u.data(), p.v.data(), dst.data(), kWidth, kHeight, kWidth,
-                                   kWidth * loader.block_bytes / 16, &info);
+    harness::Case c;
+    c.tested = &tested;
+    c.width = c.y_pitch = kWidth;
+    c.height = kHeight;
+    c.dst_pitch = harness::line_bytes(tested, kWidth);
+    c.info.surface_height = c.info.lines_to_bottom = kHeight;
+    tagVideoFrame frame = {0, p.y.data(), p.u.data(), p.v.data(), kWidth};
+    tested.call(*table.kernels, c, {p.y.data(), p.u.data(), p.v.data(), dst.data(), &c.info, &frame});
     return dst;
 }
 
-TEST(Concurrency, loaders_on_disjoint_memory_do_not_disturb_each_other)
+TEST(Concurrency, exports_on_disjoint_memory_do_not_disturb_each_other)
 {
     ajust_contrast_info adjustment = {};
     adjustment.y_gain = 70;
@@ -60,10 +58,10 @@ TEST(Concurrency, loaders_on_disjoint_memory_do_not_disturb_each_other)
         threads.emplace_back([seed, &wrong] {
             Picture picture(seed);
             for (const Variant& table : harness::variants()) {
-                for (const Loader& loader : harness::loaders()) {
-                    const Bytes first = load(loader, table, picture);
+                for (const Export& tested : harness::exports()) {
+                    const Bytes first = load(tested, table, picture);
                     if (first == Bytes(kRoom, 0x77)) ++wrong;
-                    for (int i = 0; i < harness::by_effort(20, 3); ++i) wrong += load(loader, table, picture) != first;
+                    for (int i = 0; i < harness::by_effort(20, 3); ++i) wrong += load(tested, table, picture) != first;
                 }
             }
         });
@@ -92,13 +90,10 @@ TEST(Concurrency, a_changing_adjustment_gives_each_picture_one_set_of_values)
     auto reader = [&pictures, &neither](uint64_t seed) {
         Picture picture(seed);
         std::fill(picture.y.begin(), picture.y.end(), uint8_t{50});
-        const Loader* mono = nullptr;
-        for (const Loader& loader : harness::loaders()) {
-            if (loader.entry == &vsurf::Kernels::loadimage_yuy2_mono_ajust) mono = &loader;
-        }
+        const Export& mono = harness::export_named("loadimage_yuy2_mono_ajust");
         for (int i = 0; i < harness::by_effort(300, 50); ++i) {
             for (const Variant& table : harness::variants()) {
-                const Bytes surface = load(*mono, table, picture);
+                const Bytes surface = load(mono, table, picture);
                 const int luma = surface[0];
                 bool uniform = luma == 50 || luma == 70 || luma == 100 || luma == 120;
                 for (size_t at = 0; at < size_t{2} * kWidth * kHeight; at += 2) uniform &= surface[at] == luma;
@@ -116,8 +111,8 @@ TEST(Concurrency, a_changing_adjustment_gives_each_picture_one_set_of_values)
     EXPECT_GT(pictures, 0);
 }
 
-// Every adjusted loader, for a sanitizer to watch: what they write is not the question here.
-TEST(Concurrency, every_adjusted_loader_runs_beside_a_changing_adjustment)
+// Every export, for a sanitizer to watch: what they write is not the question here.
+TEST(Concurrency, every_export_runs_beside_a_changing_adjustment)
 {
     std::atomic<bool> done{false};
     std::thread writer([&done] {
@@ -131,7 +126,7 @@ TEST(Concurrency, every_adjusted_loader_runs_beside_a_changing_adjustment)
     const Bytes before = picture.y;
     for (int i = 0; i < harness::by_effort(30, 5); ++i) {
         for (const Variant& table : harness::variants()) {
-            for (const Loader& loader : harness::loaders()) load(loader, table, picture);
+            for (const Export& tested : harness::exports()) load(tested, table, picture);
         }
     }
     done = true;

@@ -1,15 +1,21 @@
-// The comparison itself: the model, dressed as a table of loaders, passes; each way of spoiling it is caught.
+// The comparison itself: the model, dressed as a table of exports, passes; each way of spoiling it is caught.
 #include "harness/checker.h"
+#include "model/band.h"
+#include "model/enlarged.h"
+#include "model/packed.h"
+#include "model/planar.h"
+#include "model/planes.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <sstream>
 
 namespace {
 
 using harness::Case;
 using harness::Checker;
-using harness::Loader;
+using harness::Export;
 using harness::Placement;
 using harness::Variant;
 
@@ -26,6 +32,9 @@ enum class Spoil {
     kChangesSource,
     kChangesRecord,
     kReadsIgnoredRecord,
+    kReadsIgnoredPlane,
+    kChangesFrame,
+    kReadsBeyondFrame,
 };
 
 Spoil spoil;
@@ -36,10 +45,17 @@ model::Plane unlimited(void* origin)
     return {static_cast<uint8_t*>(origin), -kFar, kFar};
 }
 
-void do_spoil(model::Planes& planes, void* y, void* dst, ajust_contrast_info* info)
+// What a call could get at beside its planes.
+struct Around {
+    uint8_t *y, *u, *dst;
+    ajust_contrast_info* info;
+    tagVideoFrame* frame;
+};
+
+void do_spoil(model::Planes& planes, const Around& a)
 {
-    auto* to = static_cast<uint8_t*>(dst);
-    auto* luma = static_cast<volatile uint8_t*>(y);
+    uint8_t* to = a.dst;
+    auto* luma = static_cast<volatile uint8_t*>(a.y);
     switch (spoil) {
     case Spoil::kWrongByte: to[(planes.dst.low() + planes.dst.high()) / 2] ^= 1; break;
     case Spoil::kUnwrittenByte: to[planes.dst.high() - 1] ^= 0x55; break;
@@ -48,19 +64,61 @@ void do_spoil(model::Planes& planes, void* y, void* dst, ajust_contrast_info* in
     case Spoil::kReadsTooFar: static_cast<void>(luma[planes.y.high()]); break;
     case Spoil::kReadsTooEarly: static_cast<void>(luma[planes.y.low() - 1]); break;
     case Spoil::kChangesSource: luma[planes.y.low()] = static_cast<uint8_t>(luma[planes.y.low()] ^ 1); break;
-    case Spoil::kChangesRecord: info->reserved ^= 1; break;
-    case Spoil::kReadsIgnoredRecord: to[planes.dst.low()] ^= static_cast<uint8_t>(info->reserved | 1); break;
+    case Spoil::kChangesRecord: a.info->reserved ^= 1; break;
+    case Spoil::kReadsIgnoredRecord: to[planes.dst.low()] ^= static_cast<uint8_t>(a.info->reserved | 1); break;
+    case Spoil::kReadsIgnoredPlane: static_cast<void>(*static_cast<volatile uint8_t*>(a.u)); break;
+    case Spoil::kChangesFrame: a.frame->pitch ^= 1; break;
+    case Spoil::kReadsBeyondFrame: static_cast<void>(*reinterpret_cast<volatile uint8_t*>(a.frame + 1)); break;
     case Spoil::kNothing: break;
     }
 }
 
-#define EXPORT_(name, params, args)                                                                          \
-    void fake_##name params                                                                                  \
-    {                                                                                                        \
-        model::Planes planes = {unlimited(y), unlimited(u), unlimited(v), unlimited(dst)};                   \
-        model::name(planes, {width, height, y_pitch, dst_pitch, info, model::state_from(known_adjustment)}); \
-        do_spoil(planes, y, dst, info);                                                                      \
+// A model called as its export would be, one form for each list of parameters.
+class Imitation {
+public:
+    explicit Imitation(void (*model)(model::Planes&, const model::Call&)) : model_(model) {}
+
+    void operator()(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch,
+                    ajust_contrast_info* info) const
+    {
+        run({width, height, y_pitch, dst_pitch, info, {}}, y, u, v, dst, info);
     }
+
+    void operator()(unsigned char* src, unsigned char* dst, int width, int height, int src_pitch, int dst_pitch,
+                    ajust_contrast_info* info = nullptr, int plane = 0) const
+    {
+        run({width, height, src_pitch, dst_pitch, info, {}, plane}, src, nullptr, nullptr, dst, info);
+    }
+
+    void operator()(tagVideoFrame* frame, int start, int lines, unsigned char* dst, int dst_pitch,
+                    ajust_contrast_info* info) const
+    {
+        const model::Call call = {frame->pitch, lines, frame->pitch, dst_pitch, info,
+                                  {},           0,     start,        lines,     frame->field_mode};
+        run(call, frame->plane_y, frame->plane_u, frame->plane_v, dst, info, frame);
+    }
+
+    void operator()(void* src, void* u, void* v, void* dst, int line_bytes, int height, int dst_pitch,
+                    ajust_contrast_info* info = nullptr) const
+    {
+        run({line_bytes / 2, height, 0, dst_pitch, info, {}}, src, u, v, dst, info);
+    }
+
+private:
+    void run(model::Call call, void* y, void* u, void* v, void* dst, ajust_contrast_info* info,
+             tagVideoFrame* frame = nullptr) const
+    {
+        call.state = model::state_from(known_adjustment);
+        model::Planes planes = {unlimited(y), unlimited(u), unlimited(v), unlimited(dst)};
+        model_(planes, call);
+        do_spoil(planes, {static_cast<uint8_t*>(y), static_cast<uint8_t*>(u), static_cast<uint8_t*>(dst), info, frame});
+    }
+
+    void (*model_)(model::Planes&, const model::Call&);
+};
+
+#define EXPORT_(name, params, args) \
+    void fake_##name params { Imitation{model::name} args; }
 #include "frame/exports.inc"
 #undef EXPORT_
 
@@ -73,11 +131,11 @@ const vsurf::Kernels kFakes = {
 const std::vector<Variant> kFakeTables = {{"the model itself", &kFakes}};
 const Placement kInside = {Placement::Kind::kInside, 5};
 
-class HarnessSelfcheck : public testing::TestWithParam<Loader> {
+class HarnessSelfcheck : public testing::TestWithParam<Export> {
 protected:
     std::optional<std::string> run(Spoil how, const Placement& placement)
     {
-        Case c = harness::any_case(GetParam(), 37, 12, 4);
+        Case c = harness::any_case(GetParam(), width(), height(), 4);
         c.info.rgb16_layout = 2;
         spoil = how;
         known_adjustment = c.adjustment;
@@ -86,8 +144,15 @@ protected:
 
     void expect_fault(Spoil how, const Placement& placement)
     {
-        EXPECT_DEATH(run(how, placement), std::string("fault at .*") + GetParam().name + " width 37 height 12");
+        std::ostringstream call;
+        call << "fault at .*" << GetParam().name << " width " << width() << " height " << height();
+        EXPECT_DEATH(run(how, placement), call.str());
     }
+
+    static int width() { return harness::legal_width(GetParam(), 37); }
+    static int height() { return harness::legal_height(GetParam(), 12); }
+    static bool reads_record() { return GetParam().reads_layout || GetParam().reads_geometry; }
+    static bool has_frame() { return GetParam().family == harness::Family::kBand; }
 
     Checker checker_{size_t{1} << 20};
 };
@@ -113,8 +178,11 @@ TEST_P(HarnessSelfcheck, wrong_bytes_are_caught)
 TEST_P(HarnessSelfcheck, changed_inputs_are_caught)
 {
     EXPECT_TRUE(run(Spoil::kChangesSource, kInside));
-    if (GetParam().reads_layout || GetParam().reads_geometry) {
+    if (reads_record()) {
         EXPECT_TRUE(run(Spoil::kChangesRecord, kInside));
+    }
+    if (has_frame()) {
+        EXPECT_TRUE(run(Spoil::kChangesFrame, kInside));
     }
 }
 
@@ -125,11 +193,31 @@ TEST_P(HarnessSelfcheck, steps_beyond_the_touched_bytes_fault)
     expect_fault(Spoil::kByteTooFew, start);
     expect_fault(Spoil::kReadsTooFar, end);
     expect_fault(Spoil::kReadsTooEarly, start);
-    if (!GetParam().reads_layout && !GetParam().reads_geometry) expect_fault(Spoil::kReadsIgnoredRecord, kInside);
 }
 
-INSTANTIATE_TEST_SUITE_P(Loaders, HarnessSelfcheck, testing::ValuesIn(harness::loaders()),
+TEST_P(HarnessSelfcheck, looks_at_ignored_arguments_fault)
+{
+    const std::string name = GetParam().name;
+    if (!reads_record()) expect_fault(Spoil::kReadsIgnoredRecord, kInside);
+    if (name.starts_with("LoadYUY2") || name.starts_with("yuy2_")) expect_fault(Spoil::kReadsIgnoredPlane, kInside);
+    if (has_frame()) expect_fault(Spoil::kReadsBeyondFrame, kInside);
+}
+
+INSTANTIATE_TEST_SUITE_P(Exports, HarnessSelfcheck, testing::ValuesIn(harness::exports()),
                          [](const auto& tested) { return std::string(tested.param.name); });
+
+// A new export in the index must not go untested.
+TEST(HarnessIndex, every_export_has_a_model)
+{
+    const std::vector<std::string> indexed = {
+#define EXPORT_(name, params, args) #name,
+#include "frame/exports.inc"
+#undef EXPORT_
+    };
+    std::vector<std::string> modelled;
+    for (const Export& each : harness::exports()) modelled.push_back(each.name);
+    EXPECT_EQ(indexed, modelled);
+}
 
 // Writes a pass line by line instead of block by block; the difference shows only where the lines overlap.
 void line_by_line(void* y, void* u, void* v, void* dst, int width, int, int y_pitch, int dst_pitch,
@@ -148,9 +236,7 @@ TEST(HarnessSelfcheckOrder, the_order_of_stores_shows_where_lines_overlap)
     table.loadimage_rgb32 = line_by_line;
     Checker checker(size_t{1} << 16);
     Case c;
-    for (const Loader& loader : harness::loaders()) {
-        if (loader.entry == &vsurf::Kernels::loadimage_rgb32) c.loader = &loader;
-    }
+    c.tested = &harness::export_named("loadimage_rgb32");
     c.height = 2;
     for (c.width = 1; c.width <= 64; ++c.width) {
         c.y_pitch = c.width;

@@ -1,5 +1,5 @@
 // The state before the first `get_contrast_data`; a program of its own, since nothing brings that state back.
-#include "harness/loaders.h"
+#include "harness/variants.h"
 
 #include <gtest/gtest.h>
 

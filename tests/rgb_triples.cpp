@@ -1,5 +1,6 @@
 // All 2^24 combinations of Y, U and V through each RGB format, at even and at odd pixels, on both lines of a pass.
-#include "harness/loaders.h"
+#include "harness/exports.h"
+#include "harness/variants.h"
 
 #include <gtest/gtest.h>
 

@@ -113,7 +113,7 @@ TEST_P(Blocks, floating_point_works_after_each_call)
     info.surface_height = info.lines_to_bottom = 10;
     volatile long double third = 1.0L / 3.0L; // the x87 registers, where there are any
     volatile double eighth = 0.125;
-    for (const harness::Loader& loader : harness::loaders()) {
+    for (const harness::Export& loader : harness::loaders()) {
         load(loader.entry, Picture(), {32, 10, 32, 128}, 4096, &info);
         EXPECT_EQ(third * 3.0L, 1.0L) << loader.name;
         EXPECT_EQ(eighth * 8.0, 1.0) << loader.name;
@@ -122,7 +122,7 @@ TEST_P(Blocks, floating_point_works_after_each_call)
 
 TEST_P(Blocks, ignored_records_may_be_null)
 {
-    for (const harness::Loader& loader : harness::loaders()) {
+    for (const harness::Export& loader : harness::loaders()) {
         if (loader.reads_layout || loader.reads_geometry) continue;
         EXPECT_GT(written(load(loader.entry, Picture(), {16, 10, 16, 64}, 2048, nullptr)), 0u) << loader.name;
     }

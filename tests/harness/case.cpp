@@ -1,5 +1,6 @@
 #include "harness/case.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <sstream>
@@ -44,6 +45,14 @@ int any_offset(Random& random)
     return random.one_in(4) ? static_cast<int>(static_cast<uint32_t>(random.next())) : random.pick(kOffsets);
 }
 
+Content any_content(const Export& tested, Random& random)
+{
+    static constexpr Content kForEdges[] = {Content::kNoise, Content::kExtremes, Content::kNear, Content::kLevels,
+                                            Content::kStripes};
+    if (tested.family == Family::kBand) return random.pick(kForEdges);
+    return random.one_in(3) ? Content::kExtremes : Content::kNoise;
+}
+
 void any_geometry(Case& c, Random& random)
 {
     const int top = random.between(0, 4);
@@ -55,22 +64,64 @@ void any_geometry(Case& c, Random& random)
     if (c.dst_pitch % 4 == 0 && random.one_in(4)) c.info.lines_to_bottom ^= 1 << 30;
 }
 
+// A plane's lines are made in blocks of 8; a loader's may end anywhere.
+int whole_width(const Export& tested, int width)
+{
+    return tested.family == Family::kLoader ? width : (width + 7) / 8 * 8;
+}
+
 } // namespace
 
 int rounded(int width) { return width == 0 ? 16 : (width + 15) / 16 * 16; }
 
-int line_bytes(const Loader& loader, int width) { return width * loader.block_bytes / 16; }
+int line_bytes(const Export& tested, int width) { return width * tested.block_bytes / 16; }
 
-int source_pitch(const Loader& loader, int width, Pitch pitch, Random& random)
+std::vector<int> widths(const Export& tested, int widest)
 {
-    const int bytes = pitch_for(width, rounded(width), pitch, random);
-    return loader.signed_pitches ? bytes : unsigned_pitch(width, bytes);
+    std::vector<int> all;
+    for (int width = tested.sizes.least_width; width <= widest; width += tested.sizes.width_step) all.push_back(width);
+    return all;
 }
 
-int surface_pitch(const Loader& loader, int width, Pitch pitch, Random& random)
+std::vector<int> heights(const Export& tested, int highest)
 {
-    const int bytes = pitch_for(line_bytes(loader, width), line_bytes(loader, rounded(width)), pitch, random);
-    return loader.signed_pitches ? bytes : unsigned_pitch(width, bytes);
+    const Sizes& sizes = tested.sizes;
+    std::vector<int> all;
+    for (int height = -2; sizes.guarded && height < sizes.least_height; ++height) all.push_back(height);
+    for (int height = sizes.least_height; height <= highest; height += sizes.height_step) all.push_back(height);
+    return all;
+}
+
+int legal_width(const Export& tested, int width)
+{
+    const int step = tested.sizes.width_step;
+    return std::max(tested.sizes.least_width, (width + step - 1) / step * step);
+}
+
+int legal_height(const Export& tested, int height)
+{
+    const int step = tested.sizes.height_step;
+    return std::max(tested.sizes.least_height, (height + step - 1) / step * step);
+}
+
+int source_pitch(const Export& tested, int width, Pitch pitch, Random& random)
+{
+    const int bytes = pitch_for(width, rounded(width), pitch, random);
+    switch (tested.family) {
+    case Family::kLoader: return tested.signed_pitches ? bytes : unsigned_pitch(width, bytes);
+    case Family::kEnlarger: return bytes & ~1;
+    case Family::kBand: return width;
+    case Family::kPackedPicture: return 0;
+    default: return bytes;
+    }
+}
+
+int surface_pitch(const Export& tested, int width, Pitch pitch, Random& random)
+{
+    const int line = std::max(tested.sizes.least_line, line_bytes(tested, whole_width(tested, width)));
+    const int bytes = pitch_for(line, line_bytes(tested, rounded(width)), pitch, random);
+    if (tested.family == Family::kLoader) return tested.signed_pitches ? bytes : unsigned_pitch(width, bytes);
+    return std::abs(bytes) >= line ? bytes : bytes < 0 ? -line : line;
 }
 
 ajust_contrast_info unity_adjustment()
@@ -104,9 +155,12 @@ ajust_contrast_info any_adjustment(Random& random)
 void complete(Case& c, Random& random)
 {
     c.adjustment = any_adjustment(random);
-    c.content = random.one_in(3) ? Content::kExtremes : Content::kNoise;
+    c.content = any_content(*c.tested, random);
     c.seed = random.next();
-    // The loaders must take the adjustment from the state, so their own record holds another one.
+    c.plane = random.between(1, 3);
+    c.start = random.between(0, 3);
+    c.field_mode = random.pick({1, 1, 0, 2, -1});
+    // The exports must take the adjustment from the state, so their own record holds another one.
     c.info = any_adjustment(random);
     c.info.reserved = static_cast<int32_t>(static_cast<uint32_t>(random.next()));
     c.info.rgb16_layout = random.between(0, 3);
@@ -115,18 +169,18 @@ void complete(Case& c, Random& random)
     any_geometry(c, random);
 }
 
-Case any_case(const Loader& loader, int width, int height, uint64_t seed)
+Case any_case(const Export& tested, int width, int height, uint64_t seed)
 {
     static constexpr Pitch kPitches[] = {Pitch::kTight,   Pitch::kRounded,  Pitch::kPadded,  Pitch::kLines64,
                                          Pitch::kOdd,     Pitch::kNegative, Pitch::kTight,   Pitch::kNegativeOdd,
                                          Pitch::kCrowded, Pitch::kAny,      Pitch::kRounded, Pitch::kZero};
     Random random(seed);
     Case c;
-    c.loader = &loader;
+    c.tested = &tested;
     c.width = width;
     c.height = height;
-    c.y_pitch = source_pitch(loader, width, random.pick(kPitches), random);
-    c.dst_pitch = surface_pitch(loader, width, random.pick(kPitches), random);
+    c.y_pitch = source_pitch(tested, width, random.pick(kPitches), random);
+    c.dst_pitch = surface_pitch(tested, width, random.pick(kPitches), random);
     complete(c, random);
     return c;
 }
@@ -135,12 +189,12 @@ std::string describe(const Case& c)
 {
     std::ostringstream out;
     const ajust_contrast_info& a = c.adjustment;
-    out << (c.loader != nullptr ? c.loader->name : "?") << " width " << c.width << " height " << c.height << " y_pitch "
-        << c.y_pitch << " dst_pitch " << c.dst_pitch << " layout " << c.info.rgb16_layout << " surface_height "
-        << c.info.surface_height << " lines_to_bottom " << c.info.lines_to_bottom << " gains " << a.y_gain << ","
-        << a.uv_gain << " offsets " << a.y_offset_a << "+" << a.y_offset_b << "," << a.u_offset_a << "+" << a.u_offset_b
-        << "," << a.v_offset_a << "+" << a.v_offset_b << " content "
-        << (c.content == Content::kNoise ? "noise" : "extremes") << " seed " << c.seed;
+    out << (c.tested != nullptr ? c.tested->name : "?") << " width " << c.width << " height " << c.height << " y_pitch "
+        << c.y_pitch << " dst_pitch " << c.dst_pitch << " layout " << c.info.rgb16_layout << " plane " << c.plane
+        << " start " << c.start << " field_mode " << c.field_mode << " surface_height " << c.info.surface_height
+        << " lines_to_bottom " << c.info.lines_to_bottom << " gains " << a.y_gain << "," << a.uv_gain << " offsets "
+        << a.y_offset_a << "+" << a.y_offset_b << "," << a.u_offset_a << "+" << a.u_offset_b << "," << a.v_offset_a
+        << "+" << a.v_offset_b << " content " << name(c.content) << " seed " << c.seed;
     return out.str();
 }
 

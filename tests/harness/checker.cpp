@@ -12,33 +12,44 @@ namespace {
 constexpr int64_t kMargin = 256;  // bytes beyond the touched ones that are compared too, where there is memory
 constexpr uint64_t kShift = 8192; // a plane shows the content from any of so many bytes on
 
-std::vector<uint8_t> noise(size_t size, uint64_t seed)
+std::vector<uint8_t> pristine(size_t size)
 {
-    Random random(seed);
+    Random random(2);
     std::vector<uint8_t> bytes(size);
-    for (size_t i = 0; i + 8 <= size; i += 8) {
-        const uint64_t word = random.next();
-        std::memcpy(&bytes[i], &word, 8);
-    }
-    return bytes;
-}
-
-std::vector<uint8_t> extremes(std::vector<uint8_t> bytes)
-{
-    static constexpr uint8_t kExtremes[8] = {0, 15, 16, 128, 235, 255, 0, 255};
-    for (uint8_t& byte : bytes) byte = kExtremes[byte % 8];
+    for (uint8_t& byte : bytes) byte = static_cast<uint8_t>(random.next());
     return bytes;
 }
 
 int64_t size_of(const model::Plane& plane) { return plane.high() - plane.low(); }
 
+// Where a record lies in its arena: flush against the guard page behind it.
+template <class Record> Record* place(const Arena& arena) { return reinterpret_cast<Record*>(arena.end()) - 1; }
+
+template <class Record> Record* put(const Arena& arena, const Record& record)
+{
+    std::memcpy(place<Record>(arena), &record, sizeof record);
+    return place<Record>(arena);
+}
+
+template <class Record> bool intact(const Arena& arena, const Record& record)
+{
+    return std::memcmp(place<Record>(arena), &record, sizeof record) == 0;
+}
+
 } // namespace
 
 Checker::Checker(size_t reach)
-    : reach_(static_cast<int64_t>(reach)), noise_(noise(2 * reach + kShift, 1)), extremes_(extremes(noise_)),
-      pristine_(noise(2 * reach, 2)), image_(pristine_), y_(2 * reach), u_(2 * reach), v_(2 * reach), dst_(2 * reach),
-      records_(sizeof(ajust_contrast_info)), adjustments_(sizeof(ajust_contrast_info))
+    : reach_(static_cast<int64_t>(reach)), pristine_(pristine(2 * reach)), image_(pristine_), y_(2 * reach),
+      u_(2 * reach), v_(2 * reach), dst_(2 * reach), records_(sizeof(ajust_contrast_info)),
+      frames_(sizeof(tagVideoFrame)), adjustments_(sizeof(ajust_contrast_info))
 {
+}
+
+std::vector<uint8_t>& Checker::shown(Content content)
+{
+    std::vector<uint8_t>& bytes = contents_[content];
+    if (bytes.empty()) bytes = bytes_of(content, static_cast<size_t>(2 * reach_) + kShift);
+    return bytes;
 }
 
 std::optional<std::string> Checker::run(const Case& c, const std::vector<Placement>& placements,
@@ -60,16 +71,19 @@ std::optional<std::string> Checker::run(const Case& c, const std::vector<Placeme
 
 std::optional<std::string> Checker::run_model(const Case& c)
 {
-    std::vector<uint8_t>& content = c.content == Content::kNoise ? noise_ : extremes_;
-    auto shown = [&](int plane) { return content.data() + reach_ + (c.seed >> (16 * plane)) % kShift; };
-    planes_ = {{shown(0), -reach_, reach_},
-               {shown(1), -reach_, reach_},
-               {shown(2), -reach_, reach_},
+    std::vector<uint8_t>& content = shown(c.content);
+    auto show = [&](int plane) { return content.data() + reach_ + (c.seed >> (16 * plane)) % kShift; };
+    planes_ = {{show(0), -reach_, reach_},
+               {show(1), -reach_, reach_},
+               {show(2), -reach_, reach_},
                {image_.data() + reach_, -reach_, reach_}};
-    sources_[0] = {&planes_.y, shown(0), &y_, nullptr};
-    sources_[1] = {&planes_.u, shown(1), &u_, nullptr};
-    sources_[2] = {&planes_.v, shown(2), &v_, nullptr};
-    c.loader->model(planes_, {c.width, c.height, c.y_pitch, c.dst_pitch, &c.info, model::state_from(c.adjustment)});
+    sources_[0] = {&planes_.y, show(0), &y_, nullptr};
+    sources_[1] = {&planes_.u, show(1), &u_, nullptr};
+    sources_[2] = {&planes_.v, show(2), &v_, nullptr};
+    const model::Call call = {c.width, c.height, c.y_pitch, c.dst_pitch, &c.info, model::state_from(c.adjustment),
+                              c.plane, c.start,  c.height,  c.field_mode};
+    c.tested->model(planes_, call);
+    reads_record_ = call.info.was_read();
     for (const model::Plane* plane : {&planes_.y, &planes_.u, &planes_.v, &planes_.dst}) {
         if (plane->escaped()) return "the case touches memory beyond the reach of this test";
     }
@@ -94,8 +108,7 @@ bool Checker::place_sources(const Placement& placement)
 
 bool Checker::inputs_intact(const Case& c) const
 {
-    if (std::memcmp(records_.end() - sizeof c.info, &c.info, sizeof c.info) != 0) return false;
-    if (std::memcmp(adjustments_.end() - sizeof c.adjustment, &c.adjustment, sizeof c.adjustment) != 0) return false;
+    if (!intact(records_, c.info) || !intact(frames_, frame_) || !intact(adjustments_, c.adjustment)) return false;
     return std::all_of(std::begin(sources_), std::end(sources_), [](const Source& source) {
         const model::Plane& plane = *source.plane;
         return !plane.touched() || std::memcmp(source.placed + plane.low(), source.content + plane.low(),
@@ -119,22 +132,24 @@ std::optional<std::string> Checker::run_table(const Case& c, const Placement& pl
     return compare(dst, first, end);
 }
 
-// Arguments that a loader ignores get addresses that fault: its record, or planes that it must not read.
+// What a call must not look at gets an address that faults, or none: its record, its frame, planes.
 void Checker::call(const Case& c, const Variant& table, uint8_t* dst)
 {
-    auto put = [](const Arena& arena, const ajust_contrast_info& record) {
-        uint8_t* at = arena.end() - sizeof record;
-        std::memcpy(at, &record, sizeof record);
-        return reinterpret_cast<ajust_contrast_info*>(at);
-    };
-    ajust_contrast_info* info = put(records_, c.info);
-    if (!c.loader->reads_layout && !c.loader->reads_geometry) {
-        info = c.seed % 2 == 0 ? nullptr : reinterpret_cast<ajust_contrast_info*>(records_.forbidden());
-    }
+    Arguments a = {sources_[0].placed, sources_[1].placed, sources_[2].placed, dst, nullptr, nullptr};
+    std::memset(&frame_, 0, sizeof frame_);
+    frame_.field_mode = c.field_mode;
+    frame_.plane_y = a.y;
+    frame_.plane_u = a.u;
+    frame_.plane_v = a.v;
+    frame_.pitch = c.y_pitch;
+    a.info = put(records_, c.info);
+    a.frame = put(frames_, frame_);
+    const bool null = c.seed % 2 == 0;
+    if (!reads_record_) a.info = null ? nullptr : reinterpret_cast<ajust_contrast_info*>(records_.forbidden());
+    if (!planes_.dst.touched()) a.frame = null ? nullptr : reinterpret_cast<tagVideoFrame*>(frames_.forbidden());
     get_contrast_data(put(adjustments_, c.adjustment));
     if (table.apply != nullptr) table.apply();
-    (table.kernels->*c.loader->entry)(sources_[0].placed, sources_[1].placed, sources_[2].placed, dst, c.width,
-                                      c.height, c.y_pitch, c.dst_pitch, info);
+    c.tested->call(*table.kernels, c, a);
 }
 
 std::optional<std::string> Checker::compare(const uint8_t* dst, int64_t first, int64_t end) const

@@ -2,7 +2,9 @@
 #pragma once
 #include "harness/arena.h"
 #include "harness/case.h"
+#include "harness/variants.h"
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,6 +28,7 @@ private:
         uint8_t* placed = nullptr;
     };
 
+    std::vector<uint8_t>& shown(Content content);
     std::optional<std::string> run_model(const Case& c);
     bool place_sources(const Placement& placement);
     bool inputs_intact(const Case& c) const;
@@ -35,9 +38,12 @@ private:
     void forget_model();
 
     int64_t reach_;
-    std::vector<uint8_t> noise_, extremes_, pristine_, image_; // image_ is the model's destination
-    Arena y_, u_, v_, dst_, records_, adjustments_;
+    std::map<Content, std::vector<uint8_t>> contents_; // each made when a case first shows it
+    std::vector<uint8_t> pristine_, image_;            // image_ is the model's destination
+    Arena y_, u_, v_, dst_, records_, frames_, adjustments_;
     model::Planes planes_;
+    bool reads_record_ = false; // whether the case looks at the record that it is handed
+    tagVideoFrame frame_ = {};
     Source sources_[3];
 };
 

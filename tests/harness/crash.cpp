@@ -21,7 +21,7 @@ void report(int number, siginfo_t* details, void*)
             describe(*current_case) + "\n  on " + current_table->name + ", " + describe(*current_placement);
         std::fprintf(stderr, "fault at %p in %s\n", details->si_addr, text.c_str());
     } else {
-        std::fprintf(stderr, "fault at %p outside any loader call\n", details->si_addr);
+        std::fprintf(stderr, "fault at %p outside any call\n", details->si_addr);
     }
     std::fflush(stderr);
     signal(number, SIG_DFL);

@@ -2,6 +2,7 @@
 #pragma once
 #include "harness/arena.h"
 #include "harness/case.h"
+#include "harness/variants.h"
 
 namespace harness {
 

@@ -1,6 +1,7 @@
 // For tests that state their expectations by hand: each runs on every table and through the exported functions.
 #pragma once
-#include "harness/loaders.h"
+#include "harness/exports.h"
+#include "harness/variants.h"
 
 #include <gtest/gtest.h>
 
@@ -32,6 +33,22 @@ inline Bytes part(const Bytes& bytes, size_t from, size_t count)
 {
     const auto start = bytes.begin() + static_cast<std::ptrdiff_t>(from);
     return {start, start + static_cast<std::ptrdiff_t>(count)};
+}
+
+// Lines of `pitch` bytes, each of one value throughout.
+inline Bytes flat_lines(size_t pitch, const Bytes& values)
+{
+    Bytes plane;
+    for (const uint8_t value : values) plane.insert(plane.end(), pitch, value);
+    return plane;
+}
+
+// `pixels` pixels of YUY2, all the same.
+inline Bytes flat_yuy2(size_t pixels, uint8_t luma, uint8_t cb, uint8_t cr)
+{
+    Bytes bytes;
+    for (size_t i = 0; i < pixels; i += 2) bytes.insert(bytes.end(), {luma, cb, luma, cr});
+    return bytes;
 }
 
 struct Gains {
@@ -84,6 +101,15 @@ protected:
         return surface;
     }
 
+    // The destination after `call`, which is handed its address: for functions that take other arguments.
+    template <class Call> Bytes surface_after(size_t bytes, const Call& call)
+    {
+        Bytes surface(bytes, kUntouched);
+        GetParam().apply();
+        call(surface.data());
+        return surface;
+    }
+
     void load_onto(Bytes& surface, Entry entry, const Picture& p, Size size, ajust_contrast_info* info = nullptr,
                    size_t before = 0)
     {
@@ -92,9 +118,8 @@ protected:
                          size.y_pitch, size.dst_pitch, info);
     }
 
-private:
     // The exports take pointers to mutable planes, yet write to none of them.
-    static void* plane(const Bytes& bytes) { return const_cast<uint8_t*>(bytes.data()); }
+    static uint8_t* plane(const Bytes& bytes) { return const_cast<uint8_t*>(bytes.data()); }
 };
 
 #define VSURF_ON_EVERY_TABLE(suite)                                                             \

@@ -1,19 +1,8 @@
 // The planar loaders as their contract tells them: block by block, pointer by pointer, store by store.
 #pragma once
-#include "model/memory.h"
-#include "model/samples.h"
+#include "model/call.h"
 
 namespace model {
-
-struct Planes {
-    Plane y, u, v, dst;
-};
-
-struct Call {
-    int width, height, y_pitch, dst_pitch;
-    const ajust_contrast_info* info;
-    State state;
-};
 
 #define VSURF_MODEL_LOADER(name) void name(Planes& planes, const Call& call)
 VSURF_MODEL_LOADER(loadimage_yuy2);

@@ -1,40 +1,19 @@
 // Planar pictures to RGB surfaces, plain and adjusted.
+#include "model/pixels.h"
 #include "model/planar.h"
-
-#include <array>
 
 namespace model {
 namespace {
 
-enum class Format { kRgb32, kRgb24, kRgb16 };
-
-int bytes_per_pixel(Format format) { return format == Format::kRgb32 ? 4 : format == Format::kRgb24 ? 3 : 2; }
-
-void store_pixel(Pointer to, int index, const Rgb& pixel, Format format, uint32_t layout)
-{
-    const int at = index * bytes_per_pixel(format);
-    if (format == Format::kRgb16) {
-        const uint16_t word = rgb16(pixel, layout);
-        to.store(at, static_cast<uint8_t>(word & 0xFF));
-        to.store(at + 1, static_cast<uint8_t>(word >> 8));
-        return;
-    }
-    to.store(at, pixel.b);
-    to.store(at + 1, pixel.g);
-    to.store(at + 2, pixel.r);
-    if (format == Format::kRgb32) to.store(at + 3, 0);
-}
-
 struct Job {
-    Format format;
-    uint32_t layout;
+    PixelFormat format;
     bool adjusted;
     State state;
 };
 
-std::array<ChromaTerms, 8> block_terms(const Pointer& u, const Pointer& v, const Job& job)
+Terms8 block_terms(const Pointer& u, const Pointer& v, const Job& job)
 {
-    std::array<ChromaTerms, 8> terms;
+    Terms8 terms;
     for (int k = 0; k < 8; ++k) {
         uint8_t su = u[k], sv = v[k];
         if (job.adjusted) {
@@ -46,21 +25,23 @@ std::array<ChromaTerms, 8> block_terms(const Pointer& u, const Pointer& v, const
     return terms;
 }
 
-void convert_line(const Pointer& y, Pointer dst, const std::array<ChromaTerms, 8>& terms, const Job& job)
+void convert_line(const Pointer& y, const Pointer& dst, const Terms8& terms, const Job& job)
 {
+    Luma16 luma;
     for (int i = 0; i < 16; ++i) {
-        uint8_t luma = y[i];
-        if (job.adjusted) luma = adjust(luma, job.state.luma_gain, job.state.luma_offset);
-        store_pixel(dst, i, to_rgb(luma, terms[static_cast<size_t>(i / 2)]), job.format, job.layout);
+        uint8_t sample = y[i];
+        if (job.adjusted) sample = adjust(sample, job.state.luma_gain, job.state.luma_offset);
+        luma[static_cast<size_t>(i)] = sample;
     }
+    store_pixels(dst, luma, terms, job.format);
 }
 
 void load_rgb(Planes& planes, const Call& call, Format format, bool adjusted)
 {
-    Job job{format, 0, adjusted, call.state};
+    Job job{{format, 0}, adjusted, call.state};
     if (format == Format::kRgb16) {
-        job.layout = static_cast<uint32_t>(call.info->rgb16_layout);
-        if (job.layout > 3) return;
+        job.format.layout = static_cast<uint32_t>(call.info->rgb16_layout);
+        if (job.format.layout > 3) return;
     }
     const int pixel = bytes_per_pixel(format);
     Pointer y(planes.y), u(planes.u), v(planes.v), dst(planes.dst);

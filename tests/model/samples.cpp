@@ -44,6 +44,8 @@ uint8_t adjust(uint8_t sample, int16_t gain, int16_t offset)
     return saturate8(saturate16((product >> 6) + offset));
 }
 
+uint8_t average(uint8_t a, uint8_t b) { return static_cast<uint8_t>((a + b + 1) >> 1); }
+
 ChromaTerms chroma_terms(uint8_t u, uint8_t v)
 {
     const int16_t du = saturate16(u - 128);

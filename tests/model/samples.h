@@ -19,6 +19,8 @@ State state_from(const ajust_contrast_info& record);
 
 uint8_t adjust(uint8_t sample, int16_t gain, int16_t offset);
 
+uint8_t average(uint8_t a, uint8_t b); // rounded up
+
 // The four terms that a chroma pair contributes; every luma sample that shares the pair uses them.
 struct ChromaTerms {
     int16_t gu, bu, gv, rv;

@@ -52,8 +52,6 @@ template <class Block> void walk_lines(Planes& planes, const Call& call, int lin
     } while (lines.more_after(2));
 }
 
-uint8_t average(uint8_t a, uint8_t b) { return static_cast<uint8_t>((a + b + 1) >> 1); }
-
 void half_block(const Pointer& y, const Pointer& u, const Pointer& v, Pointer dst, const State& s)
 {
     for (int i = 0; i < 4; ++i) {

@@ -43,6 +43,20 @@ static inline __attribute__((always_inline)) __m512i vsurf_mm512_mulhi_epu16(__m
     return simde__m512i_from_private(left);
 }
 
+static inline __attribute__((always_inline)) __m512i vsurf_mm512_madd_epi16(__m512i a, __m512i b)
+{
+    simde__m512i_private left = simde__m512i_to_private(a), right = simde__m512i_to_private(b);
+    for (int i = 0; i < 2; ++i) left.m256i[i] = simde_mm256_madd_epi16(left.m256i[i], right.m256i[i]);
+    return simde__m512i_from_private(left);
+}
+
+static inline __attribute__((always_inline)) __m512i vsurf_mm512_shuffle_i64x2(__m512i a, __m512i b, int lanes)
+{
+    simde__m512i_private low = simde__m512i_to_private(a), high = simde__m512i_to_private(b), to;
+    for (int i = 0; i < 4; ++i) to.m128i[i] = (i < 2 ? low : high).m128i[lanes >> 2 * i & 3];
+    return simde__m512i_from_private(to);
+}
+
 static inline __attribute__((always_inline)) void vsurf_mm512_mask_storeu_epi64(void* p, __mmask8 mask, __m512i a)
 {
     long long words[8];
@@ -54,11 +68,15 @@ static inline __attribute__((always_inline)) void vsurf_mm512_mask_storeu_epi64(
 
 #undef _mm512_stream_si512
 #undef _mm512_mulhi_epu16
+#undef _mm512_madd_epi16
+#undef _mm512_shuffle_i64x2
 #undef _mm512_load_si512
 #undef _mm512_cvtepu8_epi16
 #undef _mm512_mask_storeu_epi64
 #define _mm512_stream_si512(p, a) vsurf_mm512_stream_si512(p, a)
 #define _mm512_mulhi_epu16(a, b) vsurf_mm512_mulhi_epu16(a, b)
+#define _mm512_madd_epi16(a, b) vsurf_mm512_madd_epi16(a, b)
+#define _mm512_shuffle_i64x2(a, b, lanes) vsurf_mm512_shuffle_i64x2(a, b, lanes)
 #define _mm512_load_si512(p) vsurf_mm512_load_si512(p)
 #define _mm512_cvtepu8_epi16(a) vsurf_mm512_cvtepu8_epi16(a)
 #define _mm512_mask_storeu_epi64(p, mask, a) vsurf_mm512_mask_storeu_epi64(p, mask, a)

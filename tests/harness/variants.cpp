@@ -1,4 +1,4 @@
-#include "harness/loaders.h"
+#include "harness/variants.h"
 
 #include "frame/streaming.h"
 #include "harness/effort.h"
@@ -26,28 +26,6 @@ void add(std::vector<Variant>& to, const std::string& name, const vsurf::Kernels
 }
 
 } // namespace
-
-const std::vector<Loader>& loaders()
-{
-#define LOADER_ROW(name) #name, &vsurf::Kernels::name, &model::name
-    static const std::vector<Loader> all = {
-        {LOADER_ROW(loadimage_yv12), 16, false, false, false},
-        {LOADER_ROW(loadimage_yuy2), 32, false, false, true},
-        {LOADER_ROW(loadimage_rgb32), 64, false, false, true},
-        {LOADER_ROW(loadimage_rgb24), 48, false, false, true},
-        {LOADER_ROW(loadimage_rgb16), 32, true, false, true},
-        {LOADER_ROW(loadimage_rgb32_ajust), 64, false, false, true},
-        {LOADER_ROW(loadimage_rgb24_ajust), 48, false, false, true},
-        {LOADER_ROW(loadimage_rgb16_ajust), 32, true, false, true},
-        {LOADER_ROW(loadimage_yuy2_ajust), 32, false, false, true},
-        {LOADER_ROW(loadimage_yuy2_mono_ajust), 32, false, false, true},
-        {LOADER_ROW(loadimage_yv12_ajust), 16, false, true, true},
-        {LOADER_ROW(loadimage_half_yuy2_ajust), 16, false, false, true},
-        {LOADER_ROW(loadimage_half_yv12_ajust), 8, false, false, true},
-    };
-#undef LOADER_ROW
-    return all;
-}
 
 const std::vector<Variant>& variants()
 {

@@ -1,14 +1,12 @@
 // Surfaces large enough for other ways of storing: whole cache lines past the caches, whatever the alignment.
-#include "harness/checker.h"
-#include "harness/effort.h"
-
-#include <gtest/gtest.h>
+#include "harness/exactness.h"
 
 namespace {
 
 using harness::Case;
 using harness::Checker;
-using harness::Loader;
+using harness::Export;
+using harness::Pitch;
 using harness::Placement;
 using harness::Random;
 
@@ -18,8 +16,20 @@ struct Size {
     int width, height;
 };
 
-constexpr Size kSizes[] = {{1920, 1080}, {1920, 64}, {3840, 40}, {1366, 200}, {1368, 768},
-                           {1000, 701},  {720, 576}, {4096, 80}, {2047, 90},  {656, 1000}};
+// Of a loader, of an enlarger.
+const std::vector<Size> kSizes[] = {
+    {{1920, 1080},
+     {1920, 64},
+     {3840, 40},
+     {1366, 200},
+     {1368, 768},
+     {1000, 701},
+     {720, 576},
+     {4096, 80},
+     {2047, 90},
+     {656, 1000}},
+    {{1920, 82}, {640, 240}, {976, 160}, {720, 288}},
+};
 
 // What to add to a line's bytes for its pitch: lines stay aligned as the base is, or wander.
 constexpr int kPadding[] = {0, 64, 32, 16, 8, 1, 48};
@@ -31,25 +41,26 @@ Checker& checker()
     return one;
 }
 
-class LargeSurfaces : public testing::TestWithParam<Loader> {};
+class LargeSurfaces : public testing::TestWithParam<Export> {};
 
 TEST_P(LargeSurfaces, every_kind_of_alignment)
 {
     Random random(21);
-    const Loader& loader = GetParam();
-    const size_t step = harness::by_effort(size_t{1}, std::size(kSizes) - 1);
-    for (size_t s = 1; s < std::size(kSizes) + 1; s += step) {
-        const Size& size = kSizes[s % std::size(kSizes)];
+    const Export& tested = GetParam();
+    const std::vector<Size>& sizes = kSizes[tested.family == harness::Family::kLoader ? 0 : 1];
+    const size_t step = harness::by_effort(size_t{1}, sizes.size() - 1);
+    for (size_t s = 1; s < sizes.size() + 1; s += step) {
+        const Size& size = sizes[s % sizes.size()];
         for (const int padding : kPadding) {
             if (harness::quick() && padding != 0 && padding != 16) continue;
             Case c;
-            c.loader = &loader;
-            c.width = size.width;
+            c.tested = &tested;
+            c.width = harness::legal_width(tested, size.width);
             c.height = size.height;
-            c.y_pitch = harness::rounded(size.width) + 16 * random.between(0, 3);
-            const int line = harness::line_bytes(loader, harness::rounded(size.width));
+            c.y_pitch = harness::source_pitch(tested, c.width, random.pick({Pitch::kRounded, Pitch::kPadded}), random);
+            const int line = harness::line_bytes(tested, harness::rounded(c.width));
             c.dst_pitch = (padding == 0 ? line : (line + 63) / 64 * 64 + padding);
-            if (loader.signed_pitches && random.one_in(5)) c.dst_pitch = -c.dst_pitch;
+            if (tested.signed_pitches && random.one_in(5)) c.dst_pitch = -c.dst_pitch;
             harness::complete(c, random);
             const Placement inside{Placement::Kind::kInside, random.pick(kAlignments)};
             const auto wrong = checker().run(c, {inside, random.pick({harness::flush()[0], harness::flush()[1]})});
@@ -61,12 +72,13 @@ TEST_P(LargeSurfaces, every_kind_of_alignment)
 // Pitches below a line's stores: the order of stores decides, in large surfaces as in small ones.
 TEST_P(LargeSurfaces, lines_that_overlap)
 {
+    if (GetParam().family != harness::Family::kLoader) GTEST_SKIP() << "enlarged lines may not overlap";
     Random random(22);
     static constexpr Size kOdd[] = {{1915, 600}, {1366, 768}, {3825, 300}, {1001, 1001}, {719, 577}};
     for (const Size& size : kOdd) {
         if (harness::quick() && size.height != 300) continue;
         Case c;
-        c.loader = &GetParam();
+        c.tested = &GetParam();
         c.width = size.width;
         c.height = size.height;
         c.y_pitch = size.width;
@@ -77,7 +89,6 @@ TEST_P(LargeSurfaces, lines_that_overlap)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Loaders, LargeSurfaces, testing::ValuesIn(harness::loaders()),
-                         [](const auto& tested) { return std::string(tested.param.name); });
+INSTANTIATE_TEST_SUITE_P(Exports, LargeSurfaces, testing::ValuesIn(harness::exports()), harness::name_of);
 
 } // namespace

@@ -1,0 +1,9 @@
+// The band enlarger as its contract tells it. The frame's pitch is `call.y_pitch`.
+#pragma once
+#include "model/call.h"
+
+namespace model {
+
+void strech_opt_yuy2_ajust(Planes& planes, const Call& call);
+
+} // namespace model
