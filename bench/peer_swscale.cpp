@@ -4,6 +4,7 @@ extern "C" {
 #include <libswscale/swscale.h>
 }
 
+#include <array>
 #include <memory>
 #include <stdexcept>
 
@@ -18,72 +19,117 @@ struct Tier {
 };
 
 constexpr Tier kTiers[] = {
-    {"swscale", -1},
+    {"", -1},
 #if defined __x86_64__ || defined __i386__
-    {"swscale-ssse3",
+    {"-ssse3",
      AV_CPU_FLAG_MMX | AV_CPU_FLAG_MMXEXT | AV_CPU_FLAG_SSE | AV_CPU_FLAG_SSE2 | AV_CPU_FLAG_SSE3 | AV_CPU_FLAG_SSSE3},
-    {"swscale-sse2", AV_CPU_FLAG_MMX | AV_CPU_FLAG_MMXEXT | AV_CPU_FLAG_SSE | AV_CPU_FLAG_SSE2},
+    {"-sse2", AV_CPU_FLAG_MMX | AV_CPU_FLAG_MMXEXT | AV_CPU_FLAG_SSE | AV_CPU_FLAG_SSE2},
 #endif
 };
 
-AVPixelFormat format_of(Target target)
+AVPixelFormat format_of(Source source)
 {
-    switch (target) {
-    case Target::rgb32: return AV_PIX_FMT_BGRA;
-    case Target::rgb24: return AV_PIX_FMT_BGR24;
-    case Target::rgb565: return AV_PIX_FMT_RGB565LE;
-    case Target::rgb555: return AV_PIX_FMT_RGB555LE;
-    case Target::yuy2:
-    case Target::half_yuy2: return AV_PIX_FMT_YUYV422;
-    case Target::yv12:
-    case Target::half_yv12: break;
+    switch (source) {
+    case Source::packed: return AV_PIX_FMT_YUYV422;
+    case Source::luma: return AV_PIX_FMT_GRAY8;
+    case Source::planar: break;
     }
     return AV_PIX_FMT_YUV420P;
 }
 
-bool is_half(Target target) { return target == Target::half_yuy2 || target == Target::half_yv12; }
-
-// Only the RGB converters are chosen per context; the rest of the library decides once per process.
-bool has_tiers(Target target)
+AVPixelFormat format_of(Surface surface)
 {
-    return target == Target::rgb32 || target == Target::rgb24 || target == Target::rgb565 || target == Target::rgb555;
+    switch (surface) {
+    case Surface::rgb32: return AV_PIX_FMT_BGRA;
+    case Surface::rgb24: return AV_PIX_FMT_BGR24;
+    case Surface::rgb565: return AV_PIX_FMT_RGB565LE;
+    case Surface::rgb555: return AV_PIX_FMT_RGB555LE;
+    case Surface::yuy2: return AV_PIX_FMT_YUYV422;
+    case Surface::plane: return AV_PIX_FMT_GRAY8;
+    case Surface::yv12: break;
+    }
+    return AV_PIX_FMT_YUV420P;
 }
 
-std::shared_ptr<SwsContext> make_context(Target target, Size size)
+bool same_size(const Access& access) { return access.half_widths == 2 && access.heights == 1; }
+
+bool is_rgb(Surface surface)
 {
-    const int width = is_half(target) ? size.width / 2 : size.width;
-    const int flags = target == Target::half_yv12 ? SWS_POINT : SWS_FAST_BILINEAR;
-    SwsContext* context = sws_getContext(size.width, size.height, AV_PIX_FMT_YUV420P, width, size.height,
-                                         format_of(target), flags, nullptr, nullptr, nullptr);
+    return surface == Surface::rgb32 || surface == Surface::rgb24 || surface == Surface::rgb565 ||
+           surface == Surface::rgb555;
+}
+
+// Where planar YUV becomes RGB of the same size it has converters of their own, at several instruction sets. What goes
+// through its general scaler is measured at the best one alone.
+bool has_tiers(const Access& access)
+{
+    return access.source == Source::planar && is_rgb(access.surface) && same_size(access);
+}
+
+struct Quality {
+    const char* name;
+    int flags;
+};
+
+std::vector<Quality> qualities_of(const Access& access)
+{
+    if (access.surface == Surface::yv12 && access.half_widths == 1) return {{"swscale", SWS_POINT}};
+    const bool scaler = access.enlarges() || (access.source == Source::packed && is_rgb(access.surface));
+    if (!scaler) return {{"swscale", SWS_FAST_BILINEAR}};
+    return {{"swscale", SWS_BILINEAR}, {"swscale-fast", SWS_FAST_BILINEAR}};
+}
+
+std::shared_ptr<SwsContext> make_context(const Layout& l, int quality, int cpu)
+{
+    av_force_cpu_flags(cpu);
+    const Size to = l.enlarged();
+    SwsContext* context = sws_getContext(l.size.width, l.size.height, format_of(l.access.source), to.width, to.height,
+                                         format_of(l.access.surface), quality, nullptr, nullptr, nullptr);
+    av_force_cpu_flags(-1);
     if (!context) throw std::runtime_error("libswscale does not know this conversion");
     return {context, sws_freeContext};
 }
 
+bool machine_has(int cpu)
+{
+    av_force_cpu_flags(-1);
+    return cpu == -1 || (av_get_cpu_flags() & cpu) == cpu;
+}
+
+template <class Byte> struct Image {
+    std::array<Byte*, 4> planes{};
+    std::array<int, 4> pitches{};
+};
+
+template <class Byte> Image<Byte> image(const Planes& p, bool chroma)
+{
+    if (!chroma) return {{p.y}, {p.pitch}};
+    return {{p.y, p.u, p.v}, {p.pitch, p.pitch / 2, p.pitch / 2}};
+}
+
+Load load_with(const std::shared_ptr<SwsContext>& context, const Layout& l)
+{
+    return [=](const Picture& p) {
+        const auto from = image<const uint8_t>({p.y, p.u, p.v, l.y_pitch}, l.access.source == Source::planar);
+        const auto to =
+            image<uint8_t>(planes_of(p.surface, l.dst_pitch, l.enlarged().height), l.access.surface == Surface::yv12);
+        sws_scale(context.get(), from.planes.data(), from.pitches.data(), 0, l.size.height, to.planes.data(),
+                  to.pitches.data());
+    };
+}
+
 } // namespace
 
-std::vector<Peer> swscale_peers(Target target, const Layout& layout)
+std::vector<Peer> swscale_peers(const Layout& layout)
 {
     av_log_set_level(AV_LOG_ERROR);
     std::vector<Peer> peers;
-    for (const Tier& tier : kTiers) {
-        if (tier.flags != -1 && !has_tiers(target)) continue;
-        av_force_cpu_flags(-1);
-        if (tier.flags != -1 && (av_get_cpu_flags() & tier.flags) != tier.flags) continue;
-        if (tier.flags != -1) av_force_cpu_flags(tier.flags);
-        auto context = make_context(target, layout.size);
-        av_force_cpu_flags(-1);
-        peers.push_back({tier.name, [] {},
-                         [=](const Picture& p) {
-                             const uint8_t* from[] = {p.y, p.u, p.v, nullptr};
-                             const int from_pitch[] = {layout.y_pitch, layout.y_pitch / 2, layout.y_pitch / 2, 0};
-                             uint8_t* v = p.surface + ptrdiff_t{layout.dst_pitch} * layout.size.height;
-                             uint8_t* u = v + ptrdiff_t{layout.dst_pitch / 2} * (layout.size.height / 2);
-                             const bool planar = target == Target::yv12 || target == Target::half_yv12;
-                             uint8_t* to[] = {p.surface, planar ? u : nullptr, planar ? v : nullptr, nullptr};
-                             const int to_pitch[] = {layout.dst_pitch, planar ? layout.dst_pitch / 2 : 0,
-                                                     planar ? layout.dst_pitch / 2 : 0, 0};
-                             sws_scale(context.get(), from, from_pitch, 0, layout.size.height, to, to_pitch);
-                         }});
+    for (const Quality& quality : qualities_of(layout.access)) {
+        for (const Tier& tier : kTiers) {
+            if ((tier.flags != -1 && !has_tiers(layout.access)) || !machine_has(tier.flags)) continue;
+            peers.push_back({std::string(quality.name) + tier.name, [] {},
+                             load_with(make_context(layout, quality.flags, tier.flags), layout)});
+        }
     }
     return peers;
 }

@@ -8,8 +8,9 @@
 #include <cstring>
 #include <fstream>
 #include <new>
-#include <random>
 #include <stdexcept>
+
+#include "bench/content.h"
 
 namespace bench {
 namespace {
@@ -21,43 +22,40 @@ constexpr size_t kStagger = 17 * kLine;
 
 constexpr int round_up(int value, int unit) { return (value + unit - 1) / unit * unit; }
 
-int surface_pitch(Access access, int width)
-{
-    switch (access) {
-    case Access::rgb32: return round_up(4 * width, 64);
-    case Access::rgb24: return round_up(3 * width, 64);
-    case Access::rgb16:
-    case Access::yuy2:
-    case Access::yuy2_whole:
-    case Access::yuy2_grey: return round_up(2 * width, 64);
-    case Access::half_yuy2: return round_up(width, 64);
-    case Access::half_yv12: return round_up(width / 2, 128); // the chroma pitch, half of it, stays aligned too
-    case Access::yv12:
-    case Access::yv12_row_by_row: break;
-    }
-    return round_up(width, 128);
-}
+bool is_planar(Surface surface) { return surface == Surface::yv12 || surface == Surface::plane; }
 
 size_t plane_bytes(size_t bytes) { return (bytes + kLine - 1) / kLine * kLine + kStagger; }
 
-} // namespace
-
-Layout layout_of(Access access, Size size)
+// What the walk may touch, where it is not the ordinary one.
+void widen(Layout& layout, size_t luma, size_t surface)
 {
-    const int y_pitch = round_up(size.width, 128);
-    const int dst_pitch = surface_pitch(access, size.width);
-    const auto luma = static_cast<size_t>(y_pitch) * static_cast<size_t>(size.height);
-    const auto surface = static_cast<size_t>(dst_pitch) * static_cast<size_t>(size.height);
-    Layout layout{size, y_pitch, dst_pitch, luma, luma / 4, surface};
-    if (access == Access::yv12) {
+    if (layout.access.oddity == Oddity::overlap) {
         // The luma source advances by both pitches, and as many chroma lines as luma lines are copied.
-        const auto advance = static_cast<size_t>(2 * y_pitch + 2 * dst_pitch - size.width);
-        layout.luma_bytes = advance * static_cast<size_t>(size.height / 2);
+        const auto advance = static_cast<size_t>(2 * layout.y_pitch + 2 * layout.dst_pitch - layout.size.width);
+        layout.luma_bytes = advance * static_cast<size_t>(layout.size.height / 2);
         layout.chroma_bytes = luma / 2;
         layout.surface_bytes = 2 * surface;
-    } else if (access == Access::yv12_row_by_row || access == Access::half_yv12) {
+    } else if (layout.access.surface == Surface::yv12) {
         layout.surface_bytes = surface * 3 / 2;
+    } else if (layout.access.surface == Surface::plane) {
+        layout.surface_bytes = surface + static_cast<size_t>(layout.dst_pitch); // one line below the enlarged plane
     }
+}
+
+} // namespace
+
+Layout layout_of(const Access& access, Size size)
+{
+    Layout layout{access, size, 0, 0, 0, 0, 0};
+    const int source = layout.source_line(), surface = layout.surface_line();
+    layout.y_pitch = access.rows == Rows::padded ? round_up(source, 128) : source;
+    // Half of it is the pitch of a YV12 surface's chroma, which stays aligned too.
+    layout.dst_pitch = access.rows == Rows::tight ? surface : round_up(surface, is_planar(access.surface) ? 128 : 64);
+    const auto luma = static_cast<size_t>(layout.y_pitch) * static_cast<size_t>(size.height);
+    layout.luma_bytes = luma;
+    if (access.source != Source::packed && access.surface != Surface::plane) layout.chroma_bytes = luma / 4;
+    layout.surface_bytes = static_cast<size_t>(layout.dst_pitch) * static_cast<size_t>(layout.enlarged().height);
+    widen(layout, luma, layout.surface_bytes);
     return layout;
 }
 
@@ -72,11 +70,7 @@ Ring::Ring(size_t bytes) : bytes_(bytes)
     void* memory = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (memory == MAP_FAILED) throw std::bad_alloc();
     memory_ = static_cast<uint8_t*>(memory);
-    std::mt19937_64 noise(1);
-    for (size_t i = 0; i + sizeof(uint64_t) <= bytes; i += sizeof(uint64_t)) {
-        const uint64_t word = noise();
-        std::memcpy(memory_ + i, &word, sizeof word);
-    }
+    make_noise({memory_, bytes_});
 }
 
 Ring::~Ring() { munmap(memory_, bytes_); }
@@ -87,6 +81,18 @@ void Ring::cut(size_t bytes_per_slot)
     slot_bytes_ = bytes_per_slot;
     slots_ = bytes_ / bytes_per_slot;
     current_ = 0;
+}
+
+void Ring::paint(const Layout& layout, Content content, size_t slots)
+{
+    const Picture first = at(0, layout);
+    const auto bytes = static_cast<size_t>(first.surface - first.y);
+    if (content == Content::noise) {
+        make_noise({first.y, bytes});
+    } else {
+        make_natural(layout, first);
+    }
+    for (size_t i = 1; i < std::min(slots, slots_); i++) std::memcpy(at(i, layout).y, first.y, bytes);
 }
 
 Picture Ring::next(const Layout& layout)
@@ -101,6 +107,12 @@ Picture Ring::at(size_t slot, const Layout& layout) const
     uint8_t* u = y + plane_bytes(layout.luma_bytes);
     uint8_t* v = u + plane_bytes(layout.chroma_bytes);
     return {y, u, v, v + plane_bytes(layout.chroma_bytes)};
+}
+
+Planes planes_of(uint8_t* surface, int pitch, int height)
+{
+    uint8_t* v = surface + ptrdiff_t{pitch} * height;
+    return {surface, v + ptrdiff_t{pitch / 2} * (height / 2), v, pitch};
 }
 
 size_t last_level_cache_bytes()

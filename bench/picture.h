@@ -1,52 +1,41 @@
-// Pictures and surfaces to measure with: their layout in memory, and a ring of them larger than the caches.
+// Pictures and surfaces to measure with: their places in memory, and a ring of them larger than the caches.
 #pragma once
-#include <cstddef>
 #include <cstdint>
 #include <string>
 
+#include "bench/access.h"
+
 namespace bench {
 
-struct Size {
-    int width, height;
-};
-
-// Which bytes a loader reads and writes. The names of surfaces stand for the ordinary walk: every source sample once,
-// every surface byte once.
-enum class Access {
-    rgb32,
-    rgb24,
-    rgb16,
-    yuy2,       // unadjusted: the second line of a pair leaves a quarter of its bytes alone
-    yuy2_whole, // adjusted: both lines whole
-    yuy2_grey,  // adjusted: the chroma planes are not read
-    half_yuy2,
-    yv12,            // unadjusted: lines that overlap in the surface, twice the chroma lines
-    yv12_row_by_row, // adjusted: source rows without padding
-    half_yv12,
-};
-
-struct Layout {
-    Size size;
-    int y_pitch, dst_pitch;
-    size_t luma_bytes, chroma_bytes, surface_bytes; // what the walk may touch, each plane for itself
-};
-Layout layout_of(Access access, Size size);
 size_t slot_bytes(const Layout& layout);
 
 struct Picture {
-    uint8_t *y, *u, *v, *surface;
+    uint8_t *y, *u, *v, *surface; // a packed source lies at y
+};
+
+// The planes of a YV12 surface: luma, V, U.
+struct Planes {
+    uint8_t *y, *u, *v;
+    int pitch; // of the luma; the chroma has half
+};
+Planes planes_of(uint8_t* surface, int pitch, int height);
+
+enum class Content {
+    noise,   // neighbouring lines have nothing in common
+    natural, // smooth shading with a few edges
 };
 
 // One block of memory, cut into as many slots as fit; a slot holds one picture and one surface. All contenders of a
 // group use the same slots, so that none is favoured by its addresses.
 class Ring {
 public:
-    explicit Ring(size_t bytes);
+    explicit Ring(size_t bytes); // filled with noise
     ~Ring();
     Ring(const Ring&) = delete;
     Ring& operator=(const Ring&) = delete;
 
     void cut(size_t bytes_per_slot);
+    void paint(const Layout& layout, Content content, size_t slots); // the pictures of the first slots
     size_t slots() const { return slots_; }
     size_t bytes() const { return bytes_; }
     Picture first(const Layout& layout) const { return at(0, layout); }

@@ -1,4 +1,4 @@
-"""The plot of a vsurf_bench run: every export's speed relative to the roof and to the best peer."""
+"""The plots of a vsurf_bench run: every export's speed relative to the roof and to the best peer."""
 import matplotlib
 
 matplotlib.use("svg")
@@ -6,35 +6,40 @@ import matplotlib.pyplot as plt
 from matplotlib.lines import Line2D
 from matplotlib.ticker import FuncFormatter, NullFormatter
 
-from measurements import PEER_TARGETS, REGIMES, ROOF_EXPORTS, ROOF_TARGET, SIZES, column
+from measurements import REGIMES
+from targets import factor_of, target_of
 
 COLOURS = {"hot": "#d1495b", "cold": "#2e6f95"}
-MARKERS = dict(zip(SIZES, ("o", "s", "D")))
-LANES = {(regime, size): 0.36 - 0.145 * (3 * i + j)
-         for i, regime in enumerate(REGIMES) for j, size in enumerate(SIZES)}
+MARKERS = ("o", "s", "D", "^")
 
 
-def points(run, ratio):
-    """(row, ratio, case) for every case that has the ratio."""
-    for row, export in enumerate(run.exports()):
-        for regime, size in LANES:
+def lanes(run, family):
+    """A height within an export's row for every regime and size, and a marker for every size."""
+    sizes = run.sizes(family)
+    step = 0.87 / (len(REGIMES) * len(sizes))
+    return {(regime, size): (0.5 * 0.87 - step * (len(sizes) * i + j + 0.5), MARKERS[j])
+            for i, regime in enumerate(REGIMES) for j, size in enumerate(sizes)}
+
+
+def points(run, family, ratio):
+    """(height, marker, ratio, case) for every case that has the ratio."""
+    for row, export in enumerate(run.exports(family)):
+        for (regime, size), (lane, marker) in lanes(run, family).items():
             case = run.cases.get((regime, size, export))
-            value = ratio(case) if case and run.time(case) else None
+            value = ratio(run, case) if run.time(case) else None
             if value:
-                yield row, value, case
+                yield lane - row, marker, value, case
 
 
-def scatter(axes, run, ratio, target):
-    for row, value, case in points(run, ratio):
-        height = -row + LANES[case.regime, case.size]
-        axes.plot(value, height, MARKERS[case.size], color=COLOURS[case.regime], markersize=4.5, alpha=0.9)
-        goal = target(case)
-        if goal:
-            axes.plot([goal, goal], [height - 0.075, height + 0.075], color="black", linewidth=1.1)
+def scatter(axes, run, family, ratio, goal):
+    for height, marker, value, case in points(run, family, ratio):
+        axes.plot(value, height, marker, color=COLOURS[case.regime], markersize=4.5, alpha=0.9)
+        wanted = goal(case)
+        if wanted:
+            axes.plot([wanted, wanted], [height - 0.06, height + 0.06], color="black", linewidth=1.1)
 
 
-def dress(axes, run, title, label):
-    rows = len(run.exports())
+def dress(axes, rows, title, label):
     axes.set_title(title, fontsize=11, loc="left")
     axes.set_xlabel(label, fontsize=9)
     axes.set_ylim(-rows + 0.5, 0.5)
@@ -54,44 +59,53 @@ def of_roof(run, case):
 
 
 def of_peer(run, case):
-    peer = run.best_peer(case)
+    """Of the peers that the export's target counts."""
+    target = target_of(case.export)
+    peer = run.best_peer(case, target.peers if target else ("",))
     return peer[0] / run.time(case) if peer else None
 
 
 def roof_goal(case):
-    return ROOF_TARGET if case.export in ROOF_EXPORTS else None
+    target = target_of(case.export)
+    if not target or target.measure not in ("roof", "slower"):
+        return None
+    factor = factor_of(target, case)
+    return factor if target.measure == "roof" else 1 / factor
 
 
 def peer_goal(case):
-    goal = PEER_TARGETS.get(case.export.split("-")[0]) if case.export == case.plain else None
-    return goal[column(case)] if goal else None
+    target = target_of(case.export)
+    return factor_of(target, case) if target and target.measure == "peer" else None
 
 
-def draw(run, path):
+def legend(figure, run, family):
+    marks = [Line2D([], [], marker=marker, color=COLOURS[regime], linestyle="", label=f"{regime} {size}")
+             for (regime, size), (_, marker) in lanes(run, family).items()]
+    marks.append(Line2D([], [], marker="|", color="black", linestyle="", markersize=9, label="target"))
+    figure.legend(handles=marks, loc="upper center", ncol=len(marks), fontsize=9, frameon=False)
+
+
+def draw(run, family, path):
     plt.rcParams.update({"svg.fonttype": "none", "svg.hashsalt": "vsurf", "font.family": "sans-serif"})
-    rows = run.exports()
-    figure, (left, right) = plt.subplots(1, 2, sharey=True, figsize=(12, 1.6 + 0.48 * len(rows)),
+    rows = run.exports(family)
+    figure, (left, right) = plt.subplots(1, 2, sharey=True, figsize=(13, 1.6 + 0.56 * len(rows)),
                                          width_ratios=(1, 1.25))
-    scatter(left, run, lambda case: of_roof(run, case), roof_goal)
-    dress(left, run, "Speed relative to the streaming roof", "share of the roof's speed")
+    scatter(left, run, family, of_roof, roof_goal)
+    dress(left, len(rows), "Speed relative to the streaming roof", "share of the roof's speed")
     left.set_yticks([-row for row in range(len(rows))], rows, fontfamily="monospace")
-    highest = max((value for _, value, _ in points(run, lambda case: of_roof(run, case))), default=1)
-    left.set_xlim(0, 1.05 * max(1, highest))
+    left.set_xlim(0, 1.05 * max([1.0] + [value for _, _, value, _ in points(run, family, of_roof)]))
     left.xaxis.set_major_formatter(FuncFormatter(lambda value, _: f"{value:.0%}"))
     left.axvline(1, color="black", linewidth=1, linestyle="--")
 
-    scatter(right, run, lambda case: of_peer(run, case), peer_goal)
-    dress(right, run, "Speed relative to the best peer", "times as fast as the best of libyuv and libswscale")
+    scatter(right, run, family, of_peer, peer_goal)
+    dress(right, len(rows), "Speed relative to the best peer", "times as fast as the best of libyuv and libswscale")
     right.set_xscale("log")
-    right.set_xticks([0.5, 0.7, 1, 1.5, 2, 3, 5, 8, 12])
+    right.set_xticks([0.5, 0.7, 1, 1.5, 2, 3, 5, 8, 12, 20])
     right.xaxis.set_major_formatter(FuncFormatter(lambda value, _: f"{value:g}x"))
     right.xaxis.set_minor_formatter(NullFormatter())
     right.axvline(1, color="black", linewidth=1, linestyle="--")
 
-    legend = [Line2D([], [], marker=MARKERS[size], color=COLOURS[regime], linestyle="", label=f"{regime} {size}")
-              for regime in REGIMES for size in SIZES]
-    legend.append(Line2D([], [], marker="|", color="black", linestyle="", markersize=9, label="target"))
-    figure.legend(handles=legend, loc="upper center", ncol=len(legend), fontsize=9, frameon=False)
+    legend(figure, run, family)
     figure.tight_layout(rect=(0, 0, 1, 1 - 0.4 / figure.get_figheight()))
     figure.savefig(path, metadata={"Date": None, "Creator": None})
     plt.close(figure)

@@ -1,29 +1,59 @@
 #!/usr/bin/env python3
-"""Turns the JSON output of vsurf_bench into report.md and a plot."""
+"""Turns the JSON output of vsurf_bench into report.md and a plot for each family of exports."""
 import argparse
 import sys
 from pathlib import Path
 
-from measurements import REGIMES, SAME_TIER, SIZES, Run, verdict
+from measurements import REGIMES, SAME_TIER, STORE_REGIMES, Run, unique
+from targets import TARGETS, verdict
 
 INTRODUCTION = """# How fast vsurf is
 
-Each loader is measured beside a streaming roof (a loop with the same bytes read and written and no arithmetic, the
+Each export is measured beside a streaming roof (a loop with the same bytes read and written and no arithmetic, the
 better one of ordinary, prefetched and non-temporal stores) and beside the nearest calls of libyuv and libswscale, on
 one thread, in one process, the contenders of a group interleaved at random. The fastest repetition counts. *Hot* uses
 the same picture and surface again and again; *cold* walks a ring of pictures and surfaces that is larger than the
-last-level cache, as a player does. `vsurf` is the instruction set that the library chooses on this machine.
+last-level cache, as a player does. `vsurf` is the instruction set that the library chooses on this machine. Sizes are
+those of the source picture. Before anything is measured, `vsurf_bench --check` compares every peer's picture with the
+library's, and the bytes that every roof writes with those that the library writes.
 """
 NOTES = """
 - *best peer* is the fastest of libyuv at each of its instruction sets and of libswscale; a speed above 1 means that
-  vsurf is faster. Adjusted loaders are compared with the peers of their plain twin, which adjust nothing.
+  vsurf is faster. Adjusted exports are compared with the peers of their plain twin; no peer adjusts anything.
+- *target* is met as measured, without allowance. *(roof: ...)* tells what the roof itself would reach where that is
+  short of the target: nothing that moves these bytes can meet it.
+"""
+FAMILY_NOTES = {
+    "planar loaders": """
 - No peer writes the 664 and 655 layouts; theirs is the call for 565. `loadimage_yuy2` writes 7/8 of the surface, its
   peers all of it. `loadimage_yv12` has lines that later ones replace; its roof and its GB/s count the bytes that
   remain, 1.25 a pixel, where its peers move 1.5. No peer halves the width into YUY2 in one call: libyuv's figure is
   two calls.
-- *target* is met as measured, without allowance. *(roof: ...)* tells what the roof itself would reach where that is
-  short of the target: no loader that moves these bytes can meet it.
-"""
+""",
+    "packed loaders": """
+- libyuv writes RGB32 from YUY2 in one call. RGB24 and RGB16 take it two, by way of RGB32 (*-argb*) or of planes
+  (*-i420*); what lies between is a whole picture, allocated beforehand. Of the four 16-bit layouts 565 is measured.
+- `LoadYUY2_YUY2` replaces the chroma of every second line; its peers copy. The roof's loop copies as well, so that
+  90% of its speed leaves a tenth for the replacement.
+""",
+    "plane enlargers": """
+- The smallest picture is 352x288, since 360 is no whole number of blocks of 16. The adjusted forms are made for planes
+  without gaps, and are measured on such. At 720x576 the chroma planes, 360 wide, take the 2X2 form's path for widths
+  that are not whole blocks.
+- Peers are bilinear, which places the new samples a quarter further out and weighs their neighbours 3 to 1: libyuv's
+  `ScalePlane`, plane by plane, and libswscale's `SWS_BILINEAR` (*swscale*) and `SWS_FAST_BILINEAR` (*swscale-fast*),
+  planes as grey pictures.
+""",
+    "enlarged loaders": """
+- libyuv's figures are two steps, for YUY2 sources three: all planes scaled bilinearly into a picture between,
+  allocated beforehand, then converted. libswscale does both at once, `SWS_BILINEAR` (*swscale*) or `SWS_FAST_BILINEAR`
+  (*swscale-fast*). `strech_picture_1X2_yuy2_ajust` computes four taps where its peers compute two. The target of
+  `yuy2_strech_*` is set against libswscale alone, and so are they in the plot.
+- `strech_opt_yuy2_ajust` has no peer. *-edges* is noise, in which {edges} of the groups between a line's ends differ
+  enough to be searched for an edge; *-natural* is a picture of smooth shading with a disc, slanted bars and a faint
+  grain, in which {natural} do (luma, 720x576).
+""",
+}
 
 
 def machine(run):
@@ -39,81 +69,121 @@ def machine(run):
     return ["| | |", "|---|---|"] + [f"| {name} | {value} |" for name, value in rows] + [""]
 
 
-def cell(value, form):
-    return "-" if value is None else format(value, form)
+def cell(value, form, unit=""):
+    return "-" if value is None else format(value, form) + unit
 
 
 def case_row(run, case):
     time, roof, peer, judged = run.time(case), run.roof(case), run.best_peer(case), verdict(run, case)
     moved = sum(case.traffic["vsurf:" + run.isa])
-    twin = run.time(run.twin(case)) if case.export != case.plain else None
+    twin = run.twin_time(case)
     cells = [f"`{case.export}`", f"{time * 1e3:.4f}", f"{moved / time / 1e9:.1f}",
              cell(roof / time if roof else None, ".0%"),
-             f"{peer[1]}, {peer[0] * 1e3:.4f}" if peer else "-", cell(peer[0] / time if peer else None, ".2f") + "x",
-             cell(time / twin if twin else None, ".2f") + ("x" if twin else ""),
-             judged.target if judged else "-", str(judged) if judged else "-"]
+             f"{peer[1]}, {peer[0] * 1e3:.4f}" if peer else "-", cell(peer[0] / time if peer else None, ".2f", "x"),
+             cell(time / twin if twin else None, ".2f", "x"),
+             judged.goal() if judged else "-", str(judged) if judged else "-"]
     return "| " + " | ".join(cells) + " |"
 
 
-def size_table(run, regime, size):
-    cases = [run.cases.get((regime, size, export)) for export in run.exports()]
-    rows = [case_row(run, case) for case in cases if case and run.time(case)]
+def size_table(run, family, regime, size):
+    cases = [run.cases.get((regime, size, export)) for export in run.exports(family)]
+    rows = [case_row(run, case) for case in cases if run.time(case)]
     if not rows:
         return []
-    return [f"### {regime.capitalize()}, {size}", "",
+    return [f"### {family.capitalize()}, {regime}, {size}", "",
             "| export | ms/picture | GB/s | of roof | best peer, ms | speed vs best peer | time vs plain | target "
             "| met |", "|---|---:|---:|---:|---|---:|---:|---|---|", *rows, ""]
 
 
+def family_section(run, family, plot):
+    shares = {name: f"{float(run.context[f'band_{name}_share']):.1%}" for name in ("edges", "natural")}
+    lines = [f"## {family.capitalize()}", "", FAMILY_NOTES.get(family, "").format(**shares).strip(), "",
+             f"![Speed of the {family} relative to the roof and to the best peer]({plot})", ""]
+    for regime in REGIMES:
+        for size in run.sizes(family):
+            lines += size_table(run, family, regime, size)
+    return lines
+
+
+def score_cells(verdicts):
+    """The target, how often it was met, and the case that is furthest from it."""
+    if not verdicts:
+        return ["-", "-", "-"]
+    met, beyond = sum(result.met for _, result in verdicts), sum(result.beyond for _, result in verdicts)
+    case, worst = min(verdicts, key=lambda pair: pair[1].distance())
+    goals = unique(result.goal() for _, result in verdicts)
+    return [" / ".join(goals), f"{met} of {len(verdicts)}" + (f" ({beyond} beyond the roof)" if beyond else ""),
+            f"{worst.target.show(worst.value)} (`{case.export}`, {case.size})"]
+
+
 def score(run):
     judged = [(case, verdict(run, case)) for case in run.cases.values()]
-    judged = [(case, result) for case, result in judged if result]
-    lines = ["| | targets met | missed, within the roof | missed, beyond the roof |", "|---|---:|---:|---:|"]
-    for regime in REGIMES:
-        for size in SIZES:
-            here = [result for case, result in judged if (case.regime, case.size) == (regime, size)]
-            if here:
-                met = sum(result.met for result in here)
-                beyond = sum(not result.met and bool(result.bound) for result in here)
-                lines.append(f"| {regime} {size} | {met} of {len(here)} | {len(here) - met - beyond} | {beyond} |")
+    lines = ["| class | target, hot | met | furthest from it | target, cold | met | furthest from it |",
+             "|---|---|---|---|---|---|---|"]
+    for target in TARGETS:
+        of_class = [pair for pair in judged if pair[1] and pair[1].target == target]
+        if of_class:
+            cells = [cell for regime in REGIMES
+                     for cell in score_cells([pair for pair in of_class if pair[0].regime == regime])]
+            lines.append(f"| {target.title} | " + " | ".join(cells) + " |")
     return lines + [""]
+
+
+def slowest(ratios):
+    ratio = min((ratio for ratio in ratios if ratio), default=None)
+    return "-" if ratio is None else f"{ratio:.2f}x" if ratio >= 1 else f"**{ratio:.2f}x**"
+
+
+def tier_row(run, pairs, regime, export, sizes):
+    cases = [run.cases[key] for size in sizes if (key := (regime, size, export)) in run.cases]
+    cells = []
+    for isa, names in pairs:
+        timed = [(run.time(case, isa), run.best_peer(case, names)) for case in cases]
+        cells.append(slowest(peer[0] / time if time and peer else None for time, peer in timed))
+    best, plainest = ([run.time(case, isa) for case in cases] for isa in (run.isa, "scalar"))
+    factors = [slow / fast for fast, slow in zip(best, plainest) if fast and slow]
+    if all(text == "-" for text in cells):
+        return None
+    return f"| {regime} `{export}` | " + " | ".join(cells) + f" | {cell(max(factors, default=None), '.1f')} |"
 
 
 def tier_table(run):
     """Each instruction set against the peers at the same one, and SSE2 against the next one as well."""
     tiers = [isa for isa in SAME_TIER if any(run.time(case, isa) for case in run.cases.values())]
-    beyond_tier = ("libyuv-ssse3", "swscale-ssse3") if "sse2" in tiers else ()
-    heads = [f"{isa} vs peers' {isa}" for isa in tiers] + (["sse2 vs peers' ssse3"] if beyond_tier else [])
+    pairs = [(isa, SAME_TIER[isa]) for isa in tiers]
+    heads = [f"{isa} vs peers' {isa}" for isa in tiers]
+    if "sse2" in tiers:
+        pairs.append(("sse2", ("libyuv-ssse3", "swscale-ssse3")))
+        heads.append("sse2 vs peers' ssse3")
     lines = ["## Same instruction set", "",
-             "Speed relative to the fastest peer that is limited to the same instruction set; 1 or more is the "
-             "target.", "",
-             "| export | " + " | ".join(heads) + " | scalar, ms |", "|---|" + "---:|" * (len(heads) + 1)]
-    for case in run.cases.values():
-        if case.export != case.plain:
-            continue
-        pairs = [(isa, SAME_TIER[isa]) for isa in tiers] + ([("sse2", beyond_tier)] if beyond_tier else [])
-        cells = []
-        for isa, names in pairs:
-            time, peer = run.time(case, isa), run.best_peer(case, names)
-            ratio = peer[0] / time if time and peer else None
-            cells.append("-" if ratio is None else f"{ratio:.2f}x" if ratio >= 1 else f"**{ratio:.2f}x**")
-        scalar = run.time(case, "scalar")
-        cells.append(cell(scalar * 1e3 if scalar else None, ".4f"))
-        lines.append(f"| {case.regime} {case.size} `{case.export}` | " + " | ".join(cells) + " |")
+             "Speed relative to the fastest peer that is limited to the same instruction set, at the size where it is "
+             "lowest; 1 or more is the target. The last column is the largest factor between the scalar code's time "
+             f"and that of {run.isa}.", "",
+             "| export | " + " | ".join(heads) + " | scalar, times |", "|---|" + "---:|" * (len(heads) + 1)]
+    for family in run.families():
+        plain = unique(case.plain for case in run.cases.values() if case.family == family)
+        rows = [tier_row(run, pairs, regime, export, run.sizes(family)) for export in plain for regime in REGIMES]
+        lines += [row for row in rows if row]
     return lines + [""]
+
+
+def stores_cell(case):
+    if not case:
+        return "-"
+    ordinary, streamed, chosen = (case.times[f"stores:{kind}"] for kind in ("ordinary", "nontemporal", "chosen"))
+    return f"{ordinary * 1e3:.4f} / {streamed * 1e3:.4f} / {chosen * 1e3:.4f} ({ordinary / streamed:.2f}x)"
 
 
 def stores_table(run):
     lines = ["## Ordinary and non-temporal stores", "",
-             "The same loader with each kind of stores forced, and as the library chooses. *Readback* reads the whole "
+             "The same export with each kind of stores forced, and as the library chooses: ordinary / non-temporal / "
+             "chosen, ms a picture, and how many times as fast the non-temporal ones are. *Readback* reads the whole "
              "surface on the same core after every picture, inside the clock.", "",
-             "| | surface written, MB | ordinary, ms | non-temporal, ms | non-temporal faster by | chosen, ms |",
-             "|---|---:|---:|---:|---:|---:|"]
-    for case in run.stores.values():
-        ordinary, streamed, chosen = (case.times[f"stores:{kind}"] for kind in ("ordinary", "nontemporal", "chosen"))
-        written = case.traffic["stores:ordinary"][1]
-        lines.append(f"| {case.regime} {case.size} `{case.export}` | {written / 1e6:.2f} | {ordinary * 1e3:.4f} | "
-                     f"{streamed * 1e3:.4f} | {ordinary / streamed:.2f}x | {chosen * 1e3:.4f} |")
+             "| | surface written, MB | " + " | ".join(STORE_REGIMES) + " |", "|---|---:|" + "---|" * 3]
+    for export, size in unique((case.export, case.size) for case in run.stores.values()):
+        cases = [run.stores.get((regime, size, export)) for regime in STORE_REGIMES]
+        written = next(case for case in cases if case).traffic["stores:ordinary"][1]
+        lines.append(f"| `{export}` {size} | {written / 1e6:.2f} | " + " | ".join(map(stores_cell, cases)) + " |")
     return lines + [""]
 
 
@@ -125,16 +195,20 @@ def warn_of_the_impossible(run):
                   "does it do its work?", file=sys.stderr)
 
 
-def report(run, stores, commands, plot):
-    lines = [INTRODUCTION, *machine(run), "Measured with:", "", "```", *commands, "```", "",
-             f"![Speed relative to the roof and to the best peer]({plot})", "", *score(run), NOTES.strip(), ""]
-    for regime in REGIMES:
-        for size in SIZES:
-            lines += size_table(run, regime, size)
+def report(run, stores, commands, plots):
+    lines = [INTRODUCTION, *machine(run), "Measured with:", "", "```", *commands, "```", "", "## Targets", "",
+             *score(run), NOTES.strip(), ""]
+    for family in run.families():
+        lines += family_section(run, family, plots[family].name)
     lines += tier_table(run)
     if stores and stores.stores:
         lines += stores_table(stores)
     return "\n".join(lines).rstrip() + "\n"
+
+
+def plots_of(run, output):
+    """One for each family, beside the report."""
+    return {family: output.with_name(f"{output.stem}-{family.replace(' ', '-')}.svg") for family in run.families()}
 
 
 def main():
@@ -152,9 +226,10 @@ def main():
         return 2
     from plot import draw  # here, so that a wrong argument is told without waiting for the plotting library
     warn_of_the_impossible(run)
-    plot = arguments.output.with_suffix(".svg")
-    draw(run, plot)
-    arguments.output.write_text(report(run, stores, arguments.command, plot.name), encoding="utf-8")
+    plots = plots_of(run, arguments.output)
+    for family, path in plots.items():
+        draw(run, family, path)
+    arguments.output.write_text(report(run, stores, arguments.command, plots), encoding="utf-8")
     return 0
 
 

@@ -14,11 +14,11 @@ struct RoofTier {
 };
 const RoofTier& best_roof(); // the widest registers that this machine has
 
-void run_roof(const RoofTier& tier, Stores stores, Access access, const Layout& layout, const Picture& picture);
+void run_roof(const RoofTier& tier, Stores stores, const Layout& layout, const Picture& picture);
 
 struct Traffic {
     size_t read, written; // bytes a picture
 };
-Traffic traffic_of(Access access, const Layout& layout);
+Traffic traffic_of(const Layout& layout);
 
 } // namespace bench

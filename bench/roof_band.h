@@ -16,8 +16,9 @@ struct Band {
     const uint8_t *luma, *u, *v;
     uint8_t* to;
     int lines, luma_pitch, chroma_pitch, to_pitch;
-    int luma_bytes, chroma_bytes; // in a line; chroma is read with every second line
-    int written_for_two;          // bytes written for two luma bytes read: 1 (half size) to 8 (RGB32)
+    int luma_bytes, chroma_bytes; // in a line of the source
+    int luma_every, chroma_every; // with which lines a new one is read: 1 is every line, 2 every second one
+    int written_for_two;          // bytes of a line for two luma bytes of its source: 1 (half size) to 8 (RGB32)
     bool gaps;                    // in every second line, of every 32 bytes the first 8 are left alone
 };
 

@@ -85,6 +85,7 @@ constexpr int kWidest = 8;
 #endif
 
 constexpr int narrower(int a, int b) { return a < b ? a : b; }
+constexpr int common_divisor(int a, int b) { return b == 0 ? a : common_divisor(b, a % b); }
 
 template <int bytes> void read(const uint8_t* from)
 {
@@ -95,7 +96,7 @@ template <int bytes> void read(const uint8_t* from)
 // Reads `in` bytes and writes `out` bytes, which repeat or drop what was read.
 template <int in, int out, Stores stores> void move(const uint8_t* from, uint8_t* to)
 {
-    constexpr int kStep = narrower(narrower(in, out), kWidest);
+    constexpr int kStep = narrower(common_divisor(in, out), kWidest);
     using R = Register<kStep>;
     typename R::Value seen[in / kStep];
     for (int i = 0; i < in / kStep; i++) R::keep(seen[i] = R::load(from + i * kStep));
@@ -125,12 +126,14 @@ struct Cursor {
     const uint8_t *luma, *u, *v;
     uint8_t* to;
     int left;
+    bool fresh; // false: the line is made of what was read before; the source's first bytes stand for it
     bool chroma;
 
     // Steps over the line in units of `unit` luma bytes, as long as whole units are left.
     template <int unit, int written_for_two, Stores stores, bool gaps> void run()
     {
         constexpr int kOut = unit * written_for_two / 2;
+        const int advance = fresh ? unit : 0;
         for (; left >= unit; left -= unit) {
             if (chroma) {
                 read<unit / 2>(u);
@@ -143,70 +146,69 @@ struct Cursor {
             } else {
                 move<unit, kOut, stores>(luma, to);
             }
-            luma += unit;
+            luma += advance;
             to += kOut;
         }
     }
 
-    // Plane copies need not start at a cache line: ordinary stores up to the first one.
-    void head(int count)
+    // Planes need not start at a cache line: ordinary stores up to the first one.
+    template <int written_for_two> void head(int count)
     {
         const int behind = left - count;
         left = count;
-        rest<2, Stores::ordinary>();
+        rest<written_for_two, Stores::ordinary, false>();
         left = behind;
     }
 
-    // What is left of a plane's line, in ever smaller pieces.
-    template <int written_for_two, Stores stores> void rest()
+    // What is left of a line, in ever smaller pieces.
+    template <int written_for_two, Stores stores, bool gaps> void rest()
     {
-        run<32, written_for_two, stores, false>();
-        run<16, written_for_two, stores, false>();
-        run<8, written_for_two, stores, false>();
+        run<16, written_for_two, stores, gaps>();
+        if constexpr (!gaps) run<8, written_for_two, stores, false>();
         if constexpr (written_for_two == 2) {
             run<4, 2, stores, false>();
             run<2, 2, stores, false>();
         }
-        single_bytes(left, written_for_two == 1 ? 2 : 1);
+        if constexpr (written_for_two <= 2) single_bytes(left, written_for_two == 1 ? 2 : 1);
     }
 
     void single_bytes(int count, int step)
     {
-        for (; count > 0; count -= step, left -= step, luma += step) *to++ = *luma;
+        for (; count > 0; count -= step, left -= step, luma += fresh ? step : 0) *to++ = *luma;
     }
 };
 
 template <int written_for_two, Stores stores, bool gaps> void copy_line(Cursor cursor)
 {
-    if (stores == Stores::streaming && written_for_two == 2) {
+    if constexpr (stores == Stores::streaming && (written_for_two == 2 || written_for_two == 4)) {
         const auto misaligned = static_cast<int>(reinterpret_cast<uintptr_t>(cursor.to) % 64);
-        if (misaligned != 0) cursor.head(64 - misaligned);
+        if (misaligned != 0) cursor.head<written_for_two>((64 - misaligned) * 2 / written_for_two);
     }
-    constexpr int kUnit = written_for_two == 1 ? 128 : 64;
+    constexpr int kUnit = written_for_two % 2 == 1 ? 128 : 64;
     cursor.run<kUnit, written_for_two, stores, gaps>();
     // Below a whole cache line streaming stores would cost more than they save; 16 pixels of RGB32 are one.
     constexpr Stores kTail = stores == Stores::streaming && written_for_two < 8 ? Stores::ordinary : stores;
-    if constexpr (written_for_two <= 2) {
-        cursor.rest<written_for_two, kTail>();
-    } else {
-        cursor.run<16, written_for_two, kTail, gaps>();
-    }
+    if constexpr (!gaps && kUnit > 64) cursor.run<64, written_for_two, kTail, false>();
+    if constexpr (!gaps) cursor.run<32, written_for_two, kTail, false>();
+    cursor.rest<written_for_two, kTail, gaps>();
 }
 
 template <int written_for_two, Stores stores, bool gaps> void copy(const Band& band)
 {
-    Cursor cursor{band.luma, band.u, band.v, band.to, band.luma_bytes, false};
+    Cursor cursor{band.luma, band.u, band.v, band.to, band.luma_bytes, true, false};
     for (int line = 0; line < band.lines; line++) {
-        const bool first = line % 2 == 0;
-        cursor.chroma = first && band.chroma_bytes != 0;
-        if (first) {
+        cursor.fresh = line % band.luma_every == 0;
+        cursor.chroma = band.chroma_bytes != 0 && line % band.chroma_every == 0;
+        if (line % 2 == 0) {
             copy_line<written_for_two, stores, false>(cursor);
         } else {
             copy_line<written_for_two, stores, gaps>(cursor);
+        }
+        if ((line + 1) % band.luma_every == 0) cursor.luma += band.luma_pitch;
+        if (band.chroma_bytes != 0 && (line + 1) % band.chroma_every == 0) {
             cursor.u += band.chroma_pitch;
             cursor.v += band.chroma_pitch;
         }
-        cursor.luma += band.luma_pitch;
         cursor.to += band.to_pitch;
     }
 }
@@ -216,6 +218,7 @@ template <Stores stores> void copy_as(const Band& band)
     switch (band.written_for_two) {
     case 1: return copy<1, stores, false>(band);
     case 2: return copy<2, stores, false>(band);
+    case 3: return copy<3, stores, false>(band);
     case 4: return band.gaps ? copy<4, stores, true>(band) : copy<4, stores, false>(band);
     case 6: return copy<6, stores, false>(band);
     case 8: return copy<8, stores, false>(band);

@@ -1,11 +1,12 @@
 #!/bin/sh
-# Builds the benchmarks where needed, runs them all, and writes a report and its plot.
+# Builds the benchmarks where needed, runs them all, and writes a report and its plots, which lie beside it.
 #
-#   bench/run.sh [--quick] [--build DIR] [--output FILE]
+#   bench/run.sh [--quick] [--build DIR] [--output FILE] [--filter REGEX]
 #
 #   --quick    a rough picture in a minute: few and short repetitions, without the slowest contenders
 #   --build    the build directory (build)
-#   --output   the report (bench/report.md; with --quick, report-quick.md in the build directory)
+#   --output   the report (bench/report.md; with --quick or --filter, report-part.md in the build directory)
+#   --filter   only the exports whose names match, such as 'strech_pic_', and no choice of stores
 set -eu
 
 fail() {
@@ -15,13 +16,17 @@ fail() {
 
 bench=$(cd "$(dirname "$0")" && pwd)
 root=$(dirname "$bench")
-build=$root/build output='' quick=''
+build=$root/build output='' quick='' only=''
 while [ $# -gt 0 ]; do
     case $1 in
     --quick) quick=yes ;;
-    --build | --output)
+    --build | --output | --filter)
         [ $# -ge 2 ] || fail "$1 needs a value"
-        if [ "$1" = --build ]; then build=$2; else output=$2; fi
+        case $1 in
+        --build) build=$2 ;;
+        --output) output=$2 ;;
+        --filter) only=$2 ;;
+        esac
         shift
         ;;
     *) fail "unknown option '$1'" ;;
@@ -29,18 +34,19 @@ while [ $# -gt 0 ]; do
     shift
 done
 
-# One loader for each kind of surface is enough to choose between stores.
-stores_of='(rgb32|rgb24|rgb16-565|yuy2_ajust|yv12_ajust|half_yuy2_ajust)/'
+# One export for each kind of surface is enough to choose between stores.
+stores_of='/(loadimage_(rgb32|rgb24|rgb16-565|yuy2_ajust|yv12_ajust|half_yuy2_ajust|half_yv12_ajust)|LoadYUY2_RGB32'
+stores_of="$stores_of|strech_pic_2X2|strech_picture_2X2_yuy2)/"
 # Many short repetitions find the quiet moments of a busy machine better than a few long ones.
-effort='--benchmark_repetitions=25 --benchmark_min_time=0.004'
+effort='--benchmark_repetitions=20 --benchmark_min_time=0.004'
 filter=.
 if [ "$quick" ]; then
     effort='--benchmark_repetitions=9 --benchmark_min_time=0.002'
     filter='^(?!.*(scalar|libyuv-sse2|rgb16-6..|rgb16_ajust-6..))'
-    stores_of='(rgb32|rgb16-565)/'
-    [ "$output" ] || output=$build/report-quick.md
+    stores_of='/(loadimage_rgb32|loadimage_rgb16-565|strech_picture_2X2_yuy2)/'
 fi
-[ "$output" ] || output=$bench/report.md
+[ -z "$only" ] || filter="/[^/]*($only)[^/]*/"
+[ "$output" ] || if [ "$quick$only" ]; then output=$build/report-part.md; else output=$bench/report.md; fi
 
 # The system's interpreter is the one that has the distribution's plotting library.
 python=python3
@@ -53,13 +59,19 @@ grep -q '^CMAKE_BUILD_TYPE:[A-Z]*=Release$' "$build/CMakeCache.txt" || fail "$bu
 cmake --build "$build" --target vsurf_bench -j"$(nproc)" >&2
 program=$build/bench/vsurf_bench
 
+"$program" --check "--benchmark_filter=$filter" >"$build/check.txt" || {
+    cat "$build/check.txt" >&2
+    fail 'a peer or a roof does not do its work (lines marked WRONG)'
+}
+set -- --command "bench/run.sh${quick:+ --quick}${only:+ --filter '$only'}" \
+    --command "vsurf_bench --brief '--benchmark_filter=$filter' $effort"
 # The effort is a list of options, to be split.
 # shellcheck disable=SC2086
 "$program" --brief "--benchmark_filter=$filter" $effort "--benchmark_out=$build/bench.json"
-# shellcheck disable=SC2086
-"$program" --stores "--benchmark_filter=$stores_of" $effort "--benchmark_out=$build/stores.json"
-$python "$bench/report.py" "$build/bench.json" --stores "$build/stores.json" --output "$output" \
-    --command "bench/run.sh${quick:+ --quick}" \
-    --command "vsurf_bench --brief '--benchmark_filter=$filter' $effort" \
-    --command "vsurf_bench --stores '--benchmark_filter=$stores_of' $effort"
+if [ -z "$only" ]; then
+    # shellcheck disable=SC2086
+    "$program" --stores "--benchmark_filter=$stores_of" $effort "--benchmark_out=$build/stores.json"
+    set -- "$@" --stores "$build/stores.json" --command "vsurf_bench --stores '--benchmark_filter=$stores_of' $effort"
+fi
+$python "$bench/report.py" "$build/bench.json" --output "$output" "$@"
 echo "$output"

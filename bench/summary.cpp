@@ -99,7 +99,7 @@ void Summary::print_line(const std::string& prefix, const Group& group) const
     std::string peer;
     const double time = seconds(prefix + plain + library);
     if (time <= 0) return;
-    std::printf("%-40s %8.3f ms (%s)", (prefix + plain).c_str(), time * 1e3, vsurf::active_isa().name);
+    std::printf("%-56s %8.3f ms (%s)", (prefix + plain).c_str(), time * 1e3, vsurf::active_isa().name);
     if (const double best = roof(prefix, plain, plain); best > 0) std::printf(", %.0f%% of roof", 100 * best / time);
     if (const double best = fastest(prefix + plain + "/peer:", &peer); best > 0) {
         std::printf(", %.2fx %s", best / time, peer.c_str());

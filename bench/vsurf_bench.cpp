@@ -10,6 +10,8 @@
 #include <regex>
 #include <stdexcept>
 
+#include "bench/check.h"
+#include "bench/content.h"
 #include "bench/groups.h"
 #include "bench/summary.h"
 
@@ -17,18 +19,15 @@ namespace {
 
 using namespace bench;
 
-constexpr Size kSizes[] = {{720, 576}, {1920, 1080}, {3840, 2160}};
-// Surfaces from well within the second-level cache to well beyond the last one.
-constexpr Size kStoreSizes[] = {{176, 144},  {352, 288},   {512, 384},  {720, 576},
-                                {1280, 720}, {1920, 1080}, {3840, 2160}};
-
 constexpr char kOptions[] = "vsurf_bench [--brief]    one line a group instead of a table\n"
                             "            [--stores]   ordinary against non-temporal stores\n"
+                            "            [--check]    whether peers and roofs do their work, unmeasured\n"
                             "and, with --benchmark_out always in JSON:\n";
 
 struct Options {
     bool brief = false;  // one line a group instead of a table
     bool stores = false; // ordinary against non-temporal stores instead of everything against its peers
+    bool check = false;  // nothing measured, but results compared
     std::string json;    // where the measurements go
 };
 
@@ -46,6 +45,8 @@ Options take_options(int& argc, char** argv)
             options.brief = true;
         } else if (argument == "--stores") {
             options.stores = true;
+        } else if (argument == "--check") {
+            options.check = true;
         } else if (argument.starts_with(out)) {
             options.json = argument.substr(out.size());
         } else if (argument.starts_with(format)) {
@@ -83,6 +84,17 @@ void describe_machine(const Ring& ring)
     benchmark::AddCustomContext("ring_bytes", std::to_string(ring.bytes()));
 }
 
+void describe_contents(Ring& ring)
+{
+    const Family& family = families().back();
+    const Layout layout = layout_of(family.groups.back().exports.front().access, {720, 576});
+    ring.cut(slot_bytes(layout));
+    benchmark::AddCustomContext("band_edges_share", std::to_string(edge_share(layout, ring.first(layout))));
+    ring.paint(layout, Content::natural, 1);
+    benchmark::AddCustomContext("band_natural_share", std::to_string(edge_share(layout, ring.first(layout))));
+    ring.paint(layout, Content::noise, 1);
+}
+
 // What a player that composes its picture in the surface would do next.
 void read_back(const Contender& contender, const Picture& picture)
 {
@@ -107,7 +119,7 @@ void measure(benchmark::State& state, const Contender& contender, Ring& ring, co
     }
     state.counters["bytes_read"] = static_cast<double>(contender.traffic.read);
     state.counters["bytes_written"] = static_cast<double>(contender.traffic.written);
-    state.SetLabel(contender.plain);
+    state.SetLabel(contender.family + "/" + contender.plain);
 }
 
 class Session {
@@ -119,29 +131,34 @@ public:
         if (!options_.json.empty()) json_.open(options_.json);
         if (!options_.json.empty() && !json_) throw std::runtime_error("cannot write " + options_.json);
         describe_machine(ring_);
+        describe_contents(ring_);
         set_adjustment();
     }
 
-    void run()
+    // Whether all went well; only a check can find otherwise.
+    bool run()
     {
-        if (options_.stores) {
-            for (const char* regime : {"hot", "readback", "cold"}) run_regime(regime, kStoreSizes, store_contenders);
-        } else {
-            for (const char* regime : {"hot", "cold"}) run_regime(regime, kSizes, contenders);
+        if (options_.check) return check(ring_, wanted_);
+        const std::vector<const char*> regimes =
+            options_.stores ? std::vector{"hot", "readback", "cold"} : std::vector{"hot", "cold"};
+        for (const char* regime : regimes) {
+            for (const Family& family : families()) run_family(regime, family);
         }
         if (!any_) throw std::invalid_argument("no benchmark's name matches " + filter_);
         if (json_.is_open()) summary_.write_json(json_);
+        return true;
     }
 
 private:
-    using List = std::vector<Contender> (*)(const Group&, Size);
-
-    void run_regime(const std::string& regime, std::span<const Size> sizes, List list)
+    void run_family(const std::string& regime, const Family& family)
     {
-        for (const Size size : sizes) {
+        for (const Size size : options_.stores ? family.store_sizes : family.sizes) {
             const std::string prefix = (options_.stores ? "stores/" : "") + regime + "/" + std::to_string(size.width) +
                                        "x" + std::to_string(size.height) + "/";
-            for (const Group& group : groups()) run_group(prefix, regime, group, list(group, size));
+            for (const Group& group : family.groups) {
+                const auto list = options_.stores ? store_contenders : contenders;
+                run_group(prefix, regime, group, list(family, group, size));
+            }
         }
     }
 
@@ -154,13 +171,11 @@ private:
         size_t slot = 0;
         for (const Contender& contender : list) slot = std::max(slot, slot_bytes(contender.layout));
         ring_.cut(slot);
-        for (const Contender& contender : list) {
-            benchmark::RegisterBenchmark((prefix + contender.name).c_str(), measure, contender, std::ref(ring_), regime)
-                ->UseRealTime()
-                ->Unit(benchmark::kMicrosecond);
-        }
-        benchmark::RunSpecifiedBenchmarks(&summary_, nullptr, "all");
-        benchmark::ClearRegisteredBenchmarks();
+        const size_t used = regime == "cold" ? ring_.slots() : 1;
+        const Layout& layout = list.front().layout;
+        if (group.content != Content::noise) ring_.paint(layout, group.content, used);
+        run_interleaved(prefix, regime, list);
+        if (group.content != Content::noise) ring_.paint(layout, Content::noise, used);
         if (options_.stores) {
             summary_.print_stores(prefix, list);
         } else if (options_.brief) {
@@ -168,6 +183,17 @@ private:
         } else {
             summary_.print_table(prefix, list);
         }
+    }
+
+    void run_interleaved(const std::string& prefix, const std::string& regime, const std::vector<Contender>& list)
+    {
+        for (const Contender& contender : list) {
+            benchmark::RegisterBenchmark((prefix + contender.name).c_str(), measure, contender, std::ref(ring_), regime)
+                ->UseRealTime()
+                ->Unit(benchmark::kMicrosecond);
+        }
+        benchmark::RunSpecifiedBenchmarks(&summary_, nullptr, "all");
+        benchmark::ClearRegisteredBenchmarks();
     }
 
     Options options_;
@@ -186,9 +212,9 @@ int main(int argc, char** argv)
     try {
         Options options = take_options(argc, argv);
         initialize(argc, argv);
-        Session(std::move(options)).run();
+        const bool good = Session(std::move(options)).run();
         benchmark::Shutdown();
-        return 0;
+        return good ? 0 : 1;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "vsurf_bench: %s\n", error.what());
         return 2;

@@ -1,0 +1,13 @@
+// Whether peers and roofs do the work that their figures stand for.
+#pragma once
+#include <regex>
+
+#include "bench/picture.h"
+
+namespace bench {
+
+// Compares every peer's picture with the library's, and the bytes that every roof writes with those that the library
+// writes; prints a line each and returns whether all agree within what rounding and filters make of them.
+bool check(Ring& ring, const std::regex& wanted);
+
+} // namespace bench

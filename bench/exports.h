@@ -1,0 +1,46 @@
+// The measured exports: what each reads and writes, and what is compared with what.
+#pragma once
+#include <span>
+#include <variant>
+#include <vector>
+
+#include "bench/peers.h"
+#include "frame/dispatch.h"
+
+namespace bench {
+
+// One function type for each parameter list of frame/dispatch.h; planar and packed loaders share theirs.
+using Loader = void (*)(void*, void*, void*, void*, int, int, int, int, ajust_contrast_info*);
+using PlaneEnlarger = void (*)(unsigned char*, unsigned char*, int, int, int, int);
+using AdjustedPlaneEnlarger = void (*)(unsigned char*, unsigned char*, int, int, int, int, ajust_contrast_info*, int);
+using BandEnlarger = void (*)(tagVideoFrame*, int, int, unsigned char*, int, ajust_contrast_info*);
+using PackedEnlarger = void (*)(void*, void*, void*, void*, int, int, int);
+using AdjustedPackedEnlarger = void (*)(void*, void*, void*, void*, int, int, int, ajust_contrast_info*);
+
+using Kernel = std::variant<Loader vsurf::Kernels::*, PlaneEnlarger vsurf::Kernels::*,
+                            AdjustedPlaneEnlarger vsurf::Kernels::*, BandEnlarger vsurf::Kernels::*,
+                            PackedEnlarger vsurf::Kernels::*, AdjustedPackedEnlarger vsurf::Kernels::*>;
+
+struct Export {
+    const char* name;
+    Kernel kernel;
+    Access access;
+    int rgb16_layout = 0;
+};
+
+struct Group {
+    std::vector<Export> exports; // the plain one first, then what is compared with it
+    Content content = Content::noise;
+    bool peers = true;
+};
+
+struct Family {
+    const char* name;
+    std::span<const Size> sizes, store_sizes;
+    std::vector<Group> groups;
+};
+std::span<const Family> families();
+
+Load load_with(const vsurf::Isa& isa, const Export& e, const Layout& layout);
+
+} // namespace bench

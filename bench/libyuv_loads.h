@@ -1,0 +1,15 @@
+// libyuv's nearest calls, one or several after the other.
+#pragma once
+#include <vector>
+
+#include "bench/peers.h"
+
+namespace bench {
+
+struct LibyuvLoad {
+    const char* suffix; // tells several ways to the same surface apart
+    Load load;
+};
+std::vector<LibyuvLoad> libyuv_loads(const Layout& layout);
+
+} // namespace bench
