@@ -24,6 +24,8 @@ std::string format_text(int format)
 
 } // namespace
 
+bool is_yuy2(const AVFrame& frame) { return frame.format == AV_PIX_FMT_YUYV422 && !full_range(frame); }
+
 const AVFrame& Converter::to_yuv420p(const AVFrame& frame)
 {
     const bool full = full_range(frame);

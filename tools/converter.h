@@ -1,8 +1,11 @@
-// Any decoded pixel format as 4:2:0 in studio range, which is what the loaders take.
+// Any decoded pixel format as 4:2:0 in studio range, which is what the planar loaders take.
 #pragma once
 #include "tools/ffmpeg.h"
 
 namespace player {
+
+// Packed 4:2:2 in the order and the range of YUY2, which has loaders of its own.
+bool is_yuy2(const AVFrame& frame);
 
 class Converter {
 public:

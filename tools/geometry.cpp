@@ -3,22 +3,97 @@
 #include <cmath>
 
 namespace player {
+namespace {
 
-Geometry plan(int width, int height, SurfaceFormat wanted, bool half)
+bool is_zoom(Scaling scaling) { return scaling == Scaling::zoom_1x2 || scaling == Scaling::zoom_2x2; }
+
+bool is_rgb(SurfaceFormat format) { return format != SurfaceFormat::yuy2 && format != SurfaceFormat::yv12; }
+
+SurfaceFormat surface_for(SurfaceFormat wanted, Scaling scaling)
+{
+    switch (scaling) {
+    case Scaling::half_width:
+    case Scaling::zoom_2x2: return is_rgb(wanted) ? SurfaceFormat::yuy2 : wanted;
+    case Scaling::field: return SurfaceFormat::yuy2;
+    default: return wanted;
+    }
+}
+
+// What a loader demands of a picture's size; spare pixels and lines must be there beyond what is shown.
+struct Demand {
+    int width_step, least_width, height_step, least_height, spare;
+
+    int width(int shown) const { return round_up(std::max(shown + spare, least_width), width_step); }
+    int height(int shown) const { return round_up(std::max(shown + spare, least_height), height_step); }
+};
+
+Demand demand(SurfaceFormat surface, Scaling scaling)
+{
+    // The plane enlargers take chroma in blocks of 16, mix the first sample of the next line into the last of each, and
+    // leave out the last line: of chroma, too, where these are two of the picture.
+    if (is_zoom(scaling) && surface == SurfaceFormat::yv12) return {32, 32, 2, 4, 2};
+    switch (scaling) {
+    // The half-width YV12 loader takes chroma, too, in blocks of 16.
+    case Scaling::half_width: return {32, 32, 2, 10, 0};
+    // The lowest pictures that no enlarger onto any surface leaves alone.
+    case Scaling::zoom_1x2: return {16, 16, 2, 12, 0};
+    case Scaling::zoom_2x2: return {16, 32, 2, 16, 0};
+    // Half of the lines are the field's, and of these there must be pairs.
+    case Scaling::field: return {16, 48, 4, 16, 0};
+    // loadimage_yuy2_ajust leaves pictures of eight lines or fewer alone.
+    default: return {16, 16, 2, 10, 0};
+    }
+}
+
+bool takes_packed(SurfaceFormat surface, Scaling scaling)
+{
+    return surface != SurfaceFormat::yv12 && (scaling == Scaling::none || scaling == Scaling::zoom_2x2);
+}
+
+} // namespace
+
+Scaling next_zoom(Scaling scaling)
+{
+    switch (scaling) {
+    case Scaling::zoom_1x2: return Scaling::zoom_2x2;
+    case Scaling::zoom_2x2: return Scaling::none;
+    default: return Scaling::zoom_1x2;
+    }
+}
+
+const char* scaling_text(Scaling scaling)
+{
+    switch (scaling) {
+    case Scaling::half_width: return " half width";
+    case Scaling::zoom_1x2: return " zoom 1x2";
+    case Scaling::zoom_2x2: return " zoom 2x2";
+    case Scaling::field: return " field";
+    default: return "";
+    }
+}
+
+Geometry plan(int width, int height, SurfaceFormat wanted, Scaling scaling, bool packed_source)
 {
     Geometry g{};
-    const bool yuv_surface = wanted == SurfaceFormat::yuy2 || wanted == SurfaceFormat::yv12;
-    g.surface = half && !yuv_surface ? SurfaceFormat::yuy2 : wanted;
-    // The half-width YV12 loader takes chroma, too, in blocks of 16.
-    g.picture_width = round_up(width, half ? 32 : 16);
-    // loadimage_yuy2_ajust leaves pictures of eight lines or fewer alone.
-    g.picture_height = std::max(round_up(height, 2), 10);
-    g.surface_width = half ? g.picture_width / 2 : g.picture_width;
-    g.surface_height = g.picture_height;
-    g.shown_width = half ? (width + 1) / 2 : width;
-    g.shown_height = height;
-    // loadimage_yv12_ajust ignores the pitch of its source.
-    g.tight_luma = g.surface == SurfaceFormat::yv12 && !half;
+    g.surface = surface_for(wanted, scaling);
+    g.packed = packed_source && takes_packed(g.surface, scaling);
+    g.field = scaling == Scaling::field;
+    const Demand needs = demand(g.surface, scaling);
+    g.picture_width = needs.width(width);
+    g.picture_height = needs.height(height);
+
+    const int across = scaling == Scaling::zoom_2x2 ? 2 : 1, down = is_zoom(scaling) ? 2 : 1;
+    const int divisor = scaling == Scaling::half_width ? 2 : 1;
+    g.surface_width = g.picture_width * across / divisor;
+    g.surface_height = g.picture_height * down;
+    g.shown_width = (width * across + divisor - 1) / divisor;
+    g.shown_height = height * down;
+
+    // loadimage_yv12_ajust ignores the pitch of its source, the packed enlargers have no argument for it, and the band
+    // enlarger takes it for the width. The plane enlargers drift with any pitch but the width, on either side.
+    g.tight_surface = is_zoom(scaling) && g.surface == SurfaceFormat::yv12;
+    g.tight_picture = g.tight_surface || g.field || (g.packed && is_zoom(scaling)) ||
+                      (g.surface == SurfaceFormat::yv12 && scaling == Scaling::none);
     return g;
 }
 

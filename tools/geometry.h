@@ -4,15 +4,22 @@
 
 namespace player {
 
+enum class Scaling { none, half_width, zoom_1x2, zoom_2x2, field };
+
+Scaling next_zoom(Scaling scaling);
+const char* scaling_text(Scaling scaling); // for titles: " half width"
+
 struct Geometry {
-    SurfaceFormat surface;             // what is written; half width exists for YUY2 and YV12 only
-    int picture_width, picture_height; // whole blocks and pairs of lines: what the loader reads
+    SurfaceFormat surface;             // what is written; not every scaling exists for every format
+    bool packed;                       // the loader reads YUY2 as it is
+    bool field;                        // the loader reads every other line
+    int picture_width, picture_height; // whole blocks and groups of lines: what the loader reads
     int surface_width, surface_height; // what the loader writes
     int shown_width, shown_height;     // the part that is picture and not padding
-    bool tight_luma;                   // luma lines follow each other without a gap
+    bool tight_picture, tight_surface; // lines follow each other without a gap
 };
 
-Geometry plan(int width, int height, SurfaceFormat wanted, bool half);
+Geometry plan(int width, int height, SurfaceFormat wanted, Scaling scaling, bool packed_source);
 
 // The largest rectangle of the given aspect in the middle of an area.
 struct Rectangle {

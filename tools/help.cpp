@@ -5,7 +5,7 @@ namespace player {
 const char* key_text()
 {
     return "space pause | . next picture | 1 2 brightness | 3 4 contrast | 5 6 saturation | 0 reset | s surface | "
-           "w half width | left right seek | f full screen | h keys | q quit";
+           "w half width | z zoom | d field | left right seek | f full screen | h keys | q quit";
 }
 
 std::string help_text()
@@ -19,9 +19,19 @@ std::string help_text()
            "\n"
            "                     (default rgb32; rgb16-555 has its zero bit at the bottom)\n"
            "  --half             half width; surfaces other than yuy2 and yv12 become yuy2\n"
+           "  --zoom 1x2         twice the height\n"
+           "  --zoom 2x2         twice the width and height; surfaces other than yuy2 and yv12 become yuy2\n"
+           "  --field            take the picture for one field: its lines 0, 2, 4, ... are doubled along edges; the\n"
+           "                     surface becomes yuy2 (--half, --zoom and --field exclude each other)\n"
            "  --brightness N     added to luma, -255 to 255 (default 0)\n"
            "  --contrast X       gain around mid-grey, 0 to 3.98 (default 1)\n"
            "  --saturation X     gain of the colours, 0 to 3.98 (default 1)\n"
+           "\n"
+           "File without a header:\n"
+           "  --format NAME      what FFmpeg calls its kind, such as rawvideo\n"
+           "  --pixel-format NAME\n"
+           "                     what FFmpeg calls its pixels, such as yuyv422 for YUY2; also for the test pattern\n"
+           "  --video-size WxH   size of its pictures\n"
            "\n"
            "Playing:\n"
            "  --loop             start again at the end\n"
@@ -31,7 +41,8 @@ std::string help_text()
            "  --size WxH         size of the test pattern (default 1280x720)\n"
            "  --seconds S        length of the test pattern (default 10)\n"
            "  --isa NAME         use this instruction set instead of the best\n"
-           "  --stats            print the time per picture that vsurf took, and its instruction set\n"
+           "  --stats            print which exports of vsurf ran, on which instruction set, and their time per "
+           "picture\n"
            "  --quiet            no progress on the terminal\n"
            "  -h, --help         this text\n"
            "  -V, --version      the version\n"

@@ -1,4 +1,4 @@
-// The one place that calls the library: planes onto a surface.
+// The one place that calls the library: a picture onto a surface.
 #pragma once
 #include "frame/dispatch.h"
 #include "tools/controls.h"
@@ -12,7 +12,10 @@ public:
     explicit Loader(const vsurf::Isa& isa) : isa_(isa) {}
 
     const char* isa_name() const { return isa_.name; }
-    void load(const Planes& picture, Surface& surface, const Controls& controls, bool half) const;
+    // Picture and surface have the geometry that was planned for the scaling; `packed` is a YUY2 picture. Returns the
+    // name of the export that did it.
+    const char* load(const Picture& picture, bool packed, Surface& surface, const Controls& controls,
+                     Scaling scaling) const;
 
 private:
     const vsurf::Isa& isa_;

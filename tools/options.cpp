@@ -1,10 +1,12 @@
 #include "tools/options.h"
 #include "tools/error.h"
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
 #include <getopt.h>
-#include <iterator>
+#include <initializer_list>
+#include <set>
 
 namespace player {
 namespace {
@@ -14,6 +16,8 @@ constexpr int kMaxSide = 16384;
 enum Id {
     kSurface = 256,
     kHalf,
+    kZoom,
+    kField,
     kBrightness,
     kContrast,
     kSaturation,
@@ -25,12 +29,17 @@ enum Id {
     kIsa,
     kSize,
     kSeconds,
+    kFormat,
+    kPixelFormat,
+    kVideoSize,
     kQuiet
 };
 
 constexpr option kOptions[] = {
     {"surface", required_argument, nullptr, kSurface},
     {"half", no_argument, nullptr, kHalf},
+    {"zoom", required_argument, nullptr, kZoom},
+    {"field", no_argument, nullptr, kField},
     {"brightness", required_argument, nullptr, kBrightness},
     {"contrast", required_argument, nullptr, kContrast},
     {"saturation", required_argument, nullptr, kSaturation},
@@ -42,6 +51,9 @@ constexpr option kOptions[] = {
     {"isa", required_argument, nullptr, kIsa},
     {"size", required_argument, nullptr, kSize},
     {"seconds", required_argument, nullptr, kSeconds},
+    {"format", required_argument, nullptr, kFormat},
+    {"pixel-format", required_argument, nullptr, kPixelFormat},
+    {"video-size", required_argument, nullptr, kVideoSize},
     {"quiet", no_argument, nullptr, kQuiet},
     {"help", no_argument, nullptr, 'h'},
     {"version", no_argument, nullptr, 'V'},
@@ -74,12 +86,23 @@ SurfaceFormat surface(const char* text)
     throw Error("--surface " + std::string(text) + ": not one of " + format_names());
 }
 
-void size(const char* text, Source& source)
+Scaling zoom(const std::string& text)
 {
-    const char* cross = std::strchr(text, 'x');
-    if (!cross) throw Error("--size " + std::string(text) + ": not of the form WIDTHxHEIGHT");
-    source.width = number(std::string(text, cross).c_str(), "size", 1, kMaxSide);
-    source.height = number(cross + 1, "size", 1, kMaxSide);
+    if (text == "1x2") return Scaling::zoom_1x2;
+    if (text == "2x2") return Scaling::zoom_2x2;
+    throw Error("--zoom " + text + ": not 1x2 or 2x2");
+}
+
+struct Size {
+    int width, height;
+};
+
+Size size(const std::string& text, const std::string& name)
+{
+    const std::size_t cross = text.find('x');
+    if (cross == std::string::npos) throw Error("--" + name + " " + text + ": not of the form WIDTHxHEIGHT");
+    auto side = [&](const std::string& digits) { return number(digits.c_str(), name.c_str(), 1, kMaxSide); };
+    return {side(text.substr(0, cross)), side(text.substr(cross + 1))};
 }
 
 const vsurf::Isa* isa(const char* text)
@@ -96,11 +119,32 @@ const vsurf::Isa* isa(const char* text)
     throw Error("--isa " + std::string(text) + ": not one of " + names);
 }
 
+void shape(int id, const char* argument, Source& source)
+{
+    switch (id) {
+    case kSize: {
+        const Size pattern = size(argument, "size");
+        source.width = pattern.width;
+        source.height = pattern.height;
+        break;
+    }
+    case kSeconds: source.seconds = number(argument, "seconds", 0.001, 86400.0); break;
+    case kFormat: source.format = argument; break;
+    case kPixelFormat: source.pixel_format = argument; break;
+    case kVideoSize:
+        size(argument, "video-size");
+        source.frame_size = argument;
+        break;
+    }
+}
+
 void apply(int id, const char* argument, Options& options)
 {
     switch (id) {
     case kSurface: options.surface = surface(argument); break;
-    case kHalf: options.half = true; break;
+    case kHalf: options.scaling = Scaling::half_width; break;
+    case kZoom: options.scaling = zoom(argument); break;
+    case kField: options.scaling = Scaling::field; break;
     case kBrightness:
         options.controls.brightness =
             number(argument, "brightness", -Controls::kMaxBrightness, Controls::kMaxBrightness);
@@ -115,11 +159,10 @@ void apply(int id, const char* argument, Options& options)
     case kLoop: options.loop = true; break;
     case kStats: options.stats = true; break;
     case kIsa: options.isa = isa(argument); break;
-    case kSize: size(argument, options.source); break;
-    case kSeconds: options.source.seconds = number(argument, "seconds", 0.001, 86400.0); break;
     case kQuiet: options.quiet = true; break;
     case 'h': options.action = Options::Action::help; break;
     case 'V': options.action = Options::Action::version; break;
+    default: shape(id, argument, options.source);
     }
 }
 
@@ -131,12 +174,19 @@ void apply(int id, const char* argument, Options& options)
     throw Error(word + (optopt ? ": takes no value" : ": unknown option (see --help)"));
 }
 
-void check_together(const Options& options, bool window, bool shaped)
+void check_together(const Options& options, const std::set<int>& given)
 {
-    if (shaped && !options.source.is_pattern())
+    auto any = [&](std::initializer_list<int> ids) {
+        return std::any_of(ids.begin(), ids.end(), [&](int id) { return given.contains(id); });
+    };
+    if (given.contains(kHalf) + given.contains(kZoom) + given.contains(kField) > 1)
+        throw Error("--half, --zoom and --field exclude each other");
+    if (any({kSize, kSeconds}) && !options.source.is_pattern())
         throw Error("--size and --seconds shape the test pattern; they do not go with a file");
+    if (any({kFormat, kVideoSize}) && options.source.is_pattern())
+        throw Error("--format and --video-size describe a file; name one");
     if (options.loop && options.source.is_standard_input()) throw Error("--loop cannot repeat standard input");
-    if (options.loop && options.dump && !options.frames && !window)
+    if (options.loop && options.dump && !options.frames && !options.window)
         throw Error("--loop with --dump writes without end; add --frames");
 }
 
@@ -145,12 +195,11 @@ void check_together(const Options& options, bool window, bool shaped)
 Options parse_options(int argc, char** argv)
 {
     Options options;
-    bool window = false, shaped = false;
+    std::set<int> given;
     opterr = 0;
     for (int id; (id = getopt_long(argc, argv, ":hV", kOptions, nullptr)) != -1;) {
         if (id == '?' || id == ':') refuse(id, argv);
-        window |= id == kWindow;
-        shaped |= id == kSize || id == kSeconds;
+        given.insert(id);
         apply(id, optarg, options);
     }
     if (options.action != Options::Action::play) return options;
@@ -159,8 +208,8 @@ Options parse_options(int argc, char** argv)
         if (!*argv[optind]) throw Error("the file name is empty");
         options.source.file = argv[optind];
     }
-    check_together(options, window, shaped);
-    options.window = window || !options.dump;
+    options.window = given.contains(kWindow) || !options.dump;
+    check_together(options, given);
     return options;
 }
 

@@ -2,8 +2,8 @@
 #pragma once
 #include "frame/dispatch.h"
 #include "tools/controls.h"
+#include "tools/geometry.h"
 #include "tools/source.h"
-#include "tools/surface.h"
 #include <filesystem>
 #include <optional>
 
@@ -15,7 +15,7 @@ struct Options {
     Action action = Action::play;
     Source source;
     SurfaceFormat surface = SurfaceFormat::rgb32;
-    bool half = false;
+    Scaling scaling = Scaling::none;
     Controls controls;
     std::optional<std::filesystem::path> dump;
     std::optional<int64_t> frames;

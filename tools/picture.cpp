@@ -4,65 +4,104 @@
 namespace player {
 namespace {
 
+// The plane enlargers read one sample beyond the last one of a plane.
+constexpr std::size_t kReadSlack = 64;
+
 struct Plane {
     uint8_t* bytes;
     std::ptrdiff_t pitch;
-    int width, height;
+    int width, height; // in bytes and lines
 };
 
-void copy_padded(Plane from, Plane to)
+void extend_samples(uint8_t* line, int from, int to)
 {
-    const auto width = static_cast<std::size_t>(from.width);
-    const auto padding = static_cast<std::size_t>(to.width - from.width);
+    std::memset(line + from, line[from - 1], static_cast<std::size_t>(to - from));
+}
+
+// An odd number of pixels ends in the middle of a pair, whose V lies behind them.
+void extend_pixels(uint8_t* line, int from, int to)
+{
+    const uint8_t luma = line[from - 2];
+    const uint8_t* pair = line + (from - 2) / 4 * 4;
+    const uint8_t u = pair[1], v = pair[3];
+    for (int x = from; x < to; x += 2) {
+        line[x] = luma;
+        line[x + 1] = x % 4 ? v : u;
+    }
+}
+
+// `last` is the line of the source that is repeated below it, and `extend` lengthens a line.
+void copy_padded(const Plane& from, const Plane& to, int last, void (*extend)(uint8_t*, int, int))
+{
+    const int whole = extend == extend_pixels ? round_up(from.width, 4) : from.width;
     for (int line = 0; line < to.height; line++) {
         uint8_t* out = to.bytes + line * to.pitch;
         if (line < from.height) {
-            std::memcpy(out, from.bytes + line * from.pitch, width);
-            std::memset(out + width, out[width - 1], padding);
+            std::memcpy(out, from.bytes + line * from.pitch, static_cast<std::size_t>(whole));
+            extend(out, from.width, to.width);
         } else {
-            std::memcpy(out, out - to.pitch, static_cast<std::size_t>(to.width));
+            std::memcpy(out, to.bytes + last * to.pitch, static_cast<std::size_t>(to.width));
         }
     }
 }
 
+// A field ends with the last of its own lines, not with one of the other field's.
+int last_line(int height, const Geometry& geometry) { return geometry.field ? (height - 1) / 2 * 2 : height - 1; }
+
 bool usable_in_place(const AVFrame& frame, const Geometry& geometry)
 {
-    const int pitch = frame.linesize[0];
-    return frame.width == geometry.picture_width && frame.height == geometry.picture_height && pitch > 0 &&
-           frame.linesize[1] * 2 == pitch && frame.linesize[2] * 2 == pitch &&
-           (!geometry.tight_luma || pitch == frame.width);
+    if (frame.width != geometry.picture_width || frame.height != geometry.picture_height) return false;
+    const int pitch = frame.linesize[0], line = geometry.packed ? 2 * frame.width : frame.width;
+    if (pitch < line || (geometry.tight_picture && pitch != line)) return false;
+    if (geometry.packed) return pitch % 2 == 0;
+    return frame.linesize[1] * 2 == pitch && frame.linesize[2] * 2 == pitch;
 }
 
 } // namespace
 
-Planes PictureSource::planes(const AVFrame& frame, const Geometry& geometry)
+Picture PictureSource::take(const AVFrame& frame, const Geometry& geometry)
 {
-    const int width = geometry.picture_width, height = geometry.picture_height;
-    if (usable_in_place(frame, geometry))
-        return {frame.data[0], frame.data[1], frame.data[2], width, height, frame.linesize[0]};
-
-    reserve(geometry);
-    const auto luma_size = static_cast<std::size_t>(pitch_) * static_cast<std::size_t>(height_);
-    uint8_t* y = bytes_.get();
-    uint8_t* u = y + luma_size;
-    uint8_t* v = u + luma_size / 4;
-    const int chroma_width = (frame.width + 1) / 2, chroma_height = (frame.height + 1) / 2;
-    copy_padded({frame.data[0], frame.linesize[0], frame.width, frame.height}, {y, pitch_, width, height});
-    copy_padded({frame.data[1], frame.linesize[1], chroma_width, chroma_height},
-                {u, pitch_ / 2, width / 2, height / 2});
-    copy_padded({frame.data[2], frame.linesize[2], chroma_width, chroma_height},
-                {v, pitch_ / 2, width / 2, height / 2});
-    return {y, u, v, width, height, pitch_};
+    if (!usable_in_place(frame, geometry))
+        return geometry.packed ? copy_packed(frame, geometry) : copy_planes(frame, geometry);
+    const int pitch = geometry.packed ? frame.linesize[0] / 2 : frame.linesize[0];
+    return {frame.data[0], frame.data[1], frame.data[2], frame.width, frame.height, pitch};
 }
 
-void PictureSource::reserve(const Geometry& geometry)
+Picture PictureSource::copy_planes(const AVFrame& frame, const Geometry& geometry)
 {
-    const int pitch = geometry.tight_luma ? geometry.picture_width : round_up(geometry.picture_width, 128);
-    if (bytes_ && pitch == pitch_ && geometry.picture_height == height_) return;
-    pitch_ = pitch;
-    height_ = geometry.picture_height;
+    const int width = geometry.picture_width, height = geometry.picture_height;
+    const int pitch = geometry.tight_picture ? width : round_up(width, 128);
+    const auto luma_size = static_cast<std::size_t>(pitch) * static_cast<std::size_t>(height);
+    reserve(luma_size / 2 * 3);
+    const Picture picture{bytes_.get(), bytes_.get() + luma_size, bytes_.get() + luma_size / 4 * 5, width, height,
+                          pitch};
+
+    copy_padded({frame.data[0], frame.linesize[0], frame.width, frame.height}, {picture.y, pitch, width, height},
+                last_line(frame.height, geometry), extend_samples);
+    const int chroma_width = (frame.width + 1) / 2, chroma_height = (frame.height + 1) / 2;
+    for (const int plane : {1, 2})
+        copy_padded({frame.data[plane], frame.linesize[plane], chroma_width, chroma_height},
+                    {plane == 1 ? picture.u : picture.v, pitch / 2, width / 2, height / 2},
+                    last_line(chroma_height, geometry), extend_samples);
+    return picture;
+}
+
+Picture PictureSource::copy_packed(const AVFrame& frame, const Geometry& geometry)
+{
+    const int width = geometry.picture_width, height = geometry.picture_height;
+    const int pitch = geometry.tight_picture ? width : round_up(width, 32);
+    reserve(2 * static_cast<std::size_t>(pitch) * static_cast<std::size_t>(height));
+    copy_padded({frame.data[0], frame.linesize[0], 2 * frame.width, frame.height},
+                {bytes_.get(), 2 * pitch, 2 * width, height}, last_line(frame.height, geometry), extend_pixels);
+    return {bytes_.get(), nullptr, nullptr, width, height, pitch};
+}
+
+void PictureSource::reserve(std::size_t size)
+{
+    if (size <= size_) return;
     bytes_ = nullptr;
-    bytes_ = allocate_aligned(static_cast<std::size_t>(pitch_) * static_cast<std::size_t>(height_) / 2 * 3);
+    bytes_ = allocate_aligned(size + kReadSlack);
+    size_ = size;
 }
 
 } // namespace player

@@ -14,7 +14,7 @@ static constexpr auto kLongestWait = 100ms; // between looks at the signals
 
 Player::Player(const Options& options, const StopSignals& stop)
     : options_(options), stop_(stop), decoder_(options.source), loader_(*options.isa), progress_(!options.quiet),
-      coming_(new_frame()), shown_(new_frame()), format_(options.surface), half_(options.half),
+      coming_(new_frame()), shown_(new_frame()), format_(options.surface), scaling_(options.scaling),
       controls_(options.controls)
 {
     if (options.dump) dump_.emplace(*options.dump);
@@ -100,10 +100,14 @@ void Player::turn(Command command)
     case Command::more_saturation: controls_.turn_saturation(kGainStep); break;
     case Command::reset: controls_ = {}; break;
     case Command::next_surface: format_ = next_format(format_); break;
-    case Command::half_width: half_ = !half_; break;
+    case Command::half_width: toggle(Scaling::half_width); break;
+    case Command::zoom: scaling_ = next_zoom(scaling_); break;
+    case Command::field: toggle(Scaling::field); break;
     default: break;
     }
 }
+
+void Player::toggle(Scaling scaling) { scaling_ = scaling_ == scaling ? Scaling::none : scaling; }
 
 bool Player::seek(double by)
 {
@@ -129,12 +133,12 @@ void Player::take_picture()
 
 void Player::load()
 {
-    const AVFrame& frame = converter_.to_yuv420p(*shown_);
-    const Geometry geometry = plan(frame.width, frame.height, format_, half_);
-    const Planes planes = picture_.planes(frame, geometry);
+    const Geometry geometry = plan(shown_->width, shown_->height, format_, scaling_, is_yuy2(*shown_));
+    const AVFrame& frame = geometry.packed ? *shown_ : converter_.to_yuv420p(*shown_);
+    const Picture picture = picture_.take(frame, geometry);
     surface_.shape(geometry.surface, geometry.surface_width, geometry.surface_height, geometry.shown_width,
-                   geometry.shown_height);
-    stats_.time([&] { loader_.load(planes, surface_, controls_, half_); });
+                   geometry.shown_height, geometry.tight_surface);
+    stats_.time([&] { return loader_.load(picture, geometry.packed, surface_, controls_, scaling_); });
 }
 
 void Player::show()
@@ -163,7 +167,8 @@ void Player::hold_last()
 
 void Player::finish() const
 {
-    if (options_.stats) std::printf("vsurf %s: %s\n", loader_.isa_name(), stats_.summary().c_str());
+    if (options_.stats)
+        for (const std::string& line : stats_.lines()) std::printf("vsurf %s, %s\n", loader_.isa_name(), line.c_str());
     std::fflush(stdout);
     const Damage& damage = decoder_.damage();
     if (damage.any()) throw Error(options_.source.name() + ": " + damage.text());
@@ -176,7 +181,7 @@ std::string Player::title() const
     char text[160];
     std::snprintf(text, sizeof text, "%s %dx%d%s, brightness %+d, contrast %.2f, saturation %.2f%s",
                   traits(surface_.format()).name, surface_.shown_width(), surface_.shown_height(),
-                  half_ ? " half width" : "", controls_.brightness, controls_.contrast / double{Controls::kUnity},
+                  scaling_text(scaling_), controls_.brightness, controls_.contrast / double{Controls::kUnity},
                   controls_.saturation / double{Controls::kUnity}, paused_ ? ", paused" : "");
     return text + std::string(" - ") + options_.source.name();
 }

@@ -28,6 +28,7 @@ private:
     Next wait_for(double time);
     Next obey(Command command);
     void turn(Command command);
+    void toggle(Scaling scaling);
     bool seek(double by);
     void take_picture();
     void load();
@@ -54,7 +55,8 @@ private:
     double shown_time_ = 0;
     int64_t pictures_ = 0, pictures_at_start_ = 0;
     SurfaceFormat format_;
-    bool half_, paused_ = false, step_ = false, keys_in_title_ = false;
+    Scaling scaling_;
+    bool paused_ = false, step_ = false, keys_in_title_ = false;
     Controls controls_;
 };
 

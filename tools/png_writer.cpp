@@ -35,7 +35,7 @@ void make_directory(const path& directory)
     if (!std::filesystem::is_directory(directory)) fail(directory, "not a directory");
 }
 
-void write_png(const RgbImage& image, const path& file)
+void write_bytes(const RgbImage& image, const path& file)
 {
     std::unique_ptr<std::FILE, CloseFile> out(std::fopen(file.c_str(), "wb"));
     if (!out) fail(file, std::strerror(errno));
@@ -51,18 +51,23 @@ void write_png(const RgbImage& image, const path& file)
 
 } // namespace
 
+void write_png(const RgbImage& image, const path& file)
+{
+    const path temporary = file.parent_path() / std::string(".").append(file.filename().string()).append(".part");
+    RemoveUnlessKept guard{temporary};
+    write_bytes(image, temporary);
+    std::error_code error;
+    std::filesystem::rename(temporary, file, error);
+    if (error) fail(file, error.message());
+    guard.kept = true;
+}
+
 void PngWriter::write(const RgbImage& image)
 {
     if (count_ == 0) make_directory(directory_);
     char name[64];
     std::snprintf(name, sizeof name, "picture-%06lld.png", static_cast<long long>(++count_));
-    const path temporary = directory_ / std::string(".").append(name).append(".part");
-    RemoveUnlessKept guard{temporary};
-    write_png(image, temporary);
-    std::error_code error;
-    std::filesystem::rename(temporary, directory_ / name, error);
-    if (error) fail(directory_ / name, error.message());
-    guard.kept = true;
+    write_png(image, directory_ / name);
 }
 
 } // namespace player

@@ -1,4 +1,4 @@
-// Numbered PNG files in a directory.
+// PNG files, also as a numbered sequence in a directory.
 #pragma once
 #include "tools/rgb_image.h"
 #include <cstdint>
@@ -6,11 +6,14 @@
 
 namespace player {
 
+// Complete or absent: the file gets its name when all of it is written.
+void write_png(const RgbImage& image, const std::filesystem::path& file);
+
 class PngWriter {
 public:
     explicit PngWriter(std::filesystem::path directory) : directory_(std::move(directory)) {}
 
-    // Complete or absent: the file gets its name when all of it is written. The directory is made for the first one.
+    // The directory is made for the first one.
     void write(const RgbImage& image);
 
 private:

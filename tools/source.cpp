@@ -1,25 +1,17 @@
 #include "tools/source.h"
 #include "tools/error.h"
-#include <cstdio>
+#include "tools/pattern.h"
 #include <cstring>
 #include <filesystem>
 #include <new>
+#include <utility>
 extern "C" {
 #include <libavdevice/avdevice.h>
+#include <libavutil/pixdesc.h>
 }
 
 namespace player {
 namespace {
-
-// The pattern is drawn in whole chroma samples: an odd size needs chroma of full resolution to begin with.
-std::string pattern(const Source& source)
-{
-    const bool odd = source.width % 2 || source.height % 2;
-    char text[160];
-    std::snprintf(text, sizeof text, "testsrc2=size=%dx%d:rate=%d:duration=%.3f%s,format=yuv420p", source.width,
-                  source.height, Source::kPatternRate, source.seconds, odd ? ",format=yuv444p" : "");
-    return text;
-}
 
 // "file:" keeps a colon in a file name from being read as a protocol.
 std::string address(const Source& source)
@@ -29,6 +21,51 @@ std::string address(const Source& source)
     if (std::filesystem::is_directory(source.file, ignored)) throw Error(source.file + ": is a directory");
     const bool is_address = source.file.find("://") != std::string::npos;
     return is_address && !std::filesystem::exists(source.file, ignored) ? source.file : "file:" + source.file;
+}
+
+// Null where FFmpeg is to find out.
+const AVInputFormat* demuxer(const Source& source)
+{
+    if (source.is_pattern()) {
+        avdevice_register_all();
+        if (const AVInputFormat* format = av_find_input_format("lavfi")) return format;
+        throw Error("this FFmpeg has no test pattern (lavfi); name a file");
+    }
+    if (source.format.empty()) return nullptr;
+    if (const AVInputFormat* format = av_find_input_format(source.format.c_str())) return format;
+    throw Error("--format " + source.format + ": FFmpeg reads no such format");
+}
+
+struct Dictionary {
+    AVDictionary* entries = nullptr;
+
+    Dictionary() = default;
+    Dictionary(Dictionary&& other) noexcept : entries(std::exchange(other.entries, nullptr)) {}
+    ~Dictionary() { av_dict_free(&entries); }
+    void set(const char* name, const std::string& value)
+    {
+        if (!value.empty() && av_dict_set(&entries, name, value.c_str(), 0) < 0) throw std::bad_alloc();
+    }
+};
+
+Dictionary description(const Source& source)
+{
+    Dictionary words;
+    if (source.is_pattern()) return words;
+    if (source.format == "rawvideo" && source.frame_size.empty())
+        throw Error("--format rawvideo: needs --video-size WIDTHxHEIGHT");
+    words.set("pixel_format", source.pixel_format);
+    words.set("video_size", source.frame_size);
+    return words;
+}
+
+// What is left over would have been ignored.
+void check_all_taken(const Source& source, const Dictionary& left, const AVFormatContext& context)
+{
+    const AVDictionaryEntry* entry = av_dict_get(left.entries, "", nullptr, AV_DICT_IGNORE_SUFFIX);
+    if (!entry) return;
+    const char* option = std::strcmp(entry->key, "video_size") ? "--pixel-format" : "--video-size";
+    throw Error(option + (": does not go with " + source.name()) + ", which is " + context.iformat->name);
 }
 
 } // namespace
@@ -55,17 +92,16 @@ std::string Source::name() const
 
 FormatPtr open(const Source& source)
 {
-    const AVInputFormat* format = nullptr;
-    if (source.is_pattern()) {
-        avdevice_register_all();
-        format = av_find_input_format("lavfi");
-        if (!format) throw Error("this FFmpeg has no test pattern (lavfi); name a file");
-    }
+    if (!source.pixel_format.empty() && av_get_pix_fmt(source.pixel_format.c_str()) == AV_PIX_FMT_NONE)
+        throw Error("--pixel-format " + source.pixel_format + ": FFmpeg knows no such format");
+    const AVInputFormat* format = demuxer(source);
     AVFormatContext* opened = nullptr;
     const std::string what = source.is_pattern() ? pattern(source) : address(source);
-    int status = avformat_open_input(&opened, what.c_str(), format, nullptr);
+    Dictionary words = description(source);
+    int status = avformat_open_input(&opened, what.c_str(), format, &words.entries);
     if (status < 0) throw Error(source.name() + ": " + av_error_text(status));
     FormatPtr context(opened);
+    check_all_taken(source, words, *context);
     // FFmpeg would draw a text file as terminal art.
     if (!std::strcmp(context->iformat->name, "tty")) throw Error(source.name() + ": a text file, not a video");
     status = avformat_find_stream_info(context.get(), nullptr);

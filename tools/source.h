@@ -1,4 +1,4 @@
-// What is played: a file, standard input, or FFmpeg's test pattern.
+// What is played: a file, standard input, or a test pattern.
 #pragma once
 #include "tools/ffmpeg.h"
 
@@ -8,6 +8,9 @@ struct Source {
     std::string file; // empty: the test pattern
     int width = 1280, height = 720;
     double seconds = 10;
+    // What a file without a header does not say of itself, in FFmpeg's words: -f, -video_size and -pixel_format, which
+    // also shapes the pattern. Empty: FFmpeg finds out.
+    std::string format, frame_size, pixel_format;
 
     static constexpr int kPatternRate = 25;
 

@@ -5,18 +5,24 @@
 
 namespace player {
 
-std::string Stats::summary() const
+static std::string summary(std::vector<double> samples)
 {
-    if (samples_.empty()) return "no pictures";
-    std::vector<double> sorted = samples_;
-    std::sort(sorted.begin(), sorted.end());
-    const std::size_t count = sorted.size();
-    const double median = (sorted[(count - 1) / 2] + sorted[count / 2]) / 2;
-    const double mean = std::accumulate(sorted.begin(), sorted.end(), 0.0) / static_cast<double>(count);
+    std::sort(samples.begin(), samples.end());
+    const std::size_t count = samples.size();
+    const double median = (samples[(count - 1) / 2] + samples[count / 2]) / 2;
+    const double mean = std::accumulate(samples.begin(), samples.end(), 0.0) / static_cast<double>(count);
     char text[128];
     std::snprintf(text, sizeof text, "%zu %s, ms per picture: min %.3f, median %.3f, mean %.3f", count,
-                  count == 1 ? "picture" : "pictures", sorted.front(), median, mean);
+                  count == 1 ? "picture" : "pictures", samples.front(), median, mean);
     return text;
+}
+
+std::vector<std::string> Stats::lines() const
+{
+    if (samples_.empty()) return {"no pictures"};
+    std::vector<std::string> lines;
+    for (const auto& [name, samples] : samples_) lines.push_back(name + ": " + summary(samples));
+    return lines;
 }
 
 } // namespace player

@@ -35,16 +35,18 @@ AlignedBytes allocate_aligned(std::size_t size)
     return AlignedBytes(bytes);
 }
 
-void Surface::shape(SurfaceFormat format, int width, int height, int shown_width, int shown_height)
+void Surface::shape(SurfaceFormat format, int width, int height, int shown_width, int shown_height, bool tight)
 {
     shown_width_ = shown_width;
     shown_height_ = shown_height;
-    if (bytes_ && format == format_ && width == width_ && height == height_) return;
+    const bool planar = format == SurfaceFormat::yv12;
+    const int line = width * traits(format).bytes_per_pixel;
+    const int pitch = tight ? line : round_up(line, planar ? 128 : 64); // 64 for the chroma lines too
+    if (bytes_ && format == format_ && width == width_ && height == height_ && pitch == pitch_) return;
     format_ = format;
     width_ = width;
     height_ = height;
-    const bool planar = format == SurfaceFormat::yv12;
-    pitch_ = round_up(width * traits(format).bytes_per_pixel, planar ? 128 : 64); // 64 for the chroma lines too
+    pitch_ = pitch;
     const std::size_t size = planar ? luma_size() / 2 * 3 : luma_size();
     bytes_ = nullptr;
     bytes_ = allocate_aligned(size + kReadSlack);

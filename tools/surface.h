@@ -47,8 +47,8 @@ AlignedBytes allocate_aligned(std::size_t size);
 
 class Surface {
 public:
-    // Keeps its memory, and what it holds, when nothing changes.
-    void shape(SurfaceFormat format, int width, int height, int shown_width, int shown_height);
+    // Keeps its memory, and what it holds, when nothing changes. The lines of a tight surface have no gap between them.
+    void shape(SurfaceFormat format, int width, int height, int shown_width, int shown_height, bool tight = false);
 
     SurfaceFormat format() const { return format_; }
     int width() const { return width_; }

@@ -45,6 +45,8 @@ Command key_command(const SDL_Keysym& key)
     case SDLK_KP_0: return Command::reset;
     case SDLK_s: return Command::next_surface;
     case SDLK_w: return Command::half_width;
+    case SDLK_z: return Command::zoom;
+    case SDLK_d: return Command::field;
     case SDLK_LEFT: return Command::back;
     case SDLK_RIGHT: return Command::forward;
     case SDLK_f: return Command::full_screen;
@@ -59,6 +61,8 @@ bool repeats(Command command)
     case Command::pause:
     case Command::next_surface:
     case Command::half_width:
+    case Command::zoom:
+    case Command::field:
     case Command::full_screen:
     case Command::keys: return false;
     default: return true;

@@ -21,6 +21,8 @@ enum class Command {
     reset,
     next_surface,
     half_width,
+    zoom,
+    field,
     back,
     forward,
     full_screen,

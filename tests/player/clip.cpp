@@ -6,6 +6,7 @@
 #include <random>
 #include <stdexcept>
 extern "C" {
+#include <libavutil/imgutils.h>
 #include <libavutil/opt.h>
 #include <libavutil/pixdesc.h>
 }
@@ -43,9 +44,10 @@ void draw(AVFrame& frame, int number)
     const int planes = av_pix_fmt_count_planes(static_cast<AVPixelFormat>(frame.format));
     const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
     for (int plane = 0; plane < planes; plane++) {
-        const int shift_x = plane ? format->log2_chroma_w : 0, shift_y = plane ? format->log2_chroma_h : 0;
+        const int shift_y = plane ? format->log2_chroma_h : 0;
+        const int line = av_image_get_linesize(static_cast<AVPixelFormat>(frame.format), frame.width, plane);
         for (int y = 0; y < AV_CEIL_RSHIFT(frame.height, shift_y); y++)
-            for (int x = 0; x < AV_CEIL_RSHIFT(frame.width, shift_x); x++)
+            for (int x = 0; x < line; x++)
                 frame.data[plane][y * frame.linesize[plane] + x] =
                     static_cast<uint8_t>(64 + ((x * (3 + plane) + number * 5) ^ (y * 2)) % 128);
     }
@@ -54,7 +56,10 @@ void draw(AVFrame& frame, int number)
 
 } // namespace
 
-Yuv::Yuv(int w, int h) : width(w), height(h), y(area(w, h)), u(area(chroma_width(), chroma_height())), v(u.size()) {}
+Yuv::Yuv(int w, int h, int step)
+    : width(w), height(h), chroma_step(step), y(area(w, h)), u(area(chroma_width(), chroma_height())), v(u.size())
+{
+}
 
 int Yuv::luma(int column, int line) const
 {
@@ -68,9 +73,9 @@ std::array<int, 2> Yuv::chroma(int column, int line) const
     return {u[at], v[at]};
 }
 
-Yuv noise(int width, int height)
+Yuv noise(int width, int height, int chroma_step)
 {
-    Yuv picture(width, height);
+    Yuv picture(width, height, chroma_step);
     std::mt19937 random(20);
     auto fill = [&](std::vector<uint8_t>& plane, unsigned least, unsigned most) {
         for (uint8_t& each : plane) each = static_cast<uint8_t>(least + random() % (most - least + 1));
@@ -107,11 +112,37 @@ Image render(const Yuv& picture)
     Image image(picture.width, picture.height);
     for (int line = 0; line < picture.height; line++) {
         for (int x = 0; x < picture.width; x++) {
-            const auto [u, v] = picture.chroma(x / 2, line / 2);
+            const auto [u, v] = picture.chroma(x / 2, line / picture.chroma_step);
             image.at(x, line) = bt601(picture.luma(x, line), u, v);
         }
     }
     return image;
+}
+
+static int adjusted(int value, int gain, int offset) { return std::clamp(value * gain / 64 + offset, 0, 255); }
+
+Yuv adjusted(Yuv picture, int brightness, int contrast, int saturation)
+{
+    const int luma_offset = 128 - 2 * contrast + brightness, chroma_offset = 128 - 2 * saturation;
+    for (auto& each : picture.y) each = static_cast<uint8_t>(adjusted(each, contrast, luma_offset));
+    for (auto* plane : {&picture.u, &picture.v})
+        for (auto& each : *plane) each = static_cast<uint8_t>(adjusted(each, saturation, chroma_offset));
+    return picture;
+}
+
+std::string packed_bytes(const Yuv& picture)
+{
+    constexpr char kNoSample = 77;
+    std::string all;
+    for (int line = 0; line < picture.height; line++) {
+        for (int x = 0; x < picture.width; x += 2) {
+            const auto [u, v] = picture.chroma(x / 2, line);
+            const bool pair = x + 1 < picture.width;
+            all += {static_cast<char>(picture.luma(x, line)), static_cast<char>(u),
+                    pair ? static_cast<char>(picture.luma(x + 1, line)) : kNoSample, static_cast<char>(v)};
+        }
+    }
+    return all;
 }
 
 std::string bytes(const Yuv& picture)

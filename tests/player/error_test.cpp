@@ -43,7 +43,14 @@ INSTANTIATE_TEST_SUITE_P(
                     Usage{{"--seconds", "-2"}, "-2"}, Usage{{"--isa", "mmx"}, "scalar"},
                     Usage{{"--dump", ""}, "directory"}, Usage{{"--size", "64x64", "film.mp4"}, "test pattern"},
                     Usage{{"a.mp4", "b.mp4"}, "b.mp4"}, Usage{{""}, "empty"}, Usage{{"--loop", "-"}, "standard input"},
-                    Usage{{"--loop", "--dump", "pictures"}, "--frames"}));
+                    Usage{{"--loop", "--dump", "pictures"}, "--frames"}, Usage{{"--zoom", "2X2"}, "1x2"},
+                    Usage{{"--half", "--zoom", "1x2"}, "exclude each other"},
+                    Usage{{"--zoom", "2x2", "--field"}, "exclude each other"},
+                    Usage{{"--field", "--half"}, "exclude each other"}, Usage{{"--format", "rawvideo"}, "a file"},
+                    Usage{{"--video-size", "32x32"}, "a file"}, Usage{{"--video-size", "32", "f.yuv"}, "WIDTHxHEIGHT"},
+                    Usage{{"--format", "rawvideo", "f.yuv"}, "--video-size"},
+                    Usage{{"--format", "film", "f.yuv"}, "--format film"},
+                    Usage{{"--pixel-format", "yuy3", "f.yuv"}, "--pixel-format yuy3"}));
 
 TEST(WrongInput, missing_file) { expect_refused(play({"/no/such/film.mp4"}), "No such file"); }
 
@@ -87,6 +94,26 @@ INSTANTIATE_TEST_SUITE_P(Files, WrongFile,
                                          FileCase{"sound.wav", silent_wave(), "no video"},
                                          FileCase{"header.y4m", "YUV4MPEG2 W64 H48 F25:1 C420mpeg2\n", "header.y4m"}));
 
+TEST(WrongInput, description_that_a_file_with_a_header_does_not_need)
+{
+    const ScratchDirectory scratch;
+    write_file(scratch / "clip.y4m", "YUV4MPEG2 W2 H2 F25:1 C420mpeg2\nFRAME\n......");
+    const std::string file = (scratch / "clip.y4m").string(), directory = (scratch / "pictures").string();
+    expect_refused(play({"--dump", directory, "--pixel-format", "yuyv422", file}), "--pixel-format: does not go with");
+    expect_refused(play({"--dump", directory, "--video-size", "2x2", file}), "--video-size: does not go with");
+    EXPECT_FALSE(std::filesystem::exists(directory));
+}
+
+TEST(WrongInput, raw_file_that_ends_within_its_first_picture)
+{
+    const ScratchDirectory scratch;
+    write_file(scratch / "clip.yuy2", std::string(100, 'x'));
+    expect_refused(play({"--dump", (scratch / "pictures").string(), "--format", "rawvideo", "--pixel-format", "yuyv422",
+                         "--video-size", "16x16", (scratch / "clip.yuy2").string()}),
+                   "clip.yuy2");
+    EXPECT_FALSE(std::filesystem::exists(scratch / "pictures"));
+}
+
 TEST(WrongOutput, dump_directory_that_is_a_file)
 {
     const ScratchDirectory scratch;
@@ -101,8 +128,8 @@ TEST(Texts, help_names_every_surface_and_goes_to_stdout)
     const Result result = play({"--help"});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.err, "");
-    for (const char* word :
-         {"rgb32", "rgb24", "rgb16-565", "rgb16-555", "rgb16-664", "rgb16-655", "yuy2", "yv12", "--dump", "space"})
+    for (const char* word : {"rgb32", "rgb24", "rgb16-565", "rgb16-555", "rgb16-664", "rgb16-655", "yuy2", "yv12",
+                             "--dump", "space", "--zoom", "--field", "--pixel-format", "z zoom", "d field"})
         EXPECT_NE(result.out.find(word), std::string::npos) << word;
 }
 

@@ -1,7 +1,5 @@
-// The player's parts on their own.
-#include "tests/player/clip.h"
+// Controls, options and statistics on their own.
 #include "tools/options.h"
-#include "tools/picture.h"
 #include "tools/stats.h"
 #include <getopt.h>
 #include <gtest/gtest.h>
@@ -10,133 +8,8 @@ namespace player_test {
 namespace {
 
 using player::Controls;
-using player::Geometry;
-using player::Rectangle;
+using player::Scaling;
 using player::SurfaceFormat;
-
-TEST(Geometry, is_whole_blocks_and_pairs_of_lines)
-{
-    const Geometry g = player::plan(853, 479, SurfaceFormat::rgb24, false);
-    EXPECT_EQ(g.picture_width, 864);
-    EXPECT_EQ(g.picture_height, 480);
-    EXPECT_EQ(g.surface_width, 864);
-    EXPECT_EQ(g.shown_width, 853);
-    EXPECT_EQ(g.shown_height, 479);
-    EXPECT_FALSE(g.tight_luma);
-}
-
-TEST(Geometry, half_width_takes_yuv_surfaces_alone)
-{
-    EXPECT_EQ(player::plan(100, 100, SurfaceFormat::rgb16_664, true).surface, SurfaceFormat::yuy2);
-    EXPECT_EQ(player::plan(100, 100, SurfaceFormat::yv12, true).surface, SurfaceFormat::yv12);
-    EXPECT_EQ(player::plan(17, 100, SurfaceFormat::yv12, true).picture_width, 32);
-    EXPECT_EQ(player::plan(17, 100, SurfaceFormat::yv12, true).shown_width, 9);
-}
-
-TEST(Geometry, has_more_lines_than_the_yuy2_loader_refuses)
-{
-    EXPECT_EQ(player::plan(16, 1, SurfaceFormat::yuy2, false).surface_height, 10);
-    EXPECT_EQ(player::plan(16, 11, SurfaceFormat::yuy2, false).surface_height, 12);
-}
-
-TEST(Geometry, fits_into_the_middle)
-{
-    EXPECT_EQ(player::fit(2.0, 400, 400), (Rectangle{0, 100, 400, 200}));
-    EXPECT_EQ(player::fit(0.5, 400, 400), (Rectangle{100, 0, 200, 400}));
-    EXPECT_EQ(player::fit(4.0 / 3, 640, 480), (Rectangle{0, 0, 640, 480}));
-    EXPECT_EQ(player::fit(1000, 20, 20), (Rectangle{0, 9, 20, 1}));
-}
-
-TEST(Surface, has_aligned_lines_and_planes)
-{
-    for (std::size_t i = 0; i < player::kFormatTraits.size(); i++) {
-        player::Surface surface;
-        surface.shape(static_cast<SurfaceFormat>(i), 48, 10, 40, 9);
-        EXPECT_EQ(surface.pitch() % 64, 0);
-        EXPECT_GE(surface.pitch(), 48 * player::kFormatTraits[i].bytes_per_pixel);
-        EXPECT_EQ(reinterpret_cast<uintptr_t>(surface.bytes()) % 64, 0U);
-        if (surface.format() != SurfaceFormat::yv12) continue;
-        EXPECT_EQ(reinterpret_cast<uintptr_t>(surface.v_plane()) % 64, 0U);
-        EXPECT_EQ(surface.v_plane() - surface.bytes(), 10 * surface.pitch());
-        EXPECT_EQ(surface.u_plane() - surface.v_plane(), 5 * surface.chroma_pitch());
-        EXPECT_EQ(surface.chroma_pitch() % 64, 0);
-    }
-}
-
-TEST(Surface, formats_have_names_and_come_round)
-{
-    SurfaceFormat format = SurfaceFormat::rgb32;
-    for (const auto& each : player::kFormatTraits) {
-        EXPECT_EQ(player::format_named(each.name), format);
-        format = player::next_format(format);
-    }
-    EXPECT_EQ(format, SurfaceFormat::rgb32);
-    EXPECT_FALSE(player::format_named("RGB32"));
-}
-
-struct OwnedFrame {
-    Yuv samples;
-    player::FramePtr frame = player::new_frame();
-
-    // The planes end with their last sample, so that an address sanitizer sees every step beyond it.
-    explicit OwnedFrame(Yuv picture) : samples(std::move(picture))
-    {
-        frame->format = AV_PIX_FMT_YUV420P;
-        frame->width = samples.width;
-        frame->height = samples.height;
-        frame->data[0] = samples.y.data();
-        frame->data[1] = samples.u.data();
-        frame->data[2] = samples.v.data();
-        frame->linesize[0] = samples.width;
-        frame->linesize[1] = frame->linesize[2] = samples.chroma_width();
-    }
-};
-
-TEST(PictureSource, repeats_the_edges_into_the_padding)
-{
-    for (const bool tight : {false, true}) {
-        const OwnedFrame source(noise(35, 13));
-        const Geometry geometry = player::plan(35, 13, tight ? SurfaceFormat::yv12 : SurfaceFormat::rgb32, false);
-        player::PictureSource padded;
-        const player::Planes planes = padded.planes(*source.frame, geometry);
-        ASSERT_EQ(planes.width, 48);
-        ASSERT_EQ(planes.height, 14);
-        EXPECT_EQ(planes.pitch == planes.width, tight);
-        for (int line = 0; line < planes.height; line++)
-            for (int x = 0; x < planes.width; x++)
-                ASSERT_EQ(planes.y[line * planes.pitch + x], source.samples.luma(x, line)) << x << "," << line;
-        for (int line = 0; line < planes.height / 2; line++) {
-            for (int x = 0; x < planes.width / 2; x++) {
-                const auto [u, v] = source.samples.chroma(x, line);
-                ASSERT_EQ(planes.u[line * planes.pitch / 2 + x], u) << x << "," << line;
-                ASSERT_EQ(planes.v[line * planes.pitch / 2 + x], v) << x << "," << line;
-            }
-        }
-    }
-}
-
-TEST(PictureSource, leaves_whole_pictures_where_they_are)
-{
-    const OwnedFrame source(noise(64, 32));
-    player::PictureSource padded;
-    const auto planes = padded.planes(*source.frame, player::plan(64, 32, SurfaceFormat::yv12, false));
-    EXPECT_EQ(planes.y, source.samples.y.data());
-    source.frame->data[1] += 15 * 32; // lines in another order than luma's
-    source.frame->linesize[1] = -32;
-    EXPECT_NE(padded.planes(*source.frame, player::plan(64, 32, SurfaceFormat::yv12, false)).y,
-              source.samples.y.data());
-}
-
-TEST(PictureSource, takes_pictures_that_are_stored_upside_down)
-{
-    const OwnedFrame source(noise(64, 32));
-    source.frame->data[0] += 31 * 64;
-    source.frame->linesize[0] = -64;
-    player::PictureSource padded;
-    const auto planes = padded.planes(*source.frame, player::plan(64, 32, SurfaceFormat::rgb32, false));
-    EXPECT_EQ(planes.y[0], source.samples.luma(0, 31));
-    EXPECT_EQ(planes.y[31 * planes.pitch + 63], source.samples.luma(63, 0));
-}
 
 TEST(Controls, leave_mid_grey_and_neutral_colours_alone)
 {
@@ -195,12 +68,28 @@ TEST(Options, dump_closes_the_window_unless_it_is_asked_for)
     EXPECT_EQ(parse({"--size", "33x9"}).source.height, 9);
 }
 
-TEST(Stats, name_least_middle_and_mean)
+TEST(Options, choose_a_scaling_and_describe_a_file)
+{
+    EXPECT_EQ(parse({}).scaling, Scaling::none);
+    EXPECT_EQ(parse({"--half"}).scaling, Scaling::half_width);
+    EXPECT_EQ(parse({"--zoom", "1x2"}).scaling, Scaling::zoom_1x2);
+    EXPECT_EQ(parse({"--zoom=2x2"}).scaling, Scaling::zoom_2x2);
+    EXPECT_EQ(parse({"--field"}).scaling, Scaling::field);
+    const auto options = parse({"--format", "rawvideo", "--pixel-format=yuyv422", "--video-size", "33x9", "clip.yuy2"});
+    EXPECT_EQ(options.source.format, "rawvideo");
+    EXPECT_EQ(options.source.pixel_format, "yuyv422");
+    EXPECT_EQ(options.source.frame_size, "33x9");
+}
+
+TEST(Stats, name_least_middle_and_mean_of_every_export)
 {
     player::Stats stats;
-    EXPECT_EQ(stats.summary(), "no pictures");
-    for (double each : {4.0, 1.0, 2.0, 9.0}) stats.add(each);
-    EXPECT_EQ(stats.summary(), "4 pictures, ms per picture: min 1.000, median 3.000, mean 4.000");
+    EXPECT_EQ(stats.lines(), std::vector<std::string>{"no pictures"});
+    for (double each : {4.0, 1.0, 2.0, 9.0}) stats.add("b", each);
+    stats.time([] { return "a"; });
+    ASSERT_EQ(stats.lines().size(), 2U);
+    EXPECT_TRUE(stats.lines()[0].starts_with("a: 1 picture, ms per picture: min 0.")) << stats.lines()[0];
+    EXPECT_EQ(stats.lines()[1], "b: 4 pictures, ms per picture: min 1.000, median 3.000, mean 4.000");
 }
 
 } // namespace

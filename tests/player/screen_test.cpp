@@ -50,25 +50,36 @@ protected:
     std::optional<Screen> screen_;
 };
 
-class Shows : public OnScreen, public testing::WithParamInterface<const char*> {};
+class Shows : public OnScreen, public testing::WithParamInterface<const char*> {
+protected:
+    // RGB reaches the screen as it is. YUV goes through the screen's own conversion, which interpolates chroma.
+    void expect_what_it_dumps(Arguments options, bool yuv, int width, int height)
+    {
+        const auto directory = scratch_ / "pictures", png = directory / "picture-000001.png";
+        options.insert(options.end(), {"--surface", GetParam(), "--window", "--dump", directory.string(),
+                                       still(yuv ? gradient(421, 199) : noise(421, 199))});
+        Process player = start(options);
+        ASSERT_TRUE(eventually([&] { return std::filesystem::exists(png); })) << player.wait().err;
+        const Image dumped = read_png(png);
+        ASSERT_EQ(dumped.width, width);
+        ASSERT_EQ(dumped.height, height);
+        EXPECT_TRUE(eventually([&] { return difference(dumped) <= (yuv ? 5 : 1); }))
+            << "differs by " << difference(dumped);
+        EXPECT_TRUE(player.running());
+        player.send(SIGTERM);
+        EXPECT_EQ(player.wait().err, "");
+    }
 
-// RGB reaches the screen as it is. YUV goes through the screen's own conversion, which interpolates chroma.
-TEST_P(Shows, the_pixels_that_it_dumps)
-{
-    const std::string name = GetParam();
-    const bool yuv = name == "yuy2" || name == "yv12";
-    const std::string file = still(yuv ? gradient(421, 199) : noise(421, 199));
-    const auto directory = scratch_ / "pictures";
-    Process player = start({"--surface", name, "--window", "--dump", directory.string(), file});
-    const auto png = directory / "picture-000001.png";
-    ASSERT_TRUE(eventually([&] { return std::filesystem::exists(png); })) << player.wait().err;
-    const Image dumped = read_png(png);
-    ASSERT_EQ(dumped.width, 421);
-    EXPECT_TRUE(eventually([&] { return difference(dumped) <= (yuv ? 5 : 1); })) << "differs by " << difference(dumped);
-    EXPECT_TRUE(player.running());
-    player.send(SIGTERM);
-    EXPECT_EQ(player.wait().err, "");
-}
+    bool yuv() const { return GetParam() == std::string("yuy2") || GetParam() == std::string("yv12"); }
+};
+
+TEST_P(Shows, the_pixels_that_it_dumps) { expect_what_it_dumps({}, yuv(), 421, 199); }
+
+TEST_P(Shows, twice_the_height) { expect_what_it_dumps({"--zoom", "1x2"}, yuv(), 421, 398); }
+
+TEST_P(Shows, twice_the_width_and_height) { expect_what_it_dumps({"--zoom", "2x2"}, true, 842, 398); }
+
+TEST_P(Shows, a_field) { expect_what_it_dumps({"--field"}, true, 421, 199); }
 
 std::vector<const char*> format_names()
 {
@@ -135,6 +146,11 @@ TEST_F(Keys, control_the_picture)
 
     EXPECT_TRUE(press_until("s", "rgb24 320x240"));
     EXPECT_TRUE(eventually([&] { return difference(*before) == 0; })) << "RGB24 differs by " << difference(*before);
+    EXPECT_TRUE(press_until("w", "yuy2 160x240 half width"));
+    EXPECT_TRUE(press_until("z", "rgb24 320x480 zoom 1x2"));
+    EXPECT_TRUE(press_until("z", "yuy2 640x480 zoom 2x2"));
+    EXPECT_TRUE(press_until("d", "yuy2 320x240 field"));
+    EXPECT_TRUE(press_until("z", "rgb24 320x480 zoom 1x2"));
     EXPECT_TRUE(press_until("w", "yuy2 160x240 half width"));
     EXPECT_TRUE(press_until("h", "space pause"));
     EXPECT_TRUE(press_until("h", "paused"));

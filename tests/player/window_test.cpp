@@ -12,16 +12,18 @@ namespace {
 
 const Arguments kDummy{"SDL_VIDEODRIVER=dummy"};
 
-TEST(DummyDisplay, shows_every_surface_at_full_and_half_width)
+TEST(DummyDisplay, shows_every_surface_in_every_scaling)
 {
     for (const auto& format : player::kFormatTraits) {
         for (const char* size : {"64x48", "35x7"}) {
             SCOPED_TRACE(std::string(format.name) + " " + size);
             const Arguments options{"--surface", format.name, "--size", size, "--frames", "2"};
-            Arguments half = options;
-            half.push_back("--half");
-            for (const Arguments& each : {options, half}) {
-                const Result result = play(each, kDummy);
+            for (const Arguments& scaling :
+                 {Arguments{}, Arguments{"--half"}, Arguments{"--zoom=1x2"}, Arguments{"--zoom=2x2"},
+                  Arguments{"--field"}, Arguments{"--pixel-format=yuyv422"}}) {
+                Arguments all = options;
+                all.insert(all.end(), scaling.begin(), scaling.end());
+                const Result result = play(all, kDummy);
                 EXPECT_EQ(result.status, 0) << result.err;
                 EXPECT_EQ(result.err, "");
                 EXPECT_EQ(result.out, "");
