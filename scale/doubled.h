@@ -37,12 +37,12 @@ template <class Of> struct DoubledToTheEnd {
     template <int N, int W> MEMBER Pair<u8<N>> byte_pairs(ptrdiff_t x) const
     {
         auto samples = of.template bytes<N, W>(x);
-        return pair_of(samples, neighbours_to_the_end(samples));
+        return pair_of(samples, neighbours_to_the_end<1>(samples));
     }
     template <int N, int W> MEMBER Pair<half<N>> word_pairs(ptrdiff_t x) const
     {
         auto samples = of.template words<N, W>(x);
-        return pair_of(samples, neighbours_to_the_end(samples));
+        return pair_of(samples, words(neighbours_to_the_end<2>(bytes(samples))));
     }
 };
 

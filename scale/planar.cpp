@@ -134,7 +134,7 @@ OP void write_doubled(const Enlargement& e, const Kind& kind, Neighbours n, uint
     write_two_lines(step, upper, lower, ordinary, e.streamed);
     DoubledStep<kBlock, DoubledToTheEnd<Luma>, End> closing{
         {y}, {y_below}, {{kind.u(e.u(n.c))}, {kind.u(e.u(n.c_below))}}, {{kind.v(e.v(n.c))}, {kind.v(e.v(n.c_below))}}};
-    write_last_block(closing, upper, lower, ordinary, e.streamed);
+    write_last_blocks(closing, upper, lower, ordinary, e.width, e.streamed);
 }
 
 struct AsTheyAre {

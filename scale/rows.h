@@ -21,14 +21,13 @@ OP void write_two_lines(const Step& step, uint8_t* upper, uint8_t* lower, ptrdif
     write_pass(step, first, second, width, streamed);
 }
 
-// The last block of both lines; its bytes fill whole cache lines where they are streamed.
+// The last blocks of both lines, which end a cache line where they are streamed.
 template <class Step>
-OP void write_last_block(const Step& step, uint8_t* upper, uint8_t* lower, ptrdiff_t x, bool streamed)
+OP void write_last_blocks(const Step& step, uint8_t* upper, uint8_t* lower, ptrdiff_t x, ptrdiff_t end, bool streamed)
 {
-    static_assert(kBlock * Step::kBytes % kCacheLine == 0);
     const Position first{nullptr, nullptr, nullptr, upper}, second{nullptr, nullptr, nullptr, lower};
-    if (streamed) both_lines<Stores::streaming, kBlock>(step, first, second, x, x + kBlock);
-    else both_lines<Stores::cached, kBlock>(step, first, second, x, x + kBlock);
+    if (streamed) both_lines<Stores::streaming, kBlock>(step, first, second, x, end);
+    else both_lines<Stores::cached, kBlock>(step, first, second, x, end);
 }
 
 // Two lines that share their chroma, each from sources of its own.

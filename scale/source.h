@@ -60,19 +60,21 @@ template <class Gain, class Of> struct Adjust {
     template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const { return by(of.template words<N, W>(x)); }
 };
 
-// Samples that look ahead: of every 8 the last one, which lies in the next 8, takes another offset.
-struct AheadPattern {
-    alignas(32) uint8_t last_of_8[32] = {};
-    constexpr AheadPattern()
+// 1 for the last `count` of every `period` samples, else 0: those that look ahead into the next block.
+template <int period, int count> struct LastOf {
+    alignas(32) uint8_t at[32] = {};
+    constexpr LastOf()
     {
-        for (int i = 7; i < 32; i += 8) last_of_8[i] = 1;
+        for (int i = 0; i < 32; i++) at[i] = i % period >= period - count;
     }
 };
+
+// Samples of which every 8th, which lies in the next 8, takes another offset.
 template <int N, int W> OP half<N> offsets_ahead(SampleAdjust by, SampleAdjust ahead)
 {
-    static constexpr AheadPattern pattern;
+    static constexpr LastOf<8, 1> crossing;
     auto more = half<N>::splat(ahead.lifted_offset - by.lifted_offset);
-    return add(half<N>::splat(by.lifted_offset), mullo(load_chroma<N, W>(pattern.last_of_8), more));
+    return add(half<N>::splat(by.lifted_offset), mullo(load_chroma<N, W>(crossing.at), more));
 }
 struct AdjustAhead {
     SampleAdjust by, ahead; // with the same gain

@@ -46,6 +46,8 @@ template <int N> OP half<N> avg(half<N> a, half<N> b)
 template <int N> OP half<N> least(half<N> a, half<N> b) { return {vminq_s16(a.v, b.v)}; }
 template <int N> OP half<N> most(half<N> a, half<N> b) { return {vmaxq_s16(a.v, b.v)}; }
 
+template <int N> OP u8<N> bytes(half<N> a) { return {vreinterpretq_u8_s16(a.v)}; }
+template <int N> OP half<N> words(u8<N> a) { return {vreinterpretq_s16_u8(a.v)}; }
 template <int N> OP u8<N> bit_or(u8<N> a, u8<N> b) { return {vorrq_u8(a.v, b.v)}; }
 template <int N> OP u8<N> avg(u8<N> a, u8<N> b) { return {vrhaddq_u8(a.v, b.v)}; }
 template <int N> OP u8<N> abs_diff(u8<N> a, u8<N> b) { return {vabdq_u8(a.v, b.v)}; }
@@ -54,6 +56,11 @@ template <int N> OP u8<N> abs_diff(u8<N> a, u8<N> b) { return {vabdq_u8(a.v, b.v
 template <int N> OP u8<N> equal(u8<N> a, u8<N> b) { return {vceqq_u8(a.v, b.v)}; }
 template <int N> OP bool any(u8<N> mask) { return vmaxvq_u8(mask.v) != 0; }
 template <int N> OP u8<N> choose(u8<N> mask, u8<N> a, u8<N> b) { return {vbslq_u8(mask.v, a.v, b.v)}; }
+// The even bytes of a, the odd ones of b.
+template <int N> OP u8<N> evens_and_odds(u8<N> a, u8<N> b)
+{
+    return {vbslq_u8(vreinterpretq_u8_u16(vdupq_n_u16(255)), a.v, b.v)};
+}
 // Where a group of four neighbours has a sum above the limit.
 template <int N> OP u8<N> fours_above(u8<N> a, int limit)
 {
@@ -158,9 +165,14 @@ OP void put_halves(uint8_t* p, uint8_t* q, u8<16> a)
     vst1_u8(q, vget_high_u8(a.v));
 }
 
-// Each sample's right neighbour; the last one is its own.
-OP u8<16> neighbours_to_the_end(u8<16> a) { return {vextq_u8(a.v, vdupq_laneq_u8(a.v, 15), 1)}; }
-OP half<16> neighbours_to_the_end(half<16> a) { return {vextq_s16(a.v, vdupq_laneq_s16(a.v, 7), 1)}; }
+// Each right neighbour of an element of so many bytes; the last one is its own.
+template <int size> OP u8<16> neighbours_to_the_end(u8<16> a)
+{
+    auto last = size == 1   ? vdupq_laneq_u8(a.v, 15)
+                : size == 2 ? vreinterpretq_u8_u16(vdupq_laneq_u16(vreinterpretq_u16_u8(a.v), 7))
+                            : vreinterpretq_u8_u32(vdupq_laneq_u32(vreinterpretq_u32_u8(a.v), 3));
+    return {vextq_u8(a.v, last, size)};
+}
 
 template <Stores S = Stores::cached, int N> OP void put(uint8_t* p, u8<N> a) { vst1q_u8(p, a.v); }
 OP void put_first8(uint8_t* p, u8<16> a) { vst1_u8(p, vget_low_u8(a.v)); }
@@ -169,6 +181,14 @@ template <Stores S, int N> OP void store_packed_pairs(uint8_t* p, u8<N> a, u8<N>
 template <Stores S, int N> OP void store_quads(uint8_t* p, u8<N> a, u8<N> b, u8<N> c, u8<N> d)
 {
     vst4q_u8(p, {{a.v, b.v, c.v, d.v}});
+}
+template <int N> constexpr int kDoubledWeave = 1;
+template <Stores S> OP void store_doubled_yuyv(uint8_t* p, u8<16> own, u8<16> between)
+{
+    alignas(16) static constexpr uint8_t order[16] = {0, 1, 16, 3, 2, 17, 18, 19, 4, 5, 20, 7, 6, 21, 22, 23};
+    auto first = vld1q_u8(order);
+    put(p, u8<16>{vqtbl2q_u8({{own.v, between.v}}, first)});
+    put(p + 16, u8<16>{vqtbl2q_u8({{own.v, between.v}}, vaddq_u8(first, vdupq_n_u8(8)))});
 }
 template <Stores S> OP void store_bgr0(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
 {

@@ -61,6 +61,8 @@ template <int K, int N> OP half<N> shr_signed(half<N> a) { return {a.v >> K}; }
 template <int N> OP half<N> least(half<N> a, half<N> b) { return {at_most(a.v, b.v)}; }
 template <int N> OP half<N> most(half<N> a, half<N> b) { return {at_least(a.v, b.v)}; }
 
+template <int N> OP u8<N> bytes(half<N> a) { return {(Bytes16)a.v}; }
+template <int N> OP half<N> words(u8<N> a) { return {(Words8)a.v}; }
 template <int N> OP u8<N> bit_or(u8<N> a, u8<N> b) { return {a.v | b.v}; }
 // Rounded up.
 template <int N> OP u8<N> avg(u8<N> a, u8<N> b) { return {(a.v | b.v) - ((a.v ^ b.v) >> 1)}; }
@@ -216,12 +218,19 @@ OP void put_halves(uint8_t* p, uint8_t* q, u8<16> a)
     __builtin_memcpy(q, reinterpret_cast<const uint8_t*>(&a) + 8, 8);
 }
 
-// Each sample's right neighbour; the last one is its own.
-OP u8<16> neighbours_to_the_end(u8<16> a)
+// Each right neighbour of an element of so many bytes; the last one is its own.
+template <int size> OP u8<16> neighbours_to_the_end(u8<16> a)
 {
-    return {__builtin_shufflevector(a.v, a.v, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 15)};
+    u8<16> moved = a;
+    __builtin_memcpy(&moved, reinterpret_cast<const uint8_t*>(&a) + size, static_cast<size_t>(16 - size));
+    return moved;
 }
-OP half<16> neighbours_to_the_end(half<16> a) { return {__builtin_shufflevector(a.v, a.v, 1, 2, 3, 4, 5, 6, 7, 7)}; }
+
+// The even bytes of a, the odd ones of b.
+template <int N> OP u8<N> evens_and_odds(u8<N> a, u8<N> b)
+{
+    return {__builtin_shufflevector(a.v, b.v, 0, 17, 2, 19, 4, 21, 6, 23, 8, 25, 10, 27, 12, 29, 14, 31)};
+}
 
 template <int N, int W = 1> OP half<N> load_chroma(const uint8_t* p)
 {
@@ -273,6 +282,14 @@ template <Stores S, int N> OP void store_quads(uint8_t* p, u8<N> a, u8<N> b, u8<
 {
     auto pixels = quads(a.v, b.v, c.v, d.v);
     __builtin_memcpy(p, &pixels, sizeof pixels);
+}
+
+template <int N> constexpr int kDoubledWeave = 1;
+template <Stores S> OP void store_doubled_yuyv(uint8_t* p, u8<16> own, u8<16> between)
+{
+    auto a = own.v, b = between.v;
+    put(p, u8<16>{__builtin_shufflevector(a, b, 0, 1, 16, 3, 2, 17, 18, 19, 4, 5, 20, 7, 6, 21, 22, 23)});
+    put(p + 16, u8<16>{__builtin_shufflevector(a, b, 8, 9, 24, 11, 10, 25, 26, 27, 12, 13, 28, 15, 14, 29, 30, 31)});
 }
 OP FourByFour bgr0(i16<16> b, i16<16> g, i16<16> r) { return quads(pack(b).v, pack(g).v, pack(r).v, Bytes16{}); }
 template <Stores S> OP void store_bgr0(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)

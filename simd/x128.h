@@ -96,6 +96,8 @@ OP u8<16> choose(u8<16> mask, u8<16> a, u8<16> b)
 }
 #endif
 
+OP u8<16> second_half(u8<16> a) { return {_mm_unpackhi_epi64(a.v, a.v)}; }
+
 template <int N, int W = 1>
 requires(N == 16) OP u8<N> load(const uint8_t* p) { return {_mm_loadu_si128(xmm(p))}; }
 template <int N, int W = 1>
@@ -128,16 +130,11 @@ OP void put_halves(uint8_t* p, uint8_t* q, u8<16> a)
     _mm_storel_epi64(xmm(q), _mm_unpackhi_epi64(a.v, a.v));
 }
 
-// Each sample's right neighbour; the last one is its own.
-OP u8<16> neighbours_to_the_end(u8<16> a)
+// Each right neighbour of an element of so many bytes; the last one is its own.
+template <int size> OP u8<16> neighbours_to_the_end(u8<16> a)
 {
-    const auto last = _mm_slli_si128(_mm_cmpeq_epi8(a.v, a.v), 15);
-    return {_mm_or_si128(_mm_srli_si128(a.v, 1), _mm_and_si128(a.v, last))};
-}
-OP half<16> neighbours_to_the_end(half<16> a)
-{
-    const auto last = _mm_slli_si128(_mm_cmpeq_epi8(a.v, a.v), 14);
-    return {_mm_or_si128(_mm_srli_si128(a.v, 2), _mm_and_si128(a.v, last))};
+    const auto last = _mm_slli_si128(_mm_cmpeq_epi8(a.v, a.v), 16 - size);
+    return {_mm_or_si128(_mm_srli_si128(a.v, size), _mm_and_si128(a.v, last))};
 }
 
 template <Stores S = Stores::cached> OP void put(uint8_t* p, u8<16> a)

@@ -183,4 +183,24 @@ template <Stores S> OP void store_bgr(uint8_t* p, i16<64> b, i16<64> g, i16<64> 
     put_third<S, 2>(p, pb.v, pg.v, pr.v);
 }
 
+// Of every four bytes own, b, b', ... the first doubled pixel takes three of its own, the second one.
+template <int part> struct DoubledIndex : Index64 {
+    constexpr DoubledIndex()
+    {
+        for (int i = 0; i < 64; i++) {
+            const int out = part * 64 + i, group = out / 8 * 4, place = out % 8;
+            const bool from_own = place < 2 || place == 3 || place == 4;
+            const int byte = place == 2 ? 0 : place == 4 ? 2 : place % 4;
+            at[i] = static_cast<int8_t>(group + byte + (from_own ? 0 : 64));
+        }
+    }
+};
+template <Stores S> OP void store_doubled_yuyv(uint8_t* p, u8<64> own, u8<64> between)
+{
+    static constexpr DoubledIndex<0> first;
+    static constexpr DoubledIndex<1> second;
+    put<S>(p, u8<64>{_mm512_permutex2var_epi8(own.v, Index64::load(first), between.v)});
+    put<S>(p + 64, u8<64>{_mm512_permutex2var_epi8(own.v, Index64::load(second), between.v)});
+}
+
 } // namespace vsurf::VSURF_ISA

@@ -39,6 +39,9 @@ template <int N> OP u8<N> low_bytes(i16<N> a) { return bit_or(bytes(evens(bytes(
 
 template <int N> OP u8<N> abs_diff(u8<N> a, u8<N> b) { return bit_or(sub_sat_unsigned(a, b), sub_sat_unsigned(b, a)); }
 
+// The even bytes of a, the odd ones of b.
+template <int N> OP u8<N> evens_and_odds(u8<N> a, u8<N> b) { return choose(bytes(half<N>::splat(255)), a, b); }
+
 template <int N, int W = 1> OP Yuyv<N> load_yuyv(const uint8_t* p)
 {
     auto px = load_two<N, W>(p);
@@ -175,6 +178,32 @@ OP void store_first8_yuyv(uint8_t* p, half<16> y, half<16> u, half<16> v)
 {
     put(p, join(i16<16>{y, words(zip_lo16(bytes(u), bytes(v)))}));
 }
+
+// Packed pixels of twice the width, from N bytes of packed pixels and what goes between their samples: of y0 u0 y1 v0,
+// y0 u0 ya v0 and y1 ub yb vb. Woven by kDoubledWeave.
+template <int N> constexpr int kDoubledWeave = N == 32 ? 2 : 1;
+#if defined __AVX2__
+template <Stores S, int N>
+requires(N < 64) OP void store_doubled_yuyv(uint8_t* p, u8<N> own, u8<N> between)
+{
+    alignas(16) static constexpr int8_t own_lo[16] = {0, 1, -1, 3, 2, -1, -1, -1, 4, 5, -1, 7, 6, -1, -1, -1};
+    alignas(16) static constexpr int8_t between_lo[16] = {-1, -1, 0, -1, -1, 1, 2, 3, -1, -1, 4, -1, -1, 5, 6, 7};
+    alignas(16) static constexpr int8_t own_hi[16] = {8, 9, -1, 11, 10, -1, -1, -1, 12, 13, -1, 15, 14, -1, -1, -1};
+    alignas(16) static constexpr int8_t between_hi[16] = {-1, -1, 8, -1, -1, 9, 10, 11, -1, -1, 12, -1, -1, 13, 14, 15};
+    auto merged = [=](const int8_t* from_own, const int8_t* from_between) VSURF_INLINED {
+        return bit_or(shuffle(own, u8<N>::repeat(from_own)), shuffle(between, u8<N>::repeat(from_between)));
+    };
+    put_pairs<S>(p, merged(own_lo, between_lo), merged(own_hi, between_hi));
+}
+#else
+template <Stores S, int N> OP void store_doubled_yuyv(uint8_t* p, u8<N> own, u8<N> between)
+{
+    auto luma = join(i16<N>{evens(own), evens(between)});       // y0 ya y1 yb
+    auto uv = pack(shr<8>(words(own)), shr<8>(words(between))); // u0 v0 ..., in the second half ub vb ...
+    auto chroma = zip_lo16(uv, second_half(uv));                // u0 v0 ub vb
+    put_pairs<S>(p, zip_lo8(luma, chroma), zip_hi8(luma, chroma));
+}
+#endif
 
 // Pairs, woven by 2, of which bytes 0 to 7 of every 32 stay as they are in memory.
 template <int N> OP void store_pairs_but_first_eight(uint8_t* p, u8<N> a, u8<N> b)
