@@ -3,7 +3,7 @@
 // A video player calls one of these functions per picture. It reads a decoded picture (planar YV12 or packed YUY2),
 // makes one pass over the pixels and writes a display surface (RGB32, RGB24, RGB16, YUY2 or YV12); on the way it can
 // adjust brightness, contrast and saturation, enlarge the picture, halve its width or blend a subpicture onto it.
-// The output is defined to the byte. Version 0.1 of the library carries the adjustment and the planar loaders; the
+// The output is defined to the byte. This version carries the adjustment, the loaders and the enlargers; the
 // remaining declarations are provided by later versions (an absent export is a link error, never a stub).
 //
 // Surfaces.  A surface or plane is memory of the caller's: a pointer to the first byte of its first line, a width in
@@ -30,10 +30,11 @@
 //       r = 16 * blocks - width
 //   every pass starts r pixels further to the right than the one before it: the picture drifts. Give widths that are
 //   multiples of 16 and even heights, and pad planes and surfaces to them. Functions that do not drift say so. The
-//   counters are unsigned: negative widths and heights are not usable.
+//   counters are unsigned: negative widths and heights are not usable where nothing else is said.
 //
 // Overlapping lines.  Where a pitch is smaller than the bytes written on a line, lines overlap and the bytes stored
-//   last stay; docs/contract.md gives the order of stores for each function.
+//   last stay; docs/contract.md and docs/contract-enlargers.md give the order of stores. Where they give none, such a
+//   pitch is not usable.
 //
 // Errors.  None is reported: no function returns a status, checks a pointer or validates a size. The few guards are
 //   stated where they stand; each returns at once and writes nothing. An argument that is said to be ignored is never
@@ -307,13 +308,13 @@ VSURF_API void LoadYUY2_RGB16_adjust(void* src, void* unused_u, void* unused_v, 
 // source samples, max(2, ceil(w / 8)) of them; the last sample of the last strip has itself as right neighbour. At the
 // bottom the last strip writes H(S(h-1)) to D(2h-2) and D(2h-1); every other strip writes it to D(2h-2) and to D(2h),
 // one line below the enlarged plane, and leaves its part of D(2h-1) unwritten. Reads 8 * strips bytes of each source
-// line, writes 16 * strips of each line down to D(2h-2). Height at least 2: 1 works as 2 and shifts every strip after
-// the first down by one source and two output lines. `dst` needs room for 2h + 1 lines.
+// line, writes 16 * strips of each line down to D(2h-2). Height at least 2: less works as 2, but shifts every strip
+// after the first down by 2 - h source lines and twice as many output lines. `dst` needs room for 2h + 1 lines.
 VSURF_API void strech_pic_2X2(unsigned char* src, unsigned char* dst, int width, int height, int src_pitch,
                               int dst_pitch);
 
 // Doubles a plane both ways and adjusts every output byte after the averages: with luma_gain for every plane, and with
-// luma_offset, u_offset or v_offset as `plane` is 1, 2 or 3 (any other: undefined). `info` is ignored. Made for packed
+// luma_offset, u_offset or v_offset as `plane` is 1, 2 or 3 (any other: as 1). `info` is ignored. Made for packed
 // planes (sp = w, dp = 2w) whose width is a multiple of 16. It writes, all adjusted:
 //     D(0) = H(S(0)); for k = 0 .. h-2: D(2k+1) = H(S(k)), D(2k+2) = avg(H(S(k)), H(S(k+1)));
 //     then D(2h-2) = D(2h-1) = H(S(h-2)), over what was there.
@@ -323,8 +324,10 @@ VSURF_API void strech_pic_2X2(unsigned char* src, unsigned char* dst, int width,
 //     further, in blocks over w rounded down to 16, at least 16 samples. With r = w mod 16 not 0 one more block
 //     follows, back by 16 and on by r from where the source pointer stands: its 16 samples, and their averages with
 //     the line below, are not doubled and go to byte 2 * (w - r) - 16 + r of the round's two lines; every round then
-//     starts r bytes further to the left in the destination. The end steps back by sp in the source and writes a line
-//     of ceil(w / 8) blocks, then does so again right after those bytes: that is D(2h-1) only where dp = 2w.
+//     starts r bytes further to the left in the destination. (Widths below 16: to byte 16 + r, every round starting
+//     32 - w bytes further to the right.) The end steps back by sp in the source, writes a line of ceil(w / 8) blocks
+//     and, right after its bytes, which is D(2h-1) only where dp = 2w, such a line once more, from sp before where the
+//     source then stands: the same line only where sp = 8 * ceil(w / 8).
 // Height 1 runs one round. The width should be a multiple of 8.
 VSURF_API void strech_pic_2X2_adjust(unsigned char* src, unsigned char* dst, int width, int height, int src_pitch,
                                      int dst_pitch, ajust_contrast_info* info, int plane);
@@ -332,8 +335,8 @@ VSURF_API void strech_pic_2X2_adjust(unsigned char* src, unsigned char* dst, int
 // Doubles the lines of a plane and adjusts every output byte, with the gains and offsets of `strech_pic_2X2_adjust`.
 // `info` is ignored. It writes, all adjusted:
 //     D(0) = S(0); for k = 0 .. h-2: D(2k+1) = S(k), D(2k+2) = avg(S(k), S(k+1)); then D(2h-2) = S(h-2), over what was
-//     there, and the same line once more right after it, at D(2h-2) + w: that is D(2h-1) only where dp = w, and
-//     otherwise D(2h-1) stays unwritten and the copy lies in the padding.
+//     there, and the same line once more right after it, at D(2h-2) + 8 * ceil(w / 8): that is D(2h-1) in a packed
+//     plane alone, and otherwise D(2h-1) stays unwritten and the copy lies in the padding.
 // Rounds work on blocks of 16 bytes over w rounded down to 16, at least one block, and with r = w mod 16 not 0 on one
 // more, back by 16 and on by r; both pitches are followed. First and last lines are done in blocks of 8. Height 1 runs
 // one round. The width should be a multiple of 8.
@@ -362,8 +365,10 @@ VSURF_API void strech_picture_1X2_yv12_ajust(void* y, void* u, void* v, void* ds
 // (8 chroma samples). Between them it goes by groups of 4 samples of a plane: avg where the sum of their 4 absolute
 // differences is at most 32, else avg(A[p+k], B[p-k]) for each sample p, along the k of -2..2 with the least
 //     |A[p+k] - B[p-k]| + |A[p+1+k] - B[p+1-k]| + |A[p+2+k] - B[p+2-k]| + |A[p+3+k] - B[p+3-k]|
-// (a window that starts at p; among equals the smallest k). P must be a multiple of 16 and at least 48. `info` is
-// ignored.
+// (a window that starts at p; among equals the smallest k). P must be a multiple of 16 and at least 48: below,
+// interpolated lines still have 48 pixels. `start` counts lines of the enlarged picture where the whole frame is meant,
+// and should be a multiple of 4 there: others take chroma from within a line. `info` is ignored. Uses some 20 KiB of
+// stack.
 VSURF_API void strech_opt_yuy2_ajust(tagVideoFrame* frame, int start, int lines, unsigned char* dst, int dst_pitch,
                                      ajust_contrast_info* info);
 
@@ -372,6 +377,8 @@ VSURF_API void strech_opt_yuy2_ajust(tagVideoFrame* frame, int start, int lines,
 // Arguments of the YV12 ones: planes, surface, width and height of the source, `src_pitch` of the Y plane (chroma has
 // half), `dst_pitch`, `info`, which is ignored except where stated. Each reads `height` luma and height/2 chroma lines
 // and writes 2 * height lines, D(0) to D(2h-1). Width a multiple of 16 (2X2: at least 32), height even, src_pitch even.
+// Other widths are rounded up to that on every line, without drift; an odd height leaves its last line out, though the
+// guards take it as given. src_pitch may be negative; dst_pitch must be at least a line in either direction.
 // Y[s] and C[c] being luma and chroma lines (C both planes), the basic pattern for each pair r = 0, 2, .. h-2, c = r/2:
 //     D(2r) = Y[r], C[c]                                D(2r+2) = Y[r+1], avg(C[c], C[c+1])
 //     D(2r+1) = avg(Y[r], Y[r+1]), C[c]                 D(2r+3) = avg(Y[r+1], Y[r+2]), avg(C[c], C[c+1])
@@ -416,7 +423,8 @@ VSURF_API void strech_picture_1X2_yuy2_ajust_rgb16(void* y, void* u, void* v, vo
 // A packed YUY2 picture `src` of `line_bytes` (2 * width) a line, without gaps, to YUY2 of twice the width and height:
 // luma, U and V of every line are doubled by H (the last sample is its own right neighbour), giving L[s];
 // D(2s) = L[s], D(2s+1) = avg(L[s], L[s+1]), D(2h-1) = L[h-1]. 2 * line_bytes a line. `line_bytes` a multiple of 32 and
-// at least 64, height even; the two pointers are ignored. A height below 16 returns at once.
+// at least 64, else rounded up to that; height even, else the last line is left out; the two pointers are ignored. A
+// height below 16 returns at once.
 VSURF_API void yuy2_strech_picture_2X2_yuy2(void* src, void* unused_u, void* unused_v, void* dst, int line_bytes,
                                             int height, int dst_pitch);
 

@@ -7,8 +7,10 @@ namespace vsurf::VSURF_ISA {
 
 // A line as wide as its source. The samples are a multiple of 8.
 template <class Of> struct SameWidth {
-    static constexpr int kBytes = 1;
+    static constexpr int kBytes = 1, kBlockSamples = 16;
     Of of;
+
+    MEMBER void store_block(uint8_t* to, ptrdiff_t x) const { put(to + x, of.template bytes<16, 1>(x)); }
 
     template <Stores S> MEMBER void store(uint8_t* to, ptrdiff_t x, ptrdiff_t end) const
     {
@@ -24,8 +26,13 @@ template <class Of> struct SameWidth {
 
 // A line twice as wide, of pairs.
 template <class Of> struct DoubleWidth {
-    static constexpr int kBytes = 2;
+    static constexpr int kBytes = 2, kBlockSamples = 8;
     Of of;
+
+    MEMBER void store_block(uint8_t* to, ptrdiff_t x) const
+    {
+        put(to + 2 * x, in_line(of.template word_pairs<16, 1>(x)));
+    }
 
     template <Stores S> MEMBER void store(uint8_t* to, ptrdiff_t x, ptrdiff_t end) const
     {
@@ -33,11 +40,7 @@ template <class Of> struct DoubleWidth {
             auto pairs = this->of.template byte_pairs<N, 2>(at);
             store_pairs<S>(to + 2 * at, pairs.own, pairs.between);
         });
-        if (end & 8 && x != end) store_eight(to, end - 8);
-    }
-    MEMBER void store_eight(uint8_t* to, ptrdiff_t x) const
-    {
-        put(to + 2 * x, in_line(of.template word_pairs<16, 1>(x)));
+        if (end & 8 && x != end) store_block(to, end - 8);
     }
 };
 
@@ -47,6 +50,23 @@ template <class Shape> OP void write_line(const Shape& shape, uint8_t* to, ptrdi
     const ptrdiff_t whole = streamed ? samples & -(kCacheLine / Shape::kBytes) : 0;
     if (streamed) shape.template store<Stores::streaming>(to, 0, whole);
     shape.template store<Stores::cached>(to, whole, samples);
+}
+
+// Where two lines overlap their blocks alternate, and the bytes stored last stay.
+template <class Upper, class Lower>
+OP void write_two_lines(const Upper& upper, const Lower& lower, uint8_t* to, ptrdiff_t pitch, ptrdiff_t samples,
+                        bool streamed)
+{
+    const ptrdiff_t bytes = samples * Upper::kBytes;
+    if (pitch < bytes && -pitch < bytes) {
+        for (ptrdiff_t x = 0; x < samples; x += Upper::kBlockSamples) {
+            upper.store_block(to, x);
+            lower.store_block(to + pitch, x);
+        }
+    } else {
+        write_line(upper, to, samples, streamed);
+        write_line(lower, to + pitch, samples, streamed);
+    }
 }
 
 template <class Gain, class Of> struct AdjustPairs {

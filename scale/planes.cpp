@@ -77,17 +77,15 @@ struct Rounds {
         return {width, rounds(width < 0 ? 0 : width, 8) * 8, whole < 16 ? 16 : whole, width & 15,
                 height < 2 ? 1 : height - 1};
     }
-    // Planes narrower than a round's blocks: in the doubled ones, both lines' blocks alternate in the same bytes.
-    MEMBER bool blocks_overlap(ptrdiff_t pitch) const { return pitch < 2 * blocks_of_16 && -pitch < 2 * blocks_of_16; }
 };
 
 // The closing block is not doubled.
 template <class Gain>
-OP void write_closing(uint8_t* upper, uint8_t* lower, const uint8_t* src, ptrdiff_t pitch, SampleAdjust by)
+OP void write_closing(uint8_t* to, ptrdiff_t dst_pitch, const uint8_t* src, ptrdiff_t src_pitch, SampleAdjust by)
 {
-    const Row own{src}, below{src + pitch};
-    put(upper, Adjust<Gain, Row>{by, own}.template bytes<16, 1>(0));
-    put(lower, Adjust<Gain, Average<Row>>{by, {own, below}}.template bytes<16, 1>(0));
+    const Row own{src}, below{src + src_pitch};
+    put(to, Adjust<Gain, Row>{by, own}.template bytes<16, 1>(0));
+    put(to + dst_pitch, Adjust<Gain, Average<Row>>{by, {own, below}}.template bytes<16, 1>(0));
 }
 
 // Irregular: starts one line lower than `strech_pic_2X2`, so that the last source line gets lost; steps down the source
@@ -107,16 +105,10 @@ template <class Gain> OP void double_adjusted(PlaneLines p, const Rounds& rounds
     write_whole(to, from);
     to += 2 * rounds.blocks_of_8 + p.dst_pitch - 2 * rounds.width;
     for (ptrdiff_t i = 0; i < rounds.count; i++, from += rounds.width) {
-        uint8_t* lower = to + p.dst_pitch;
-        const DoubleWidth<One> upper_line{{by, doubled(from)}};
-        const DoubleWidth<Two> lower_line{{by, {doubled(from), doubled(from + p.src_pitch)}}};
-        if (rounds.blocks_overlap(p.dst_pitch)) {
-            for (ptrdiff_t x = 0; x < done; x += 8) upper_line.store_eight(to, x), lower_line.store_eight(lower, x);
-        } else {
-            write_line(upper_line, to, done, streamed);
-            write_line(lower_line, lower, done, streamed);
-        }
-        if (rounds.rest) write_closing<Gain>(to + done + behind, lower + done + behind, from + behind, p.src_pitch, by);
+        const DoubleWidth<One> upper{{by, doubled(from)}};
+        const DoubleWidth<Two> lower{{by, {doubled(from), doubled(from + p.src_pitch)}}};
+        write_two_lines(upper, lower, to, p.dst_pitch, done, streamed);
+        if (rounds.rest) write_closing<Gain>(to + done + behind, p.dst_pitch, from + behind, p.src_pitch, by);
         to += 2 * done + rounds.rest + 2 * p.dst_pitch - 2 * rounds.width;
     }
     if (streamed) fence_streaming();
@@ -151,10 +143,10 @@ template <class Gain> OP void heighten_adjusted(PlaneLines p, const Rounds& roun
     write_whole(to, from);
     to += rounds.blocks_of_8 + p.dst_pitch - rounds.width;
     for (ptrdiff_t i = 0; i < rounds.count; i++, from += p.src_pitch, to += 2 * p.dst_pitch) {
-        uint8_t* lower = to + p.dst_pitch;
-        write_line(SameWidth<One>{{by, {from}}}, to, done, streamed);
-        write_line(SameWidth<Two>{{by, {{from}, {from + p.src_pitch}}}}, lower, done, streamed);
-        if (rounds.rest) write_closing<Gain>(to + behind, lower + behind, from + behind, p.src_pitch, by);
+        const SameWidth<One> upper{{by, {from}}};
+        const SameWidth<Two> lower{{by, {{from}, {from + p.src_pitch}}}};
+        write_two_lines(upper, lower, to, p.dst_pitch, done, streamed);
+        if (rounds.rest) write_closing<Gain>(to + behind, p.dst_pitch, from + behind, p.src_pitch, by);
     }
     if (streamed) fence_streaming();
     from -= p.src_pitch;

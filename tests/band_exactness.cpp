@@ -33,6 +33,24 @@ TEST_P(BandExactness, every_content_start_and_mode)
     }
 }
 
+// Lines beyond what is interpolated or buffered at a time, with every rest of blocks.
+TEST_P(BandExactness, long_lines)
+{
+    static constexpr int kPitches[] = {512,  528,  544,  560,  576,  592,  1040, 1072, 4096,
+                                       4112, 4128, 4144, 4160, 4624, 8192, 8208, 8256};
+    Random random(42);
+    for (const int pitch : kPitches) {
+        if (harness::quick() && pitch != 560 && pitch != 4144) continue;
+        for (const Content content : {Content::kNoise, Content::kNear, Content::kStripes}) {
+            for (const Pitch surface : {Pitch::kLines64, Pitch::kTight, Pitch::kOdd}) {
+                Case c = case_of(pitch, 8 + random.between(0, 2), Pitch::kTight, surface, random);
+                c.content = content;
+                ASSERT_TRUE(check(c, harness::flush_and_aligned(random.one_in(2) ? 0 : random.between(0, 63))));
+            }
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Bands, BandExactness, testing::Values(harness::export_named("strech_opt_yuy2_ajust")),
                          harness::name_of);
 

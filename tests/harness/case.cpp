@@ -121,6 +121,7 @@ int surface_pitch(const Export& tested, int width, Pitch pitch, Random& random)
     const int line = std::max(tested.sizes.least_line, line_bytes(tested, whole_width(tested, width)));
     const int bytes = pitch_for(line, line_bytes(tested, rounded(width)), pitch, random);
     if (tested.family == Family::kLoader) return tested.signed_pitches ? bytes : unsigned_pitch(width, bytes);
+    if (tested.family == Family::kPlane) return bytes;
     return std::abs(bytes) >= line ? bytes : bytes < 0 ? -line : line;
 }
 

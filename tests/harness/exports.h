@@ -22,7 +22,7 @@ using LoaderFunction = void (*)(void*, void*, void*, void*, int, int, int, int, 
 
 enum class Family {
     kLoader,        // any width and height in whole blocks; lines may overlap
-    kPlane,         // a single plane
+    kPlane,         // a single plane; lines may overlap
     kPicture,       // three planes
     kEnlarger,      // a planar picture, its source pitch even
     kPackedPicture, // a picture whose lines follow each other without gaps
