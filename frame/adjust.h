@@ -67,8 +67,10 @@ OP Adjustments adjustments_now()
             SampleAdjust::of(s.chroma_gain, s.v_offset)};
 }
 
-// How samples are scaled: by any gain,
+// How samples are scaled: by any gain, which is exact, not fast: no picture looks right with gains that wrap, so the
+// code is built for one width alone,
 struct AnyGain {
+    static constexpr int kWidest = 16;
     template <int N, int W> OP half<N> load_words(const uint8_t* p) { return load_chroma<N, W>(p); }
     template <int N> OP i16<N> split(u8<N> x) { return VSURF_ISA::split(x); }
     template <int N> OP wide<N> widen(u8<N> x) { return VSURF_ISA::widen(x); }
@@ -77,7 +79,7 @@ struct AnyGain {
 
 // or by one whose products never wrap: from samples in the high bytes, 256 x * 4 gain >> 16, in one instruction.
 struct CommonGain {
-    static constexpr int kHighest = 65535 / 255;
+    static constexpr int kWidest = kLanes, kHighest = 65535 / 255;
     OP bool suits(SampleAdjust by) { return by.gain >= 0 && by.gain <= kHighest; }
     OP bool suits(const Adjustments& by) { return suits(by.luma) && suits(by.u); }
     template <int N, int W> OP half<N> load_words(const uint8_t* p) { return load_chroma_high<N, W>(p); }
@@ -129,10 +131,6 @@ template <class Gain> struct Adjusted {
         return shl<2>(i16<N>{apply(by.luma, words.even), apply(by.luma, words.odd)});
     }
 };
-
-// Gains that wrap are exact, not fast: no picture looks right with them, so their code is built for one width alone.
-template <class Gain> constexpr int kWidestFor = kLanes;
-template <> constexpr int kWidestFor<AnyGain> = 16;
 
 // Calls `work` with the kind of gain that serves luma and chroma.
 template <class Work> OP void with_gain(const Adjustments& by, const Work& work)

@@ -49,7 +49,7 @@ struct LinePair {
 template <class Gain> OP void write_pair(const Band& band, const Adjustments& by, const LinePair& p, uint8_t* to)
 {
     using Samples = Adjust<Gain, Row>;
-    const SourcesStep<Yuy2, kWidestFor<Gain>, Samples, Samples, Samples> step{
+    const SourcesStep<Yuy2, Gain::kWidest, Samples, Samples, Samples> step{
         {by.luma, {p.upper}}, {by.luma, {p.lower}}, {by.u, {p.u}}, {by.v, {p.v}}};
     uint8_t* below = to + band.dst_pitch;
     if (!band.narrow()) return write_two_lines(step, to, below, p.upper_pixels, band.streamed);
@@ -97,8 +97,8 @@ void strech_opt_yuy2_ajust(tagVideoFrame* frame, int start, int lines, unsigned 
     const auto band = Band::of(*frame, start, lines, dst, dst_pitch);
     with_gain(by, [&]<class Gain>(Gain) VSURF_INLINED {
         for (ptrdiff_t group = 0; group < band.groups; group++) {
-            for (ptrdiff_t x = 0; x < band.interpolated; x += kPart)
-                write_group<Gain>(band, by, group, x, band.interpolated - x < kPart ? band.interpolated : x + kPart);
+            each_part<kPart>(band.interpolated, [&](ptrdiff_t x, ptrdiff_t size, bool)
+                                                    VSURF_INLINED { write_group<Gain>(band, by, group, x, x + size); });
         }
     });
     if (band.streamed) fence_streaming();

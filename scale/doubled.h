@@ -14,34 +14,33 @@ template <class Samples> OP Pair<Samples> avg(Pair<Samples> a, Pair<Samples> b)
     return {avg(a.own, b.own), avg(a.between, b.between)};
 }
 
-// `byte_pairs<N, W>` doubles N samples, `doubled_words<N, W>` N/2 samples into N bytes. A sample's neighbour is read
-// from `ahead`, one sample on, which must be readable;
-template <class Of, class Ahead = Of> struct Doubled {
-    Of of;
-    Ahead ahead;
+// `byte_pairs<N, W>` doubles N samples, `word_pairs<N, W>` N/2 of them as words. A sample's neighbour is read one on,
+// from a row that may have samples of its own there;
+struct Doubled {
+    Row row, ahead;
 
     template <int N, int W> MEMBER Pair<u8<N>> byte_pairs(ptrdiff_t x) const
     {
-        return pair_of(of.template bytes<N, W>(x), ahead.template bytes<N, W>(x + 1));
+        return pair_of(row.bytes<N, W>(x), ahead.bytes<N, W>(x + 1));
     }
     template <int N, int W> MEMBER Pair<half<N>> word_pairs(ptrdiff_t x) const
     {
-        return pair_of(of.template words<N, W>(x), ahead.template words<N, W>(x + 1));
+        return pair_of(row.words<N, W>(x), ahead.words<N, W>(x + 1));
     }
 };
 
 // or, in the last 16 pixels of a line, the last sample is its own neighbour.
-template <class Of> struct DoubledToTheEnd {
-    Of of;
+struct DoubledToTheEnd {
+    Row row;
 
     template <int N, int W> MEMBER Pair<u8<N>> byte_pairs(ptrdiff_t x) const
     {
-        auto samples = of.template bytes<N, W>(x);
+        auto samples = row.bytes<N, W>(x);
         return pair_of(samples, neighbours_to_the_end<1>(samples));
     }
     template <int N, int W> MEMBER Pair<half<N>> word_pairs(ptrdiff_t x) const
     {
-        auto samples = of.template words<N, W>(x);
+        auto samples = row.words<N, W>(x);
         return pair_of(samples, words(neighbours_to_the_end<2>(bytes(samples))));
     }
 };
@@ -68,18 +67,13 @@ OP ptrdiff_t doubled_blocks(int width) { return rounds(width < 2 * kBlock ? 2 * 
 template <int N> struct DoubledChroma {
     u8<N> u, v;
 };
-template <Stores S, int N> OP void store_doubled(uint8_t* p, Pair<u8<N>> luma, DoubledChroma<N> c)
-{
-    store_quads<S>(p, luma.own, c.u, luma.between, c.v);
-}
 template <int N> OP u8<N> in_line(Pair<half<N>> samples) { return join(i16<N>{samples.own, samples.between}); }
 
-// Two lines that share their chroma, of one doubled line above another.
-template <int widest, class Luma, class Chroma> struct DoubledStep {
+// Two lines that share their chroma: a doubled line, and what goes between it and the one below.
+template <int widest, class Samples> struct DoubledStep {
     static constexpr int kWidest = widest, kBytes = 4, kWeave = 4;
     static constexpr bool kStreams = true;
-    Luma upper, below;
-    Between<Chroma> u, v;
+    Between<Samples> y, u, v;
 
     template <int N> MEMBER DoubledChroma<N> chroma(Position, ptrdiff_t x) const
     {
@@ -87,13 +81,13 @@ template <int widest, class Luma, class Chroma> struct DoubledStep {
     }
     template <Line line, int N> MEMBER Pair<u8<N>> luma(Position, ptrdiff_t x) const
     {
-        if constexpr (line == Line::upper) return upper.template byte_pairs<N, kWeave>(x);
-        else return Between{upper, below}.template byte_pairs<N, kWeave>(x);
+        if constexpr (line == Line::upper) return y.a.template byte_pairs<N, kWeave>(x);
+        else return y.template byte_pairs<N, kWeave>(x);
     }
     template <Stores S, Line, int N>
     MEMBER void store(Position at, ptrdiff_t x, Pair<u8<N>> luma, DoubledChroma<N> c) const
     {
-        store_doubled<S>(at.dst + x * kBytes, luma, c);
+        store_quads<S>(at.dst + x * kBytes, luma.own, c.u, luma.between, c.v);
     }
 };
 

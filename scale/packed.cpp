@@ -9,133 +9,169 @@
 namespace vsurf::VSURF_ISA {
 
 // N bytes of packed pixels, and of what goes between their samples.
-template <int N> struct Doubled {
+template <int N> struct DoubledPacked {
     u8<N> own, between;
 };
-template <int N> OP Doubled<N> avg(Doubled<N> a, Doubled<N> b)
+template <int N> OP DoubledPacked<N> avg(DoubledPacked<N> a, DoubledPacked<N> b)
 {
     return {avg(a.own, b.own), avg(a.between, b.between)};
 }
 
 // N bytes, those with the next luma bytes, and those with the next chroma bytes.
-template <int N> struct Neighbourhood {
-    u8<N> own, next_luma, next_chroma;
-};
-struct Ahead {
-    template <int N> OP Neighbourhood<N> of(const uint8_t* p)
+template <int N> OP DoubledPacked<N> doubled(u8<N> own, u8<N> next_luma, u8<N> next_chroma)
+{
+    return {own, evens_and_odds(avg(own, next_luma), avg(own, next_chroma))};
+}
+
+// A line of packed pixels, and where its chroma looks ahead, which may differ;
+struct PackedLine {
+    const uint8_t *own, *ahead;
+    template <int N> MEMBER DoubledPacked<N> pixels(ptrdiff_t x) const
     {
         constexpr int weave = kDoubledWeave<N>;
-        return {load<N, weave>(p), load<N, weave>(p + 2), load<N, weave>(p + 4)};
-    }
-    OP bool crosses(ptrdiff_t x) { return (x & 16) != 0; }
-};
-// The last samples of a line are their own neighbours.
-struct ToTheEnd {
-    template <int N> OP Neighbourhood<N> of(const uint8_t* p)
-    {
-        auto own = load<N>(p);
-        return {own, neighbours_to_the_end<2>(own), neighbours_to_the_end<4>(own)};
-    }
-    OP bool crosses(ptrdiff_t) { return false; }
-};
-
-// The samples are taken plain,
-struct PlainPixels {
-    template <int N> MEMBER Doubled<N> doubled(const Neighbourhood<N>& n, bool) const
-    {
-        return {n.own, evens_and_odds(avg(n.own, n.next_luma), avg(n.own, n.next_chroma))};
+        return doubled(load<N, weave>(own + x), load<N, weave>(own + x + 2), load<N, weave>(ahead + x + 4));
     }
 };
-
-// or adjusted. Irregular: what looks ahead into the next 16 pixels takes U's offset for V and V's for U.
-template <class Gain> struct AdjustedPixels : AdjustedBytes<Gain> {
-    template <int N> MEMBER half<N> next_chroma(u8<N> bytes, bool crosses) const
+// or its end, where the last samples are their own neighbours.
+struct PackedEnd {
+    const uint8_t* own;
+    template <int N> MEMBER DoubledPacked<N> pixels(ptrdiff_t x) const
     {
-        static constexpr LastOf<16, 2> crossing; // a U and a V
-        const int u = this->by.u.lifted_offset, v = this->by.v.lifted_offset;
-        const uint8_t* exchanged = crossing.at + (N < 32 && crosses ? 8 : 0);
-        auto more = mullo(load_chroma<N, kDoubledWeave<N>>(exchanged), half<N>::alternate(v - u, u - v));
-        return SampleAdjust::offset(Gain::scale(this->by.u, Gain::split(bytes).odd),
-                                    add(half<N>::alternate(u, v), more));
-    }
-    template <int N> MEMBER Doubled<N> doubled(const Neighbourhood<N>& n, bool crosses) const
-    {
-        auto luma = this->luma(n.own), chroma = this->chroma(n.own);
-        return {join(i16<N>{luma, chroma}),
-                join(i16<N>{avg(luma, this->luma(n.next_luma)), avg(chroma, next_chroma(n.next_chroma, crosses))})};
+        auto bytes = load<N>(own + x);
+        return doubled(bytes, neighbours_to_the_end<2>(bytes), neighbours_to_the_end<4>(bytes));
     }
 };
 
 // A doubled line and what goes between it and the one below. They share nothing.
-template <int widest, class Reach, class Pixels> struct PackedDoubledStep {
+template <int widest, class Pixels> struct PackedDoubledStep {
     static constexpr int kWidest = widest, kBytes = 2;
     static constexpr bool kStreams = true;
-    Pixels pixels;
-    const uint8_t *own, *below;
+    Pixels own, below;
 
     struct Nothing {};
     template <int N> MEMBER Nothing chroma(Position, ptrdiff_t) const { return {}; }
-    template <Line line, int N> MEMBER Doubled<N> luma(Position, ptrdiff_t x) const
+    template <Line line, int N> MEMBER DoubledPacked<N> luma(Position, ptrdiff_t x) const
     {
-        auto doubled = [=, this](const uint8_t* p) VSURF_INLINED {
-            return this->pixels.doubled(Reach::template of<N>(p + x), Reach::crosses(x));
-        };
-        if constexpr (line == Line::upper) return doubled(own);
-        else return avg(doubled(own), doubled(below));
+        auto pixels = own.template pixels<N>(x);
+        if constexpr (line == Line::upper) return pixels;
+        else return avg(pixels, below.template pixels<N>(x));
     }
-    template <Stores S, Line, int N> MEMBER void store(Position at, ptrdiff_t x, const Doubled<N>& d, Nothing) const
+    template <Stores S, Line, int N>
+    MEMBER void store(Position at, ptrdiff_t x, const DoubledPacked<N>& d, Nothing) const
     {
         store_doubled_yuyv<S>(at.dst + x * kBytes, d.own, d.between);
     }
 };
 
-struct PackedPicture {
-    const uint8_t* src;
-    uint8_t* dst;
-    int line_bytes, height, dst_pitch;
+constexpr int kStrip = 2 * kBlock; // bytes of 16 pixels
+
+OUTLINED void write_doubled(PackedLine own, PackedLine below, uint8_t* upper, uint8_t* lower, ptrdiff_t bytes,
+                            bool last, bool streamed)
+{
+    const ptrdiff_t ahead = last ? bytes - kStrip : bytes;
+    const PackedDoubledStep<kLanes, PackedLine> step{own, below};
+    write_two_lines(step, upper, lower, ahead, streamed);
+    if (!last) return;
+    const PackedDoubledStep<kBlock, PackedEnd> closing{{own.own}, {below.own}};
+    write_last_blocks(step, upper, lower, ahead, bytes - kBlock, streamed);
+    write_last_blocks(closing, upper, lower, bytes - kBlock, bytes, streamed);
+}
+
+// A line adjusted once, and once more as the 16 pixels before look ahead to it. Irregular: there U's offset serves V
+// and V's serves U.
+template <class Gain> struct AdjustedLine : AdjustedBytes<Gain> {
+    template <int N> MEMBER half<N> chroma_ahead(u8<N> bytes, ptrdiff_t x) const
+    {
+        static constexpr FirstOf<16, 2> crossing; // of 16 chroma bytes a U and a V
+        const int u = this->by.u.lifted_offset, v = this->by.v.lifted_offset;
+        auto more = mullo(load_chroma<N>(crossing.at + (x & kBlock) / 2), half<N>::alternate(v - u, u - v));
+        return SampleAdjust::offset(Gain::scale(this->by.u, Gain::split(bytes).odd),
+                                    add(half<N>::alternate(u, v), more));
+    }
+    MEMBER void take(const uint8_t* from, ptrdiff_t size, uint8_t* own, uint8_t* ahead) const
+    {
+        along<Gain::kWidest, kBlock>(0, size, [=, this]<int N>(ptrdiff_t x) VSURF_INLINED {
+            auto bytes = load<N>(from + x);
+            auto luma = this->luma(bytes);
+            put(own + x, join(i16<N>{luma, this->chroma(bytes)}));
+            put(ahead + x, join(i16<N>{luma, this->chroma_ahead(bytes, x)}));
+        });
+    }
 };
 
-template <int widest, class Pixels> OP void double_packed(const PackedPicture& p, const Pixels& pixels)
+OUTLINED void adjust_packed_line(const uint8_t* from, ptrdiff_t size, uint8_t* own, uint8_t* ahead,
+                                 const Adjustments& by)
 {
-    constexpr int strip = 2 * kBlock; // bytes; at least one looks ahead, and the last one does not
-    const ptrdiff_t width = rounds(p.line_bytes <= strip ? strip + 1 : p.line_bytes, strip) * strip,
-                    pitch = p.dst_pitch;
-    const int height = p.height & ~1;
-    const bool streamed = streams(p.dst, pitch, 2 * width, 2 * ptrdiff_t{height});
-    uint8_t* to = p.dst;
-    for (int i = 0; i < height; i++, to += 2 * pitch) {
-        const uint8_t* own = p.src + ptrdiff_t{i} * p.line_bytes;
-        const uint8_t* below = i + 1 < height ? own + p.line_bytes : own;
-        const PackedDoubledStep<widest, Ahead, Pixels> step{pixels, own, below};
-        const PackedDoubledStep<kBlock, ToTheEnd, Pixels> closing{pixels, own, below};
-        write_two_lines(step, to, to + pitch, width - strip, streamed);
-        write_last_blocks(step, to, to + pitch, width - strip, width - kBlock, streamed);
-        write_last_blocks(closing, to, to + pitch, width - kBlock, width, streamed);
-    }
-    if (streamed) fence_streaming();
+    if (CommonGain::suits(by)) AdjustedLine<CommonGain>{{by}}.take(from, size, own, ahead);
+    else AdjustedLine<AnyGain>{{by}}.take(from, size, own, ahead);
 }
 
-OP PackedPicture packed_picture(void* src, void* dst, int line_bytes, int height, int dst_pitch)
-{
-    return {static_cast<const uint8_t*>(src), static_cast<uint8_t*>(dst), line_bytes, height, dst_pitch};
-}
+struct PackedEnlargement {
+    const uint8_t* src;
+    uint8_t* dst;
+    ptrdiff_t src_pitch, dst_pitch;
+    ptrdiff_t line_bytes; // of the source, in whole strips: at least one looks ahead, and the last one does not
+    int height;           // even
+    bool streamed;
+
+    OP PackedEnlargement of(void* src, void* dst, int line_bytes, int height, int dst_pitch)
+    {
+        auto to = static_cast<uint8_t*>(dst);
+        const ptrdiff_t whole = rounds(line_bytes <= kStrip ? kStrip + 1 : line_bytes, kStrip) * kStrip;
+        const int even = height & ~1;
+        return {static_cast<const uint8_t*>(src),
+                to,
+                line_bytes,
+                dst_pitch,
+                whole,
+                even,
+                streams(to, dst_pitch, 2 * whole, 2 * ptrdiff_t{even})};
+    }
+    MEMBER int below(int line) const { return line + 1 < height ? line + 1 : line; }
+
+    MEMBER void from_picture() const
+    {
+        auto packed_line = [this](int i) VSURF_INLINED {
+            const uint8_t* at = this->src + i * this->src_pitch;
+            return PackedLine{at, at};
+        };
+        uint8_t* to = dst;
+        for (int i = 0; i < height; i++, to += 2 * dst_pitch)
+            write_doubled(packed_line(i), packed_line(below(i)), to, to + dst_pitch, line_bytes, true, streamed);
+        if (streamed) fence_streaming();
+    }
+
+    MEMBER void from_adjusted(const Adjustments& by) const
+    {
+        constexpr ptrdiff_t part = 4096; // bytes; 16 KiB of stack
+        uint8_t own[2][part + kStrip], ahead[2][part + kStrip];
+        each_part<part>(line_bytes, [&](ptrdiff_t x, ptrdiff_t size, bool last) VSURF_INLINED {
+            auto take = [&](int i) VSURF_INLINED {
+                adjust_packed_line(src + i * src_pitch + x, last ? size : size + kStrip, own[i & 1], ahead[i & 1], by);
+            };
+            auto taken = [&](int i) VSURF_INLINED { return PackedLine{own[i & 1], ahead[i & 1]}; };
+            take(0);
+            uint8_t* to = dst + 2 * x;
+            for (int i = 0; i < height; i++, to += 2 * dst_pitch) {
+                if (below(i) != i) take(below(i));
+                write_doubled(taken(i), taken(below(i)), to, to + dst_pitch, size, last, streamed);
+            }
+        });
+        if (streamed) fence_streaming();
+    }
+};
 
 // Irregular: the plain form refuses heights below 16, the adjusted one those below 8; with planar pictures it is the
 // other way round.
 void yuy2_strech_picture_2X2_yuy2(void* src, void*, void*, void* dst, int line_bytes, int height, int dst_pitch)
 {
-    if (height < 16) return;
-    double_packed<kLanes>(packed_picture(src, dst, line_bytes, height, dst_pitch), PlainPixels{});
+    if (height >= 16) PackedEnlargement::of(src, dst, line_bytes, height, dst_pitch).from_picture();
 }
 
 void yuy2_strech_picture_2X2_yuy2_ajust(void* src, void*, void*, void* dst, int line_bytes, int height, int dst_pitch,
                                         ajust_contrast_info*)
 {
-    if (height < 8) return;
-    const auto by = adjustments_now();
-    const auto picture = packed_picture(src, dst, line_bytes, height, dst_pitch);
-    with_gain(by, [&]<class Gain>(Gain)
-                      VSURF_INLINED { double_packed<kWidestFor<Gain>>(picture, AdjustedPixels<Gain>{{by}}); });
+    if (height >= 8) PackedEnlargement::of(src, dst, line_bytes, height, dst_pitch).from_adjusted(adjustments_now());
 }
 
 } // namespace vsurf::VSURF_ISA

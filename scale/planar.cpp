@@ -6,81 +6,72 @@ namespace vsurf::VSURF_ISA {
 
 OP ptrdiff_t whole_blocks(int width) { return rounds(width < 0 ? 0 : width, kBlock) * kBlock; }
 
-// What is new is averaged of plain samples,
-struct AverageOnly {
-    OP Row own(const Enlargement& e, Neighbours n) { return e.y(n.y); }
-    OP Average<Row> between_y(const Enlargement& e, Neighbours n) { return {e.y(n.y), e.y(n.y_below)}; }
-    OP Average<Row> between_u(const Enlargement& e, Neighbours n) { return {e.u(n.c), e.u(n.c_below)}; }
-    OP Average<Row> between_v(const Enlargement& e, Neighbours n) { return {e.v(n.c), e.v(n.c_below)}; }
-};
-
-// or of adjusted ones,
-template <class Gain> struct AdjustThenAverage {
-    Adjustments by;
-
-    MEMBER Adjust<Gain, Row> luma(Row row) const { return {by.luma, row}; }
-    MEMBER Adjust<Gain, Row> u(Row row) const { return {by.u, row}; }
-    MEMBER Adjust<Gain, Row> v(Row row) const { return {by.v, row}; }
-
-    MEMBER auto own(const Enlargement& e, Neighbours n) const { return luma(e.y(n.y)); }
-    MEMBER auto between_y(const Enlargement& e, Neighbours n) const
-    {
-        return Average{luma(e.y(n.y)), luma(e.y(n.y_below))};
-    }
-    MEMBER auto between_u(const Enlargement& e, Neighbours n) const { return Average{u(e.u(n.c)), u(e.u(n.c_below))}; }
-    MEMBER auto between_v(const Enlargement& e, Neighbours n) const { return Average{v(e.v(n.c)), v(e.v(n.c_below))}; }
-};
-
-// or filtered of four lines,
-struct FilteredLuma : AverageOnly {
-    OP FourTap between_y(const Enlargement& e, Neighbours n)
-    {
-        return {e.y(n.y - 1), e.y(n.y), e.y(n.y + 1), e.y(n.y + 2)};
-    }
-};
-struct Filtered : FilteredLuma {
-    OP FourTap between_u(const Enlargement& e, Neighbours n)
-    {
-        return {e.u(n.c - 1), e.u(n.c), e.u(n.c + 1), e.u(n.c + 2)};
-    }
-    OP FourTap between_v(const Enlargement& e, Neighbours n)
-    {
-        return {e.v(n.c - 1), e.v(n.c), e.v(n.c + 1), e.v(n.c + 2)};
-    }
-};
-
-// and adjusted afterwards.
-template <class Gain, class Kind> struct ThenAdjust {
-    Adjustments by;
-
-    template <class Of> OP Adjust<Gain, Of> adjust(SampleAdjust by, Of of) { return {by, of}; }
-    MEMBER auto own(const Enlargement& e, Neighbours n) const { return adjust(by.luma, Kind::own(e, n)); }
-    MEMBER auto between_y(const Enlargement& e, Neighbours n) const { return adjust(by.luma, Kind::between_y(e, n)); }
-    MEMBER auto between_u(const Enlargement& e, Neighbours n) const { return adjust(by.u, Kind::between_u(e, n)); }
-    MEMBER auto between_v(const Enlargement& e, Neighbours n) const { return adjust(by.v, Kind::between_v(e, n)); }
-};
+// Twice the height, by averages.
+template <class Sink>
+OUTLINED void write_taller(const Rows& r, uint8_t* upper, uint8_t* lower, ptrdiff_t pixels, bool, bool streamed)
+{
+    using Between = Average<Row>;
+    const SourcesStep<Sink, kLanes, Row, Between, Between> step{
+        r.y, {r.y, r.y_below}, {r.u, r.u_below}, {r.v, r.v_below}};
+    write_two_lines(step, upper, lower, pixels, streamed);
+}
 
 LOADER_EXPORT(strech_picture_1X2_yuy2)
 {
     if (height < 8) return;
-    const auto e = Enlargement::of(PICTURE, whole_blocks(width), Yuy2::kBytes);
-    e.each_line([&](Neighbours n, uint8_t* upper, uint8_t* lower)
-                    VSURF_INLINED { write_taller<Yuy2, kLanes>(e, AverageOnly{}, n, upper, lower); });
+    Enlargement::of(PICTURE, whole_blocks(width), Yuy2::kBytes).from_picture(write_taller<Yuy2>);
+}
+
+template <class Sink> OP void write_taller_adjusted(const Picture& p)
+{
+    const auto e = Enlargement::of(p, whole_blocks(p.width), Sink::kBytes);
+    e.from_adjusted(adjustments_now(), LookAhead::none, write_taller<Sink>);
+}
+
+// The guards of the RGB forms are 12 lines, and come before `info` is read.
+LOADER_EXPORT(strech_picture_1X2_yuy2_ajust_rgb32)
+{
+    if (height >= 12) write_taller_adjusted<Rgb32>(PICTURE);
+}
+LOADER_EXPORT(strech_picture_1X2_yuy2_ajust_rgb24)
+{
+    if (height >= 12) write_taller_adjusted<Rgb24>(PICTURE);
+}
+LOADER_EXPORT(strech_picture_1X2_yuy2_ajust_rgb16)
+{
+    if (height < 12) return;
+    with_rgb16_sink(info->rgb16_layout,
+                    [&](auto sink) VSURF_INLINED { write_taller_adjusted<decltype(sink)>(PICTURE); });
+}
+
+// New lines of four lines, from `line` - 1 on.
+OP FourTap filtered(const uint8_t* plane, ptrdiff_t pitch, int line)
+{
+    const uint8_t* row = plane + line * pitch;
+    return {{row - pitch}, {row}, {row + pitch}, {row + 2 * pitch}};
 }
 
 // The filter needs two lines on either side, and keeps away from one line more at the top of the luma plane.
 template <class Gain> OP void write_filtered(const Enlargement& e, const Adjustments& by)
 {
-    e.each_line([&](Neighbours n, uint8_t* upper, uint8_t* lower) VSURF_INLINED {
+    auto adjust = []<class Of>(SampleAdjust how, Of of) VSURF_INLINED { return Adjust<Gain, Of>{how, of}; };
+    e.each_line(e.start.dst, [&](Neighbours n, uint8_t* upper, uint8_t* lower) VSURF_INLINED {
+        auto write = [&]<class Luma, class Chroma>(Luma luma, Chroma u, Chroma v) VSURF_INLINED {
+            using Own = Adjust<Gain, Row>;
+            using Step = SourcesStep<Yuy2, Gain::kWidest, Own, Adjust<Gain, Luma>, Adjust<Gain, Chroma>>;
+            const Step step{{by.luma, e.y(n.y)}, adjust(by.luma, luma), adjust(by.u, u), adjust(by.v, v)};
+            write_two_lines(step, upper, lower, e.width, e.streamed);
+        };
+        const Rows r = e.rows(n);
+        const Average<Row> y{r.y, r.y_below}, u{r.u, r.u_below}, v{r.v, r.v_below};
+        const FourTap y4 = filtered(e.start.y, e.pitch, n.y);
         const bool luma = n.y >= 2 && n.y <= e.height - 3;
         const bool chroma = n.y % 2 != 0 && n.c >= 1 && n.c <= e.height / 2 - 3;
-        auto write = [&](auto kind) VSURF_INLINED {
-            write_taller<Yuy2, kWidestFor<Gain>>(e, ThenAdjust<Gain, decltype(kind)>{by}, n, upper, lower);
-        };
-        if (chroma) write(Filtered{});
-        else if (luma) write(FilteredLuma{});
-        else write(AverageOnly{});
+        if (chroma) write(y4, filtered(e.start.u, e.chroma_pitch, n.c), filtered(e.start.v, e.chroma_pitch, n.c));
+        else if (luma) write(y4, u, v);
+        else write(y, u, v);
     });
+    if (e.streamed) fence_streaming();
 }
 
 // Irregular: interpolates with four taps, and adjusts what it has interpolated; its siblings adjust first.
@@ -92,89 +83,33 @@ LOADER_EXPORT(strech_picture_1X2_yuy2_ajust)
     with_gain(by, [&]<class Gain>(Gain) VSURF_INLINED { write_filtered<Gain>(e, by); });
 }
 
-template <class Sink> OP void taller_rgb(const Picture& p)
+// Twice the width and height.
+OUTLINED void write_doubled(const Rows& r, uint8_t* upper, uint8_t* lower, ptrdiff_t pixels, bool last, bool streamed)
 {
-    const auto by = adjustments_now();
-    const auto e = Enlargement::of(p, whole_blocks(p.width), Sink::kBytes);
-    with_gain(by, [&]<class Gain>(Gain) VSURF_INLINED {
-        e.each_line([&](Neighbours n, uint8_t* upper, uint8_t* lower) VSURF_INLINED {
-            write_taller<Sink, kWidestFor<Gain>>(e, AdjustThenAverage<Gain>{by}, n, upper, lower);
-        });
-    });
+    const ptrdiff_t ahead = last ? pixels - kBlock : pixels;
+    const Doubled y{r.y, r.y}, y_below{r.y_below, r.y_below}, u{r.u, r.u_ahead}, u_below{r.u_below, r.u_ahead_below};
+    const Doubled v{r.v, r.v}, v_below{r.v_below, r.v_below};
+    const DoubledStep<kLanes, Doubled> step{{y, y_below}, {u, u_below}, {v, v_below}};
+    write_two_lines(step, upper, lower, ahead, streamed);
+    if (!last) return;
+    const DoubledStep<kBlock, DoubledToTheEnd> closing{
+        {{r.y}, {r.y_below}}, {{r.u}, {r.u_below}}, {{r.v}, {r.v_below}}};
+    write_last_blocks(closing, upper, lower, ahead, pixels, streamed);
 }
-
-// The guards of the RGB forms are 12 lines, and come before `info` is read.
-LOADER_EXPORT(strech_picture_1X2_yuy2_ajust_rgb32)
-{
-    if (height >= 12) taller_rgb<Rgb32>(PICTURE);
-}
-LOADER_EXPORT(strech_picture_1X2_yuy2_ajust_rgb24)
-{
-    if (height >= 12) taller_rgb<Rgb24>(PICTURE);
-}
-LOADER_EXPORT(strech_picture_1X2_yuy2_ajust_rgb16)
-{
-    if (height < 12) return;
-    with_rgb16_sink(info->rgb16_layout, [&](auto sink) VSURF_INLINED { taller_rgb<decltype(sink)>(PICTURE); });
-}
-
-// `Kind` gives the sources of a line and of its neighbours ahead, which may differ.
-template <int widest, class Kind>
-OP void write_doubled(const Enlargement& e, const Kind& kind, Neighbours n, uint8_t* upper, uint8_t* lower)
-{
-    using Luma = decltype(kind.luma(Row{}));
-    using Ahead = Doubled<decltype(kind.u(Row{})), decltype(kind.u_ahead(Row{}))>;
-    using End = DoubledToTheEnd<decltype(kind.u(Row{}))>;
-    const Luma y = kind.luma(e.y(n.y)), y_below = kind.luma(e.y(n.y_below));
-    const ptrdiff_t ordinary = e.width - kBlock;
-    auto u = [&](int c) VSURF_INLINED { return Ahead{kind.u(e.u(c)), kind.u_ahead(e.u(c))}; };
-    auto v = [&](int c) VSURF_INLINED { return Ahead{kind.v(e.v(c)), kind.v_ahead(e.v(c))}; };
-    DoubledStep<widest, Doubled<Luma>, Ahead> step{
-        {y, y}, {y_below, y_below}, {u(n.c), u(n.c_below)}, {v(n.c), v(n.c_below)}};
-    write_two_lines(step, upper, lower, ordinary, e.streamed);
-    DoubledStep<kBlock, DoubledToTheEnd<Luma>, End> closing{
-        {y}, {y_below}, {{kind.u(e.u(n.c))}, {kind.u(e.u(n.c_below))}}, {{kind.v(e.v(n.c))}, {kind.v(e.v(n.c_below))}}};
-    write_last_blocks(closing, upper, lower, ordinary, e.width, e.streamed);
-}
-
-struct AsTheyAre {
-    OP Row luma(Row row) { return row; }
-    OP Row u(Row row) { return row; }
-    OP Row v(Row row) { return row; }
-    OP Row u_ahead(Row row) { return row; }
-    OP Row v_ahead(Row row) { return row; }
-};
 
 LOADER_EXPORT(strech_picture_2X2_yuy2)
 {
     if (height < 8) return;
-    const auto e = Enlargement::of(PICTURE, doubled_blocks(width), 4);
-    e.each_line([&](Neighbours n, uint8_t* upper, uint8_t* lower)
-                    VSURF_INLINED { write_doubled<kLanes>(e, AsTheyAre{}, n, upper, lower); });
+    Enlargement::of(PICTURE, doubled_blocks(width), 4).from_picture(write_doubled);
 }
 
-// Irregular: the U sample that looks ahead into the next 8 takes `v_offset`.
-template <class Gain> struct AdjustWithUAheadByV {
-    Adjustments by;
-
-    MEMBER Adjust<Gain, Row> luma(Row row) const { return {by.luma, row}; }
-    MEMBER Adjust<Gain, Row> u(Row row) const { return {by.u, row}; }
-    MEMBER Adjust<Gain, Row> v(Row row) const { return {by.v, row}; }
-    MEMBER AdjustAhead u_ahead(Row row) const { return {by.u, by.v, row}; }
-    MEMBER AdjustAhead v_ahead(Row row) const { return {by.v, by.v, row}; }
-};
-
-// Irregular: refuses heights below 16 where its siblings refuse those below 8.
+// Irregular: refuses heights below 16 where its siblings refuse those below 8, and the U samples that look ahead into
+// the next 8 take `v_offset`.
 LOADER_EXPORT(strech_picture_2X2_yuy2_ajust)
 {
     if (height < 16) return;
-    const auto by = adjustments_now();
     const auto e = Enlargement::of(PICTURE, doubled_blocks(width), 4);
-    with_gain(by, [&]<class Gain>(Gain) VSURF_INLINED {
-        e.each_line([&](Neighbours n, uint8_t* upper, uint8_t* lower) VSURF_INLINED {
-            write_doubled<kWidestFor<Gain>>(e, AdjustWithUAheadByV<Gain>{by}, n, upper, lower);
-        });
-    });
+    e.from_adjusted(adjustments_now(), LookAhead::u_by_v, write_doubled);
 }
 
 } // namespace vsurf::VSURF_ISA

@@ -3,7 +3,7 @@
 // Source line `y` makes two lines of the surface: itself, and what goes between it and the line below. The chroma of
 // both comes from between two chroma lines, which are one and the same for every second luma line.
 #pragma once
-#include "scale/doubled.h"
+#include "scale/adjusted.h"
 
 namespace vsurf::VSURF_ISA {
 
@@ -18,50 +18,91 @@ struct Neighbours {
     }
 };
 
+// The same as rows, and the row where U looks ahead, which may differ.
+struct Rows {
+    Row y, y_below, u, u_below, v, v_below, u_ahead, u_ahead_below;
+};
+
+// So many pixels of a line are adjusted at a time, and the block after them, into which their neighbours reach.
+constexpr ptrdiff_t kPart = 4096, kPartAndAhead = kPart + kBlock;
+
+// Adjusted lines: those of even numbers in one slot, those of odd ones in the other. 20 KiB of stack.
+struct AdjustedPart {
+    uint8_t y[2][kPartAndAhead], u[2][kPartAndAhead / 2], v[2][kPartAndAhead / 2], u_ahead[2][kPartAndAhead / 2];
+
+    MEMBER Rows rows(Neighbours n) const
+    {
+        const int luma = n.y & 1, below = n.y_below & 1, c = n.c & 1, c_below = n.c_below & 1;
+        return {{y[luma]}, {y[below]}, {u[c]}, {u[c_below]}, {v[c]}, {v[c_below]}, {u_ahead[c]}, {u_ahead[c_below]}};
+    }
+};
+
+enum class LookAhead { none, u_by_v };
+
 struct Enlargement {
     Position start;
     ptrdiff_t pitch, chroma_pitch, dst_pitch;
     ptrdiff_t width; // of the source, in whole blocks
     int height;      // of the source; even
+    ptrdiff_t bytes; // of the surface, a source pixel
     bool streamed;
 
     OP Enlargement of(const Picture& p, ptrdiff_t width, int bytes)
     {
         const int height = p.height & ~1;
-        return {p.start,
-                p.y_pitch,
-                p.y_pitch >> 1,
-                p.dst_pitch,
-                width,
-                height,
-                streams(p.start.dst, p.dst_pitch, bytes * width, 2 * ptrdiff_t{height})};
+        const bool streamed = streams(p.start.dst, p.dst_pitch, bytes * width, 2 * ptrdiff_t{height});
+        return {p.start, p.y_pitch, p.y_pitch >> 1, p.dst_pitch, width, height, bytes, streamed};
     }
 
     MEMBER Row y(int line) const { return {start.y + line * pitch}; }
     MEMBER Row u(int line) const { return {start.u + line * chroma_pitch}; }
     MEMBER Row v(int line) const { return {start.v + line * chroma_pitch}; }
+    MEMBER Rows rows(Neighbours n) const
+    {
+        return {y(n.y), y(n.y_below), u(n.c), u(n.c_below), v(n.c), v(n.c_below), u(n.c), u(n.c_below)};
+    }
 
     // `two_lines(neighbours, upper, lower)` writes the two lines of the surface that a source line makes.
-    template <class Work> MEMBER void each_line(const Work& two_lines) const
+    template <class Work> MEMBER void each_line(uint8_t* to, const Work& two_lines) const
     {
-        uint8_t* to = start.dst;
         for (int line = 0; line < height; line++, to += 2 * dst_pitch)
             two_lines(Neighbours::of(line, height), to, to + dst_pitch);
+    }
+
+    // `write(rows, upper, lower, pixels, last, streamed)` writes so many pixels of the two lines; `last` tells whether
+    // they end the line. From the picture itself,
+    template <class Write> MEMBER void from_picture(const Write& write) const
+    {
+        each_line(start.dst, [&](Neighbours n, uint8_t* upper, uint8_t* lower)
+                                 VSURF_INLINED { write(rows(n), upper, lower, width, true, streamed); });
+        if (streamed) fence_streaming();
+    }
+
+    // or from adjusted samples.
+    template <class Write> MEMBER void from_adjusted(const Adjustments& by, LookAhead ahead, const Write& write) const
+    {
+        AdjustedPart part;
+        each_part<kPart>(width, [&](ptrdiff_t x, ptrdiff_t pixels, bool last) VSURF_INLINED {
+            const ptrdiff_t taken = last ? pixels : pixels + kBlock;
+            auto take_luma = [&](int line)
+                                 VSURF_INLINED { adjust_line(part.y[line & 1], y(line).samples + x, taken, by.luma); };
+            auto take_chroma = [&](int line) VSURF_INLINED {
+                const uint8_t *from_u = u(line).samples + x / 2, *from_v = v(line).samples + x / 2;
+                adjust_line(part.u[line & 1], from_u, taken / 2, by.u);
+                adjust_line(part.v[line & 1], from_v, taken / 2, by.v);
+                if (ahead == LookAhead::u_by_v)
+                    adjust_line_ahead(part.u_ahead[line & 1], from_u, taken / 2, by.u, by.v);
+            };
+            take_luma(0);
+            take_chroma(0);
+            each_line(start.dst + x * bytes, [&](Neighbours n, uint8_t* upper, uint8_t* lower) VSURF_INLINED {
+                if (n.y_below != n.y) take_luma(n.y_below);
+                if (n.c_below != n.c) take_chroma(n.c_below);
+                write(part.rows(n), upper, lower, pixels, last, streamed);
+            });
+        });
         if (streamed) fence_streaming();
     }
 };
-
-// Twice the height. `Kind` gives the sources: `own(y)` of the upper line, `between_y`, `between_u`, `between_v` of what
-// is new, by the neighbours.
-template <class Sink, int widest, class Kind>
-OP void write_taller(const Enlargement& e, const Kind& kind, Neighbours n, uint8_t* upper, uint8_t* lower)
-{
-    using Own = decltype(kind.own(e, n));
-    using Luma = decltype(kind.between_y(e, n));
-    using Chroma = decltype(kind.between_u(e, n));
-    SourcesStep<Sink, widest, Own, Luma, Chroma> step{kind.own(e, n), kind.between_y(e, n), kind.between_u(e, n),
-                                                      kind.between_v(e, n)};
-    write_two_lines(step, upper, lower, e.width, e.streamed);
-}
 
 } // namespace vsurf::VSURF_ISA

@@ -22,17 +22,16 @@ OP void double_ordinary(const PlaneLines& p, ptrdiff_t samples, bool streamed)
     for (ptrdiff_t i = 0; i < p.lines; i++) {
         const bool last = i + 1 == p.lines;
         const Row own = p.row(i), below = p.row(last ? i : i + 1);
-        const Doubled<Row> doubled{own, own};
-        write_line(DoubleWidth<Doubled<Row>>{doubled}, p.to(2 * i), samples, streamed);
-        write_line(DoubleWidth<Between<Doubled<Row>>>{{doubled, {below, below}}}, p.to(2 * i + 1 + last), samples,
-                   streamed);
+        const Doubled doubled{own, own};
+        write_line(DoubleWidth<Doubled>{doubled}, p.to(2 * i), samples, streamed);
+        write_line(DoubleWidth<Between<Doubled>>{{doubled, {below, below}}}, p.to(2 * i + 1 + last), samples, streamed);
     }
 }
 
 OP void double_last_strip(const PlaneLines& p)
 {
     for (ptrdiff_t i = 0; i < p.lines; i++) {
-        const DoubledToTheEnd<Row> own{p.row(i)}, below{p.row(i + 1 == p.lines ? i : i + 1)};
+        const DoubledToTheEnd own{p.row(i)}, below{p.row(i + 1 == p.lines ? i : i + 1)};
         put(p.to(2 * i), in_line(own.word_pairs<16, 1>(0)));
         put(p.to(2 * i + 1), in_line(Between{own, below}.word_pairs<16, 1>(0)));
     }
@@ -93,9 +92,9 @@ OP void write_closing(uint8_t* to, ptrdiff_t dst_pitch, const uint8_t* src, ptrd
 // last line's copy right after it, which is the next line of a packed plane alone.
 template <class Gain> OP void double_adjusted(PlaneLines p, const Rounds& rounds, SampleAdjust by, bool streamed)
 {
-    using One = AdjustPairs<Gain, Doubled<Row>>;
-    using Two = AdjustPairs<Gain, Between<Doubled<Row>>>;
-    auto doubled = [](const uint8_t* from) VSURF_INLINED { return Doubled<Row>{{from}, {from}}; };
+    using One = AdjustPairs<Gain, Doubled>;
+    using Two = AdjustPairs<Gain, Between<Doubled>>;
+    auto doubled = [](const uint8_t* from) VSURF_INLINED { return Doubled{{from}, {from}}; };
     auto write_whole = [&](uint8_t* to, const uint8_t* from) VSURF_INLINED {
         write_line(DoubleWidth<One>{{by, doubled(from)}}, to, rounds.blocks_of_8, false);
     };

@@ -13,6 +13,15 @@ OP bool streams(const uint8_t* dst, ptrdiff_t pitch, ptrdiff_t line_bytes, ptrdi
     return misaligned % kCacheLine == 0 && apart && static_cast<size_t>(line_bytes * lines) >= streaming_from();
 }
 
+// Calls `work(x, size, last)` for the parts of a line, of which only the last one may be smaller.
+template <ptrdiff_t part, class Work> OP void each_part(ptrdiff_t line, const Work& work)
+{
+    for (ptrdiff_t x = 0; x < line; x += part) {
+        const bool last = line - x <= part;
+        work(x, last ? line - x : part, last);
+    }
+}
+
 // `width` in source pixels, whole blocks of 16.
 template <class Step>
 OP void write_two_lines(const Step& step, uint8_t* upper, uint8_t* lower, ptrdiff_t width, bool streamed)

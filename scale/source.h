@@ -60,29 +60,12 @@ template <class Gain, class Of> struct Adjust {
     template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const { return by(of.template words<N, W>(x)); }
 };
 
-// 1 for the last `count` of every `period` samples, else 0: those that look ahead into the next block.
-template <int period, int count> struct LastOf {
+// 1 for the first `count` of every `period` samples, else 0: those that the block before looks ahead to.
+template <int period, int count> struct FirstOf {
     alignas(32) uint8_t at[32] = {};
-    constexpr LastOf()
+    constexpr FirstOf()
     {
-        for (int i = 0; i < 32; i++) at[i] = i % period >= period - count;
-    }
-};
-
-// Samples of which every 8th, which lies in the next 8, takes another offset.
-template <int N, int W> OP half<N> offsets_ahead(SampleAdjust by, SampleAdjust ahead)
-{
-    static constexpr LastOf<8, 1> crossing;
-    auto more = half<N>::splat(ahead.lifted_offset - by.lifted_offset);
-    return add(half<N>::splat(by.lifted_offset), mullo(load_chroma<N, W>(crossing.at), more));
-}
-struct AdjustAhead {
-    SampleAdjust by, ahead; // with the same gain
-    Row of;
-
-    template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const
-    {
-        return SampleAdjust::offset(by.scale(of.words<N, W>(x)), offsets_ahead<N, W>(by, ahead));
+        for (int i = 0; i < 32; i++) at[i] = i % period < count;
     }
 };
 
