@@ -42,8 +42,9 @@
 //
 // Threads.  Any thread may call any function, and calls may run side by side on memory that does not overlap. There
 //   are no locks. The only state that outlives a call is the picture adjustment, shared by the whole process and read
-//   once per call by each function whose name contains `_ajust` or `_adjust`, unless it says otherwise. Do not let
-//   `get_contrast_data` run beside such a call, which may then work with some old and some new values.
+//   once per call (by the two YV12 enlargers once per plane) by each function whose name contains `_ajust` or
+//   `_adjust`, unless it says otherwise. Do not let `get_contrast_data` run beside such a call, which may then work with
+//   some old and some new values. A call allocates nothing and uses up to 40 KiB of its thread's stack.
 //
 // Names are kept letter for letter: `strech`, `ajust` and `Relace` are no slips of this file.
 #ifndef VSURF_H
@@ -367,8 +368,7 @@ VSURF_API void strech_picture_1X2_yv12_ajust(void* y, void* u, void* v, void* ds
 //     |A[p+k] - B[p-k]| + |A[p+1+k] - B[p+1-k]| + |A[p+2+k] - B[p+2-k]| + |A[p+3+k] - B[p+3-k]|
 // (a window that starts at p; among equals the smallest k). P must be a multiple of 16 and at least 48: below,
 // interpolated lines still have 48 pixels. `start` counts lines of the enlarged picture where the whole frame is meant,
-// and should be a multiple of 4 there: others take chroma from within a line. `info` is ignored. Uses some 20 KiB of
-// stack.
+// and should be a multiple of 4 there: others take chroma from within a line. `info` is ignored.
 VSURF_API void strech_opt_yuy2_ajust(tagVideoFrame* frame, int start, int lines, unsigned char* dst, int dst_pitch,
                                      ajust_contrast_info* info);
 
