@@ -43,8 +43,8 @@
 // Threads.  Any thread may call any function, and calls may run side by side on memory that does not overlap. There
 //   are no locks. The only state that outlives a call is the picture adjustment, shared by the whole process and read
 //   once per call (by the two YV12 enlargers once per plane) by each function whose name contains `_ajust` or
-//   `_adjust`, unless it says otherwise. Do not let `get_contrast_data` run beside such a call, which may then work with
-//   some old and some new values. A call allocates nothing and uses up to 40 KiB of its thread's stack.
+//   `_adjust`, unless it says otherwise. Do not let `get_contrast_data` run beside such a call, which may then work
+//   with some old and some new values. A call allocates nothing and uses up to 40 KiB of its thread's stack.
 //
 // Names are kept letter for letter: `strech`, `ajust` and `Relace` are no slips of this file.
 #ifndef VSURF_H

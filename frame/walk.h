@@ -91,7 +91,7 @@ OP LinewiseWalk walk_by_line(const Picture& p, int bytes)
 // the destination; at least one block of two lines is done, also of a negative size.
 OP BlockwiseWalk walk_packed(const Picture& p, int units, int bytes)
 {
-    auto done = [](int count, unsigned unit) VSURF_INLINED { return rounds(count < 0 ? 0 : count, unit); };
+    auto done = [](int size, unsigned step) VSURF_INLINED { return rounds(size < 0 ? 0 : size, step); };
     const ptrdiff_t width = done(units, kBlock) * kBlock, y = 2 * ptrdiff_t{p.y_pitch}, dst = p.dst_pitch;
     return {{
         .start = p.start,
