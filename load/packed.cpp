@@ -5,12 +5,12 @@
 namespace vsurf::VSURF_ISA {
 
 // In blocks of 16 bytes.
-LOADER_EXPORT(LoadYUY2_YUY2) { do_walk(walk_packed(PICTURE, 2 * width, 1), PackedBytesStep<PlainBytes>{}); }
+LOADER_EXPORT(LoadYUY2_YUY2) { do_walk(walk_packed(PICTURE, product(2, width), 1), PackedBytesStep<PlainBytes>{}); }
 
 LOADER_EXPORT(LoadYUY2_YUY2_adjust)
 {
     const auto by = adjustments_now();
-    const auto walk = walk_packed(PICTURE, 2 * width, 1);
+    const auto walk = walk_packed(PICTURE, product(2, width), 1);
     if (CommonGain::suits(by) && !order_shows(walk)) do_freely(walk, PackedBytesStep<AdjustedBytes<CommonGain>>{by});
     else do_in_order(walk, PackedBytesStep<AdjustedBytes<AnyGain>>{by});
 }

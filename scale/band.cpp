@@ -59,7 +59,6 @@ template <class Gain> OP void write_pair(const Band& band, const Adjustments& by
 }
 
 // New samples of a part of a line, on their way to the surface: 12 KiB of stack.
-constexpr ptrdiff_t kPart = 4096;
 struct NewSamples {
     uint8_t first[kPart], second[kPart], u[kPart / 2], v[kPart / 2];
 };

@@ -23,8 +23,8 @@ struct Rows {
     Row y, y_below, u, u_below, v, v_below, u_ahead, u_ahead_below;
 };
 
-// So many pixels of a line are adjusted at a time, and the block after them, into which their neighbours reach.
-constexpr ptrdiff_t kPart = 4096, kPartAndAhead = kPart + kBlock;
+// What is adjusted of a line at a time: a part, and the block after it, into which neighbours reach.
+constexpr ptrdiff_t kPartAndAhead = kPart + kBlock;
 
 // Adjusted lines: those of even numbers in one slot, those of odd ones in the other. 20 KiB of stack.
 struct AdjustedPart {

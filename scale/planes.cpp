@@ -173,7 +173,7 @@ template <class Enlarge> OP void enlarge_planes(const Picture& p, ajust_contrast
         enlarge(const_cast<uint8_t*>(from), to, p.width >> halved, p.height >> halved, p.y_pitch >> halved,
                 p.dst_pitch >> halved, info, number);
     };
-    const int luma_bytes = product(2 * p.height, p.dst_pitch);
+    const int luma_bytes = product(product(2, p.height), p.dst_pitch);
     uint8_t* v_plane = p.start.dst + luma_bytes;
     plane(p.start.y, p.start.dst, 0, 1);
     plane(p.start.v, v_plane, 1, 2);

@@ -13,6 +13,9 @@ OP bool streams(const uint8_t* dst, ptrdiff_t pitch, ptrdiff_t line_bytes, ptrdi
     return misaligned % kCacheLine == 0 && apart && static_cast<size_t>(line_bytes * lines) >= streaming_from();
 }
 
+// Pixels of a line that are kept on the stack at a time.
+constexpr ptrdiff_t kPart = kStripPixels;
+
 // Calls `work(x, size, last)` for the parts of a line, of which only the last one may be smaller.
 template <ptrdiff_t part, class Work> OP void each_part(ptrdiff_t line, const Work& work)
 {

@@ -1,8 +1,8 @@
-// Where the samples of a new line come from: a line of a plane, what is formed of several, adjusted before or after.
+// Where the samples of a new line come from: a line of a plane, or what is formed of several, adjusted afterwards.
 //
 // `bytes<N, W>(x)` gives N samples from x on, woven by W; `words<N, W>(x)` gives N/2 of them as words, the form in
-// which chroma meets the luma of N pixels. The expression of the types tells the order of the work: Adjusted<G,
-// Average<Row>> adjusts averages, Average<Adjusted<G, Row>> averages adjusted samples.
+// which chroma meets the luma of N pixels. The expression of the types tells the order of the work:
+// Adjust<Gain, Average<Row>> adjusts averages.
 #pragma once
 #include "frame/adjust.h"
 
