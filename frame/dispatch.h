@@ -28,6 +28,13 @@
     (void* src, void* unused_u, void* unused_v, void* dst, int line_bytes, int height, int dst_pitch, \
      ajust_contrast_info* info),                                                                      \
         (src, unused_u, unused_v, dst, line_bytes, height, dst_pitch, info)
+#define JOB (MIX_INFO * job), (job)
+#define FILL                                                                              \
+    (unsigned int colour, void* surface, int width, int height, int reserved, int pitch), \
+        (colour, surface, width, height, reserved, pitch)
+#define MASK                                                                                                           \
+    (unsigned char* dst, unsigned char* mask, unsigned int match, unsigned int key, int width, int pitch, int height), \
+        (dst, mask, match, key, width, pitch, height)
 #define EXPORT(...) EXPORT_(__VA_ARGS__)
 
 namespace vsurf {

@@ -5,36 +5,43 @@
 
 namespace vsurf::VSURF_ISA {
 
+// Formats are put from bytes in packed order.
 template <class Format> struct RgbSink : Format {
     static constexpr bool kReadsChroma = true, kLeavesHoles = false;
     template <int N> OP ChromaTerms<N> chroma(half<N> u, half<N> v) { return chroma_terms(u, v); }
     template <Stores S, class Samples, int N>
     OP void store(uint8_t* p, const Samples& samples, u8<N> y, const ChromaTerms<N>& chroma)
     {
-        Format::template put<S>(p, to_rgb(samples.luma_times4(y), chroma));
+        auto px = to_rgb(samples.luma_times4(y), chroma);
+        Format::template put<S>(p, pack(px.b), pack(px.g), pack(px.r));
     }
 };
 
 struct Bgr0 {
     static constexpr int kBytes = 4, kWeave = 4;
-    template <Stores S, int N> OP void put(uint8_t* p, Rgb<N> px) { store_bgr0<S>(p, px.b, px.g, px.r); }
+    template <Stores S, int N> OP void put(uint8_t* p, u8<N> b, u8<N> g, u8<N> r) { store_bgr0<S>(p, b, g, r); }
 };
 
 struct Bgr {
     static constexpr int kBytes = 3, kWeave = 1;
-    template <Stores S, int N> OP void put(uint8_t* p, Rgb<N> px) { store_bgr<S>(p, px.b, px.g, px.r); }
+    template <Stores S, int N> OP void put(uint8_t* p, u8<N> b, u8<N> g, u8<N> r) { store_bgr<S>(p, b, g, r); }
 };
 
 // The word is (R & red) << 8 | (G & green) << green_shift | (B & blue) >> blue_shift.
 template <int red, int green, int green_shift, int blue, int blue_shift> struct Word {
     static constexpr int kBytes = 2, kWeave = 2;
-    template <Stores S, int N> OP void put(uint8_t* p, Rgb<N> px)
+    static constexpr int kGreenWord = green << green_shift;
+    template <int N> OP u8<N> low(u8<N> b, u8<N> g)
     {
-        auto r = pack(px.r), g = pack(px.g), b = pack(px.b);
-        constexpr int green_word = green << green_shift;
-        auto low = bit_or(field<green_shift, green_word & 255>(g), field<-blue_shift, (blue >> blue_shift)>(b));
-        auto high = bit_or(field<0, red>(r), field<green_shift - 8, (green_word >> 8)>(g));
-        store_packed_pairs<S>(p, low, high);
+        return bit_or(field<green_shift, kGreenWord & 255>(g), field<-blue_shift, (blue >> blue_shift)>(b));
+    }
+    template <int N> OP u8<N> high(u8<N> g, u8<N> r)
+    {
+        return bit_or(field<0, red>(r), field<green_shift - 8, (kGreenWord >> 8)>(g));
+    }
+    template <Stores S, int N> OP void put(uint8_t* p, u8<N> b, u8<N> g, u8<N> r)
+    {
+        store_packed_pairs<S>(p, low(b, g), high(g, r));
     }
 };
 

@@ -11,10 +11,22 @@ namespace vsurf::VSURF_ISA {
 
 enum class Line { upper, lower };
 
-template <Line line, int N, class Step> OP void one_line(const Step& step, Position at, ptrdiff_t x)
+template <Stores S, Line line, int N, class Step> OP void one_line(const Step& step, Position at, ptrdiff_t x)
 {
     auto chroma = step.template chroma<N>(at, x);
-    step.template store<Stores::cached, line>(at, x, step.template luma<line, N>(at, x), chroma);
+    step.template store<S, line>(at, x, step.template luma<line, N>(at, x), chroma);
+}
+
+// A line with its own chroma, between whole blocks; `x` begins a cache line where it is streamed.
+template <class Step> OP void write_line(const Step& step, Position at, ptrdiff_t x, ptrdiff_t end, bool streamed)
+{
+    const ptrdiff_t whole = streamed ? x + ((end - x) & -streaming_unit(Step::kBytes, Step::kWidest)) : x;
+    along<Step::kWidest, Step::kWidest>(x, whole, [=]<int N>(ptrdiff_t from) VSURF_INLINED {
+        one_line<Stores::streaming, Line::upper, N>(step, at, from);
+    });
+    along<Step::kWidest, kBlock>(whole, end, [=]<int N>(ptrdiff_t from) VSURF_INLINED {
+        one_line<Stores::cached, Line::upper, N>(step, at, from);
+    });
 }
 
 // Reads both lines before it stores either: past a store the compiler would have to read again.
@@ -35,29 +47,39 @@ constexpr ptrdiff_t kStripPixels = 4096;
 
 // Memory takes streamed lines best one after the other. A strip of the upper line leaves what it made of the chroma to
 // the lower one.
-template <class Step> OP void stream_strip(const Step& step, Position upper, Position lower, ptrdiff_t x, ptrdiff_t end)
+template <class Step, class Chroma>
+OP void stream_upper(const Step& step, Position upper, ptrdiff_t x, ptrdiff_t end, Chroma* shared)
 {
     constexpr int N = Step::kWidest;
-    decltype(step.template chroma<N>(upper, x)) shared[kStripPixels / N];
-    for (ptrdiff_t i = 0; x + i * N < end; i++) {
-        shared[i] = step.template chroma<N>(upper, x + i * N);
-        auto luma = step.template luma<Line::upper, N>(upper, x + i * N);
-        step.template store<Stores::streaming, Line::upper>(upper, x + i * N, luma, shared[i]);
+    for (; x < end; x += N, shared++) {
+        *shared = step.template chroma<N>(upper, x);
+        auto luma = step.template luma<Line::upper, N>(upper, x);
+        step.template store<Stores::streaming, Line::upper>(upper, x, luma, *shared);
     }
-    for (ptrdiff_t i = 0; x + i * N < end; i++) {
-        auto luma = step.template luma<Line::lower, N>(lower, x + i * N);
-        step.template store<Stores::streaming, Line::lower>(lower, x + i * N, luma, shared[i]);
+}
+template <class Step, class Chroma>
+OP void stream_lower(const Step& step, Position lower, ptrdiff_t x, ptrdiff_t end, const Chroma* shared)
+{
+    constexpr int N = Step::kWidest;
+    for (; x < end; x += N, shared++) {
+        auto luma = step.template luma<Line::lower, N>(lower, x);
+        step.template store<Stores::streaming, Line::lower>(lower, x, luma, *shared);
     }
+}
+template <class Step> OP void stream_strip(const Step& step, Position upper, Position lower, ptrdiff_t x, ptrdiff_t end)
+{
+    decltype(step.template chroma<Step::kWidest>(upper, x)) shared[kStripPixels / Step::kWidest];
+    stream_upper(step, upper, x, end, shared);
+    stream_lower(step, lower, x, end, shared);
 }
 
 // Streams the whole cache lines of a pass and tells how many pixels that were.
 template <class Step> OP ptrdiff_t stream_cache_lines(const Step& step, Position upper, Position lower, ptrdiff_t width)
 {
-    constexpr ptrdiff_t whole = whole_lines(Step::kBytes), unit = whole > Step::kWidest ? whole : Step::kWidest;
-    const ptrdiff_t streamed = width & -unit;
+    const ptrdiff_t streamed = width & -streaming_unit(Step::kBytes, Step::kWidest);
     for (ptrdiff_t x = 0; x < streamed; x += kStripPixels)
         stream_strip(step, upper, lower, x, streamed - x < kStripPixels ? streamed : x + kStripPixels);
-    if constexpr (whole <= kBlock && kBlock < Step::kWidest) {
+    if constexpr (whole_lines(Step::kBytes) <= kBlock && kBlock < Step::kWidest) {
         both_lines<Stores::streaming, Step::kWidest / 2>(step, upper, lower, streamed, width);
         return width;
     }
@@ -83,8 +105,10 @@ template <class W, class Step> OP void do_in_order(const W& walk, const Step& st
         if constexpr (W::kOrder == Order::by_block) {
             both_lines<Stores::cached, kBlock>(step, upper, lower, 0, walk.width);
         } else {
-            for (ptrdiff_t x = 0; x < walk.width; x += kBlock) one_line<Line::upper, kBlock>(step, upper, x);
-            for (ptrdiff_t x = 0; x < walk.width; x += kBlock) one_line<Line::lower, kBlock>(step, lower, x);
+            for (ptrdiff_t x = 0; x < walk.width; x += kBlock)
+                one_line<Stores::cached, Line::upper, kBlock>(step, upper, x);
+            for (ptrdiff_t x = 0; x < walk.width; x += kBlock)
+                one_line<Stores::cached, Line::lower, kBlock>(step, lower, x);
         }
     }
 }

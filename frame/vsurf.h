@@ -3,13 +3,13 @@
 // A video player calls one of these functions per picture. It reads a decoded picture (planar YV12 or packed YUY2),
 // makes one pass over the pixels and writes a display surface (RGB32, RGB24, RGB16, YUY2 or YV12); on the way it can
 // adjust brightness, contrast and saturation, enlarge the picture, halve its width or blend a subpicture onto it.
-// The output is defined to the byte. This version carries the adjustment, the loaders and the enlargers; the
-// remaining declarations are provided by later versions (an absent export is a link error, never a stub).
+// The output is defined to the byte.
 //
 // Surfaces.  A surface or plane is memory of the caller's: a pointer to the first byte of its first line, a width in
 //   pixels, a height in lines and a pitch, the signed distance in bytes from one line to the next. A negative pitch
 //   walks upwards (bottom-up surfaces) and works unless a function says otherwise. Neither pointers nor pitches need
-//   an alignment. Source and destination must not overlap. Nothing is kept after a call returns.
+//   an alignment. Source and destination must not overlap unless a function allows it. Nothing is kept after a call
+//   returns.
 //
 // Formats, bytes in memory order (docs/formats.md has them bit by bit):
 //   RGB32  B G R 0          one pixel; the fourth byte is written as 0
@@ -33,7 +33,7 @@
 //   counters are unsigned: negative widths and heights are not usable where nothing else is said.
 //
 // Overlapping lines.  Where a pitch is smaller than the bytes written on a line, lines overlap and the bytes stored
-//   last stay; docs/contract.md and docs/contract-enlargers.md give the order of stores. Where they give none, such a
+//   last stay; docs/contract.md and the two pages beside it give the order of stores. Where they give none, such a
 //   pitch is not usable.
 //
 // Errors.  None is reported: no function returns a status, checks a pointer or validates a size. The few guards are
@@ -446,9 +446,9 @@ VSURF_API void yuy2_strech_picture_2X2_yuy2_ajust(void* src, void* unused_u, voi
 //     V = (-72 * B - 376 * G + 449 * R + 1024 * (X | 128)) >> 10            each clamped to 0..255
 // chroma from the first pixel of each pair. A block whose 8 pixels all equal color_key leaves the planes as they are.
 // Per line width >> 3 blocks; width a multiple of 8 and not 0, height at least 1. Reads surface (surface_pitch), writes
-// width bytes of Y and width/2 of U and V a line (subpicture_pitch; chroma steps by width/2 and the halved rest).
-// Moves subpic_y, subpic_u and subpic_v to the region's end, and subpic_alpha by (subpicture_pitch - width) * height,
-// although it never touches the alpha plane.
+// width bytes of Y and width/2 of U and V a line (subpicture_pitch, at least width; chroma steps by width/2 and the
+// halved rest). Moves subpic_y, subpic_u and subpic_v to the region's end, and subpic_alpha, although it never touches
+// the alpha plane, by (subpicture_pitch - width) * height.
 VSURF_API void Convert_RGB32_To_AYUY2(MIX_INFO* job);
 
 // The same from RGB24, X = 0. The key is compared with 24 bits, so its top byte must be 0. Reads one byte beyond each
@@ -534,7 +534,7 @@ VSURF_API void mix_ayuy2_half_yuy2_p_ajust(MIX_INFO* job);
 
 // Onto YUY2, interlaced. A height below 4 mixes nothing and leaves the record; 4 to 7 mix four lines. `height` ends at
 // 0, picture_u and picture_v end picture_pitch >> 1 further per group, the last one included, and the four subpicture
-// pointers behind the last line.
+// pointers behind the last line. The drift comes with every line. picture_pitch must not be negative.
 VSURF_API void mix_ayuy2_yuy2_i_ajust(MIX_INFO* job);
 
 // Onto RGB32, progressive.
@@ -548,7 +548,7 @@ VSURF_API void mix_ayuy2_rgb24_p_ajust(MIX_INFO* job);
 VSURF_API void mix_ayuy2_rgb16_p_ajust(MIX_INFO* job);
 
 // Onto RGB32, interlaced. A pair's chroma takes the rounded average of its two alphas. Heights below 8, even below 4,
-// mix four lines. The record is left alone.
+// mix four lines. Nothing drifts, and the record is left alone.
 VSURF_API void mix_ayuy2_rgb32_i_ajust(MIX_INFO* job);
 
 // Onto RGB24, interlaced, otherwise as RGB32.
@@ -559,15 +559,16 @@ VSURF_API void mix_ayuy2_rgb16_i_ajust(MIX_INFO* job);
 
 // Onto the YV12 planes surface, surface_v and surface_u, progressive, not adjusted. Luma in blocks of 8 pixels,
 // `height` lines (at least one); then V, then U, in blocks of 8 samples, half the height. Chroma and its alpha come
-// from the subpicture's even lines, each sample with the alpha of its odd pixel. Halves `height` in the record.
+// from the subpicture's even lines, each sample with the alpha of its odd pixel. Halves `height` in the record. The
+// surface may be the picture itself, at equal pitches.
 VSURF_API void mix_ayv12_yv12_p(MIX_INFO* job);
 
 // The same, each blended sample adjusted: V with v_offset, U with u_offset.
 VSURF_API void mix_ayv12_yv12_p_ajust(MIX_INFO* job);
 
 // Onto YV12, interlaced, not adjusted: in each plane line 2j takes the field's line j, line 2j+1 the rounded average of
-// lines j and j+1, to the end: the line after the field's last is read. Height a multiple of 4. Halves `height` and
-// `width` in the record.
+// lines j and j+1, to the end: the line after the field's last is read. Height a multiple of 4, picture_pitch not
+// negative. Halves `height` and `width` in the record.
 VSURF_API void mix_ayv12_yv12_i(MIX_INFO* job);
 
 // Colour key: the area in which an overlay shows the video.
@@ -588,7 +589,7 @@ VSURF_API void LoadColorKeyRgb16(unsigned int colour, void* surface, int width, 
 
 // Where a byte of `mask` equals the low byte of `match`, the byte of `dst` becomes the low byte of `key`; the others
 // are read and written back. `height` lines, one at a time and at least one, of `width` bytes in blocks of 16; both
-// pictures have `pitch` and drift by r bytes a line.
+// pictures have `pitch`, drift by r bytes a line, and may be the same.
 VSURF_API void RelaceMaskWithColorKey(unsigned char* dst, unsigned char* mask, unsigned int match, unsigned int key,
                                       int width, int pitch, int height);
 

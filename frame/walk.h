@@ -15,6 +15,7 @@ constexpr int kBlock = 16;
 // 32-bit arithmetic that wraps.
 OP int product(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) * static_cast<unsigned>(b)); }
 OP int difference(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b)); }
+OP int logical_half(int x) { return static_cast<int>(static_cast<unsigned>(x) >> 1); }
 
 OP ptrdiff_t rounds(int count, unsigned unit)
 {
@@ -117,8 +118,19 @@ OP bool streams(const Walk& w)
            static_cast<size_t>(w.line_bytes) * static_cast<size_t>(w.passes) * 2 >= streaming_from();
 }
 
+OP bool streams(const uint8_t* dst, ptrdiff_t pitch, ptrdiff_t line_bytes, ptrdiff_t lines)
+{
+    auto misaligned = reinterpret_cast<uintptr_t>(dst) | static_cast<uintptr_t>(pitch);
+    const bool apart = pitch >= line_bytes || -pitch >= line_bytes;
+    return misaligned % kCacheLine == 0 && apart && static_cast<size_t>(line_bytes * lines) >= streaming_from();
+}
+
 // How many pixels fill whole cache lines: 64 bytes over their common divisor with a pixel's bytes.
 constexpr ptrdiff_t whole_lines(int bytes) { return kCacheLine / (bytes & -bytes); }
+constexpr ptrdiff_t streaming_unit(int bytes, ptrdiff_t widest = kLanes)
+{
+    return whole_lines(bytes) > widest ? whole_lines(bytes) : widest;
+}
 
 // The widest steps first, then at most one step of each narrower width: no byte past the last block is touched.
 template <int widest, int narrowest, class Step> OP void along(ptrdiff_t x, ptrdiff_t end, const Step& step)

@@ -15,8 +15,6 @@ OP void adjust_plane(const uint8_t* src, uint8_t* dst, int width, int lines, int
     else each_line(plane, bytes, streamed, AdjustLine<AnyGain>{adjust});
 }
 
-OP ptrdiff_t logical_half(int a) { return static_cast<ptrdiff_t>(static_cast<unsigned>(a) >> 1); }
-
 // Irregular: the V plane takes `u_offset` and the U plane `v_offset`.
 LOADER_EXPORT(loadimage_yv12_ajust)
 {

@@ -4,10 +4,14 @@
 
 namespace vsurf::VSURF_ISA {
 
-OUTLINED void adjust_line(uint8_t* to, const uint8_t* from, ptrdiff_t samples, SampleAdjust by)
+template <class Source> OUTLINED void adjust_line(uint8_t* to, Source from, ptrdiff_t samples, SampleAdjust by)
 {
-    if (CommonGain::suits(by)) SameWidth<Adjust<CommonGain, Row>>{{by, {from}}}.store<Stores::cached>(to, 0, samples);
-    else SameWidth<Adjust<AnyGain, Row>>{{by, {from}}}.store<Stores::cached>(to, 0, samples);
+    auto adjust = [=](auto gain) VSURF_INLINED {
+        const SameWidth<Adjust<decltype(gain), Source>> line{{by, from}};
+        line.template store<Stores::cached>(to, 0, samples);
+    };
+    if (CommonGain::suits(by)) adjust(CommonGain{});
+    else adjust(AnyGain{});
 }
 
 // What others look ahead to: of every 8 samples the first takes another offset.

@@ -54,8 +54,10 @@ template <class Gain> OP void write_pair(const Band& band, const Adjustments& by
     uint8_t* below = to + band.dst_pitch;
     if (!band.narrow()) return write_two_lines(step, to, below, p.upper_pixels, band.streamed);
     const Position upper{nullptr, nullptr, nullptr, to}, lower{nullptr, nullptr, nullptr, below};
-    for (ptrdiff_t x = 0; x < p.upper_pixels; x += kBlock) one_line<Line::upper, kBlock>(step, upper, x);
-    for (ptrdiff_t x = 0; x < p.lower_pixels; x += kBlock) one_line<Line::lower, kBlock>(step, lower, x);
+    for (ptrdiff_t x = 0; x < p.upper_pixels; x += kBlock)
+        one_line<Stores::cached, Line::upper, kBlock>(step, upper, x);
+    for (ptrdiff_t x = 0; x < p.lower_pixels; x += kBlock)
+        one_line<Stores::cached, Line::lower, kBlock>(step, lower, x);
 }
 
 // New samples of a part of a line, on their way to the surface: 12 KiB of stack.

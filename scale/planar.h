@@ -85,13 +85,13 @@ struct Enlargement {
         each_part<kPart>(width, [&](ptrdiff_t x, ptrdiff_t pixels, bool last) VSURF_INLINED {
             const ptrdiff_t taken = last ? pixels : pixels + kBlock;
             auto take_luma = [&](int line)
-                                 VSURF_INLINED { adjust_line(part.y[line & 1], y(line).samples + x, taken, by.luma); };
+                                 VSURF_INLINED { adjust_line(part.y[line & 1], y(line) + x, taken, by.luma); };
             auto take_chroma = [&](int line) VSURF_INLINED {
-                const uint8_t *from_u = u(line).samples + x / 2, *from_v = v(line).samples + x / 2;
+                const Row from_u = u(line) + x / 2, from_v = v(line) + x / 2;
                 adjust_line(part.u[line & 1], from_u, taken / 2, by.u);
                 adjust_line(part.v[line & 1], from_v, taken / 2, by.v);
                 if (ahead == LookAhead::u_by_v)
-                    adjust_line_ahead(part.u_ahead[line & 1], from_u, taken / 2, by.u, by.v);
+                    adjust_line_ahead(part.u_ahead[line & 1], from_u.samples, taken / 2, by.u, by.v);
             };
             take_luma(0);
             take_chroma(0);

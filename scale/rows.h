@@ -6,13 +6,6 @@
 
 namespace vsurf::VSURF_ISA {
 
-OP bool streams(const uint8_t* dst, ptrdiff_t pitch, ptrdiff_t line_bytes, ptrdiff_t lines)
-{
-    auto misaligned = reinterpret_cast<uintptr_t>(dst) | static_cast<uintptr_t>(pitch);
-    const bool apart = pitch >= line_bytes || -pitch >= line_bytes;
-    return misaligned % kCacheLine == 0 && apart && static_cast<size_t>(line_bytes * lines) >= streaming_from();
-}
-
 // Pixels of a line that are kept on the stack at a time.
 constexpr ptrdiff_t kPart = kStripPixels;
 

@@ -15,6 +15,8 @@ struct Row {
     template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const { return load_chroma<N, W>(samples + x); }
 };
 
+OP Row operator+(Row row, ptrdiff_t x) { return {row.samples + x}; }
+
 // (a + b + 1) >> 1; of a line with itself, the line.
 template <class Of> struct Average {
     Of a, b;
@@ -29,6 +31,10 @@ template <class Of> struct Average {
     }
 };
 template <class Of> Average(Of, Of) -> Average<Of>;
+template <class Of> OP Average<Of> operator+(Average<Of> average, ptrdiff_t x)
+{
+    return {average.a + x, average.b + x};
+}
 
 // (5 b + 5 c - a - d) >> 3 of four lines in their order, floored, cut to a sample. At most 5 * 510 and at least -510,
 // so words do.

@@ -15,6 +15,13 @@ template <int N> struct half {
     {
         return {vzip1q_s16(vdupq_n_s16(static_cast<int16_t>(x)), vdupq_n_s16(static_cast<int16_t>(y)))};
     }
+    OP half repeat(int a, int b, int c, int d)
+    {
+        const int16_t words[4] = {static_cast<int16_t>(a), static_cast<int16_t>(b), static_cast<int16_t>(c),
+                                  static_cast<int16_t>(d)};
+        auto four = vld1_s16(words);
+        return {vcombine_s16(four, four)};
+    }
 };
 
 OP uint16x8_t unsigned_words(int16x8_t v) { return vreinterpretq_u16_s16(v); }
@@ -49,12 +56,16 @@ template <int N> OP half<N> most(half<N> a, half<N> b) { return {vmaxq_s16(a.v, 
 template <int N> OP u8<N> bytes(half<N> a) { return {vreinterpretq_u8_s16(a.v)}; }
 template <int N> OP half<N> words(u8<N> a) { return {vreinterpretq_s16_u8(a.v)}; }
 template <int N> OP u8<N> bit_or(u8<N> a, u8<N> b) { return {vorrq_u8(a.v, b.v)}; }
+template <int N> OP u8<N> bit_and(u8<N> a, u8<N> b) { return {vandq_u8(a.v, b.v)}; }
 template <int N> OP u8<N> avg(u8<N> a, u8<N> b) { return {vrhaddq_u8(a.v, b.v)}; }
+template <int N> OP u8<N> sub_sat_unsigned(u8<N> a, u8<N> b) { return {vqsubq_u8(a.v, b.v)}; }
 template <int N> OP u8<N> abs_diff(u8<N> a, u8<N> b) { return {vabdq_u8(a.v, b.v)}; }
 
 // Masks: bytes of all ones or of zeros.
 template <int N> OP u8<N> equal(u8<N> a, u8<N> b) { return {vceqq_u8(a.v, b.v)}; }
 template <int N> OP bool any(u8<N> mask) { return vmaxvq_u8(mask.v) != 0; }
+template <int N> OP bool all(u8<N> mask) { return vminvq_u8(mask.v) != 0; }
+template <int N> OP bool all_zero(u8<N> a) { return !any(a); }
 template <int N> OP u8<N> choose(u8<N> mask, u8<N> a, u8<N> b) { return {vbslq_u8(mask.v, a.v, b.v)}; }
 // The even bytes of a, the odd ones of b.
 template <int N> OP u8<N> evens_and_odds(u8<N> a, u8<N> b)
@@ -67,6 +78,45 @@ template <int N> OP u8<N> fours_above(u8<N> a, int limit)
     auto sums = vpaddlq_u16(vpaddlq_u8(a.v));
     return {vreinterpretq_u8_u32(vcgtq_u32(sums, vdupq_n_u32(static_cast<uint32_t>(limit))))};
 }
+// Sums of 32 bits.
+template <int N> struct longs {
+    int32x4_t v;
+};
+template <int N> OP longs<N> add(longs<N> a, longs<N> b) { return {vaddq_s32(a.v, b.v)}; }
+template <int K, int N> OP longs<N> shr_signed(longs<N> a) { return {vshrq_n_s32(a.v, K)}; }
+// a0 b0 + a1 b1, ...
+template <int N> OP longs<N> pair_dots(half<N> a, half<N> b)
+{
+    return {vpaddq_s32(vmull_s16(vget_low_s16(a.v), vget_low_s16(b.v)), vmull_high_s16(a.v, b.v))};
+}
+// Saturated bytes.
+template <int N> OP u8<N> pack_in_order(longs<N> a, longs<N> b, longs<N> c, longs<N> d)
+{
+    auto low = vqmovn_high_s32(vqmovn_s32(a.v), b.v), high = vqmovn_high_s32(vqmovn_s32(c.v), d.v);
+    return {vqmovun_high_s16(vqmovun_s16(low), high)};
+}
+
+// Pixels of four bytes.
+template <int N> OP u8<N> equal_pixels(u8<N> a, u8<N> b)
+{
+    return {vreinterpretq_u8_u32(vceqq_u32(vreinterpretq_u32_u8(a.v), vreinterpretq_u32_u8(b.v)))};
+}
+template <int N> OP u8<N> first_of_pixel_pairs(u8<N> a)
+{
+    auto pixels = vreinterpretq_u32_u8(a.v);
+    return {vreinterpretq_u8_u32(vtrn1q_u32(pixels, pixels))};
+}
+template <int N> OP longs<N> first_bytes(u8<N> a) { return {vandq_s32(vreinterpretq_s32_u8(a.v), vdupq_n_s32(255))}; }
+template <int N> OP u8<N> zip_lo16(u8<N> a, u8<N> b) { return bytes(half<N>{vzip1q_s16(words(a).v, words(b).v)}); }
+template <int N> OP u8<N> zip_hi16(u8<N> a, u8<N> b) { return bytes(half<N>{vzip2q_s16(words(a).v, words(b).v)}); }
+// From the first twelve bytes: b g r 0 a pixel.
+OP u8<16> pixels_of_triples(u8<16> a)
+{
+    alignas(16) static constexpr uint8_t order[16] = {0, 1, 2, 255, 3, 4, 5, 255, 6, 7, 8, 255, 9, 10, 11, 255};
+    return {vqtbl1q_u8(a.v, vld1q_u8(order))};
+}
+template <int K> OP u8<16> drop_first(u8<16> a) { return {vextq_u8(a.v, vdupq_n_u8(0), K)}; }
+
 template <int shift, int mask, int N> OP u8<N> field(u8<N> a)
 {
     if constexpr (shift > 0) a.v = vshlq_n_u8(a.v, shift);
@@ -147,6 +197,7 @@ template <int N, int W = 1> OP half<N> load_chroma_high(const uint8_t* p)
 {
     return {signed_words(vshll_n_u8(vld1_u8(p), 8))};
 }
+template <int N, int W = 1> OP wide<N> load_two(const uint8_t* p) { return {words(load<N>(p)), words(load<N>(p + N))}; }
 OP u8<16> load_first8(const uint8_t* p) { return {vcombine_u8(vld1_u8(p), vdup_n_u8(0))}; }
 template <int N, int W = 1> OP Yuyv<N> load_yuyv(const uint8_t* p)
 {
@@ -190,14 +241,11 @@ template <Stores S> OP void store_doubled_yuyv(uint8_t* p, u8<16> own, u8<16> be
     put(p, u8<16>{vqtbl2q_u8({{own.v, between.v}}, first)});
     put(p + 16, u8<16>{vqtbl2q_u8({{own.v, between.v}}, vaddq_u8(first, vdupq_n_u8(8)))});
 }
-template <Stores S> OP void store_bgr0(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
+template <Stores S> OP void store_bgr0(uint8_t* p, u8<16> b, u8<16> g, u8<16> r)
 {
-    vst4q_u8(p, {{pack(b).v, pack(g).v, pack(r).v, vdupq_n_u8(0)}});
+    vst4q_u8(p, {{b.v, g.v, r.v, vdupq_n_u8(0)}});
 }
-template <Stores S> OP void store_bgr(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
-{
-    vst3q_u8(p, {{pack(b).v, pack(g).v, pack(r).v}});
-}
+template <Stores S> OP void store_bgr(uint8_t* p, u8<16> b, u8<16> g, u8<16> r) { vst3q_u8(p, {{b.v, g.v, r.v}}); }
 OP void store_pairs_but_first_eight(uint8_t* p, u8<16> a, u8<16> b)
 {
     vst1_u8(p + 8, vget_high_u8(vzip1q_u8(a.v, b.v)));

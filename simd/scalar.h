@@ -10,6 +10,7 @@ typedef int16_t Words8 __attribute__((vector_size(16)));
 typedef uint16_t UnsignedWords8 __attribute__((vector_size(16)));
 typedef uint32_t UnsignedLongs8 __attribute__((vector_size(32)));
 typedef int32_t Longs8 __attribute__((vector_size(32)));
+typedef int32_t Longs4 __attribute__((vector_size(16)));
 
 template <int N> struct u8 {
     Bytes16 v;
@@ -21,6 +22,10 @@ template <int N> struct half {
     OP half alternate(int x, int y)
     {
         return {__builtin_shufflevector(splat(x).v, splat(y).v, 0, 8, 1, 9, 2, 10, 3, 11)};
+    }
+    OP half repeat(int a, int b, int c, int d)
+    {
+        return {__builtin_shufflevector(alternate(a, b).v, alternate(c, d).v, 0, 1, 8, 9, 0, 1, 8, 9)};
     }
 };
 
@@ -64,8 +69,10 @@ template <int N> OP half<N> most(half<N> a, half<N> b) { return {at_least(a.v, b
 template <int N> OP u8<N> bytes(half<N> a) { return {(Bytes16)a.v}; }
 template <int N> OP half<N> words(u8<N> a) { return {(Words8)a.v}; }
 template <int N> OP u8<N> bit_or(u8<N> a, u8<N> b) { return {a.v | b.v}; }
+template <int N> OP u8<N> bit_and(u8<N> a, u8<N> b) { return {a.v & b.v}; }
 // Rounded up.
 template <int N> OP u8<N> avg(u8<N> a, u8<N> b) { return {(a.v | b.v) - ((a.v ^ b.v) >> 1)}; }
+template <int N> OP u8<N> sub_sat_unsigned(u8<N> a, u8<N> b) { return {at_least(a.v, b.v) - b.v}; }
 template <int N> OP half<N> avg(half<N> a, half<N> b)
 {
     auto x = unsigned_words(a.v), y = unsigned_words(b.v);
@@ -82,6 +89,51 @@ template <int N> OP bool any(u8<N> mask)
     __builtin_memcpy(halves, &mask, 16);
     return (halves[0] | halves[1]) != 0;
 }
+template <int N> OP bool all_zero(u8<N> a) { return !any(a); }
+template <int N> OP bool all(u8<N> mask)
+{
+    uint64_t halves[2];
+    __builtin_memcpy(halves, &mask, 16);
+    return (halves[0] & halves[1]) == UINT64_MAX;
+}
+// Sums of 32 bits.
+template <int N> struct longs {
+    Longs4 v;
+};
+template <int N> OP longs<N> add(longs<N> a, longs<N> b) { return {a.v + b.v}; }
+template <int K, int N> OP longs<N> shr_signed(longs<N> a) { return {a.v >> K}; }
+// a0 b0 + a1 b1, ...
+template <int N> OP longs<N> pair_dots(half<N> a, half<N> b)
+{
+    auto products = to_longs(a.v) * to_longs(b.v);
+    return {__builtin_shufflevector(products, products, 0, 2, 4, 6) +
+            __builtin_shufflevector(products, products, 1, 3, 5, 7)};
+}
+
+// Pixels of four bytes.
+template <int N> OP u8<N> equal_pixels(u8<N> a, u8<N> b) { return {(Bytes16)((Longs4)a.v == (Longs4)b.v)}; }
+template <int N> OP u8<N> first_of_pixel_pairs(u8<N> a)
+{
+    auto pixels = (Longs4)a.v;
+    return {(Bytes16)__builtin_shufflevector(pixels, pixels, 0, 0, 2, 2)};
+}
+template <int N> OP longs<N> first_bytes(u8<N> a)
+{
+    auto first = __builtin_shufflevector(a.v, a.v, 0, 4, 8, 12);
+    return {__builtin_convertvector(first, Longs4)};
+}
+// From the first twelve bytes: b g r 0 a pixel.
+OP u8<16> pixels_of_triples(u8<16> a)
+{
+    return {__builtin_shufflevector(a.v, Bytes16{}, 0, 1, 2, 16, 3, 4, 5, 16, 6, 7, 8, 16, 9, 10, 11, 16)};
+}
+template <int K> OP u8<16> drop_first(u8<16> a)
+{
+    u8<16> rest{};
+    __builtin_memcpy(&rest, reinterpret_cast<const uint8_t*>(&a) + K, 16 - K);
+    return rest;
+}
+
 template <int shift, int mask, int N> OP u8<N> field(u8<N> a)
 {
     if constexpr (shift > 0) a.v = a.v << shift;
@@ -164,6 +216,15 @@ template <int N> OP u8<N> pack_in_order(half<N> a, half<N> b)
          second = __builtin_convertvector(to_samples(b).v, Bytes8);
     return {__builtin_shufflevector(first, second, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15)};
 }
+OP Words8 to_words(Longs4 a, Longs4 b) // saturated
+{
+    auto both = __builtin_shufflevector(a, b, 0, 1, 2, 3, 4, 5, 6, 7);
+    return to_words(at_least(at_most(both, Longs8{} + 32767), Longs8{} - 32768));
+}
+template <int N> OP u8<N> pack_in_order(longs<N> a, longs<N> b, longs<N> c, longs<N> d)
+{
+    return pack_in_order(half<N>{to_words(a.v, b.v)}, half<N>{to_words(c.v, d.v)});
+}
 
 // Saturated.
 template <int N> OP u8<N> narrow(wide<N> a) { return pack_in_order(a.low, a.high); }
@@ -184,6 +245,8 @@ OP Bytes16 zip_hi16(Bytes16 a, Bytes16 b)
 {
     return (Bytes16)__builtin_shufflevector((Words8)a, (Words8)b, 4, 12, 5, 13, 6, 14, 7, 15);
 }
+template <int N> OP u8<N> zip_lo16(u8<N> a, u8<N> b) { return {zip_lo16(a.v, b.v)}; }
+template <int N> OP u8<N> zip_hi16(u8<N> a, u8<N> b) { return {zip_hi16(a.v, b.v)}; }
 
 template <int N, int W = 1> OP u8<N> load(const uint8_t* p)
 {
@@ -191,6 +254,7 @@ template <int N, int W = 1> OP u8<N> load(const uint8_t* p)
     __builtin_memcpy(&a, p, N);
     return a;
 }
+template <int N, int W = 1> OP wide<N> load_two(const uint8_t* p) { return {words(load<N>(p)), words(load<N>(p + N))}; }
 OP u8<16> load_first8(const uint8_t* p)
 {
     u8<16> a{};
@@ -291,16 +355,15 @@ template <Stores S> OP void store_doubled_yuyv(uint8_t* p, u8<16> own, u8<16> be
     put(p, u8<16>{__builtin_shufflevector(a, b, 0, 1, 16, 3, 2, 17, 18, 19, 4, 5, 20, 7, 6, 21, 22, 23)});
     put(p + 16, u8<16>{__builtin_shufflevector(a, b, 8, 9, 24, 11, 10, 25, 26, 27, 12, 13, 28, 15, 14, 29, 30, 31)});
 }
-OP FourByFour bgr0(i16<16> b, i16<16> g, i16<16> r) { return quads(pack(b).v, pack(g).v, pack(r).v, Bytes16{}); }
-template <Stores S> OP void store_bgr0(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
+template <Stores S> OP void store_bgr0(uint8_t* p, u8<16> b, u8<16> g, u8<16> r)
 {
-    auto pixels = bgr0(b, g, r);
+    auto pixels = quads(b.v, g.v, r.v, Bytes16{});
     __builtin_memcpy(p, &pixels, sizeof pixels);
 }
 // Each pixel's fourth byte is overwritten by the next one; the last pixel has none.
-template <Stores S> OP void store_bgr(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
+template <Stores S> OP void store_bgr(uint8_t* p, u8<16> b, u8<16> g, u8<16> r)
 {
-    auto pixels = bgr0(b, g, r);
+    auto pixels = quads(b.v, g.v, r.v, Bytes16{});
     auto from = reinterpret_cast<const uint8_t*>(&pixels);
     for (int i = 0; i < 15; i++) __builtin_memcpy(p + 3 * i, from + 4 * i, 4);
     __builtin_memcpy(p + 45, from + 60, 3);

@@ -5,6 +5,7 @@
 //   half<N>  N/2 samples, one 16-bit word each, in one register
 //   i16<N>   the N samples of a u8<N>, widened: {even, odd}, so that both halves pair with the same chroma words
 //   wide<N>  the same in the order that `widen` and `narrow` find cheapest; between them all work is elementwise
+//   longs<N> N/4 sums of 32 bits, in one register
 //
 // Inside wide registers samples may be held in woven order: a store that spreads a sample over W bytes interleaves
 // within 128-bit lanes, so its inputs are loaded with their W-th parts dealt out over the lanes and no store needs a
@@ -16,7 +17,8 @@
 
 #define OP static inline __attribute__((always_inline))
 #define MEMBER inline __attribute__((always_inline))
-#define OUTLINED static __attribute__((noinline))    // where copies would cost more than a call
+#define OUTLINED [[maybe_unused]] static __attribute__((noinline)) // where copies would cost more than a call
+#define OUTLINED_MEMBER static __attribute__((noinline))
 #define VSURF_INLINED __attribute__((always_inline)) // for lambdas
 
 namespace vsurf::VSURF_ISA {
@@ -26,6 +28,7 @@ enum class Stores { cached, streaming };
 
 template <int N> struct u8;
 template <int N> struct half;
+template <int N> struct longs;
 template <int N> struct i16 {
     half<N> even, odd;
 };

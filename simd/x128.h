@@ -7,6 +7,8 @@ namespace vsurf::VSURF_ISA {
 OP __m128i* xmm(uint8_t* p) { return reinterpret_cast<__m128i*>(p); }
 OP const __m128i* xmm(const uint8_t* p) { return reinterpret_cast<const __m128i*>(p); }
 
+OP short as_word(int x) { return static_cast<short>(x); }
+
 template <> struct u8<16> {
     __m128i v;
     OP u8 splat(int x) { return {_mm_set1_epi8(static_cast<char>(x))}; }
@@ -16,6 +18,11 @@ template <> struct half<16> {
     __m128i v;
     OP half splat(int x) { return {_mm_set1_epi16(static_cast<short>(x))}; }
     OP half alternate(int x, int y) { return {_mm_set1_epi32((x & 0xffff) | y * 0x10000)}; }
+    OP half repeat(int a, int b, int c, int d)
+    {
+        return {_mm_setr_epi16(as_word(a), as_word(b), as_word(c), as_word(d), as_word(a), as_word(b), as_word(c),
+                               as_word(d))};
+    }
 };
 
 OP half<16> add(half<16> a, half<16> b) { return {_mm_add_epi16(a.v, b.v)}; }
@@ -35,6 +42,7 @@ template <int K> OP half<16> shr_signed(half<16> a) { return {_mm_srai_epi16(a.v
 
 OP u8<16> bit_or(u8<16> a, u8<16> b) { return {_mm_or_si128(a.v, b.v)}; }
 OP u8<16> bit_and(u8<16> a, u8<16> b) { return {_mm_and_si128(a.v, b.v)}; }
+OP u8<16> sub(u8<16> a, u8<16> b) { return {_mm_sub_epi8(a.v, b.v)}; }
 OP u8<16> avg(u8<16> a, u8<16> b) { return {_mm_avg_epu8(a.v, b.v)}; }
 OP u8<16> sub_sat_unsigned(u8<16> a, u8<16> b) { return {_mm_subs_epu8(a.v, b.v)}; }
 OP u8<16> bytes(half<16> a) { return {a.v}; }
@@ -60,6 +68,10 @@ template <int K> OP half<16> pair_sums(u8<16> a)
     return {_mm_mullo_epi16(add(evens(a), shr<8>(words(a))).v, _mm_set1_epi16(K))};
 #endif
 }
+#if defined __AVX2__
+// a0 w0 + a1 w1, ..., saturated, of samples and signed weights.
+OP half<16> weighted_pairs(u8<16> a, u8<16> weights) { return {_mm_maddubs_epi16(a.v, weights.v)}; }
+#endif
 // (a0 + a1 + 1) >> 1, (a2 + a3 + 1) >> 1, ...
 OP half<16> averages_of_pairs(u8<16> a)
 {
@@ -73,12 +85,44 @@ OP half<16> averages_of_pairs(u8<16> a)
 // Masks: bytes of all ones or of zeros.
 OP u8<16> equal(u8<16> a, u8<16> b) { return {_mm_cmpeq_epi8(a.v, b.v)}; }
 OP bool any(u8<16> mask) { return _mm_movemask_epi8(mask.v) != 0; }
+OP bool all(u8<16> mask) { return _mm_movemask_epi8(mask.v) == 0xffff; }
+OP bool all_zero(u8<16> a) { return all(equal(a, u8<16>::splat(0))); }
 // Where a group of four neighbours has a sum above the limit.
 OP u8<16> fours_above(u8<16> a, int limit)
 {
     auto sums = _mm_madd_epi16(pair_sums<1>(a).v, _mm_set1_epi16(1));
     return {_mm_cmpgt_epi32(sums, _mm_set1_epi32(limit))};
 }
+
+// Sums of 32 bits.
+template <> struct longs<16> {
+    __m128i v;
+};
+OP longs<16> add(longs<16> a, longs<16> b) { return {_mm_add_epi32(a.v, b.v)}; }
+template <int K> OP longs<16> shr_signed(longs<16> a) { return {_mm_srai_epi32(a.v, K)}; }
+OP longs<16> pair_dots(half<16> a, half<16> b) { return {_mm_madd_epi16(a.v, b.v)}; } // a0 b0 + a1 b1, ...
+// Saturated bytes.
+OP u8<16> pack_in_order(longs<16> a, longs<16> b, longs<16> c, longs<16> d)
+{
+    return {_mm_packus_epi16(_mm_packs_epi32(a.v, b.v), _mm_packs_epi32(c.v, d.v))};
+}
+
+// Pixels of four bytes.
+OP u8<16> equal_pixels(u8<16> a, u8<16> b) { return {_mm_cmpeq_epi32(a.v, b.v)}; }
+OP u8<16> first_of_pixel_pairs(u8<16> a) { return {_mm_shuffle_epi32(a.v, 0xa0)}; } // 0 0 2 2
+OP longs<16> first_bytes(u8<16> a) { return {_mm_and_si128(a.v, _mm_set1_epi32(255))}; }
+// From the first twelve bytes: b g r 0 a pixel.
+OP u8<16> pixels_of_triples(u8<16> a)
+{
+#if defined __AVX2__
+    return {_mm_shuffle_epi8(a.v, _mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1))};
+#else
+    auto sixes = _mm_unpacklo_epi64(a.v, _mm_srli_si128(a.v, 6));
+    return {_mm_or_si128(_mm_and_si128(sixes, _mm_set1_epi64x(0xffffff)),
+                         _mm_slli_epi64(_mm_and_si128(sixes, _mm_set1_epi64x(0xffffff000000)), 8))};
+#endif
+}
+template <int K> OP u8<16> drop_first(u8<16> a) { return {_mm_srli_si128(a.v, K)}; }
 
 // What the stores are made of; all of it works inside 128-bit lanes.
 OP u8<16> pack(half<16> a, half<16> b) { return {_mm_packus_epi16(a.v, b.v)}; }

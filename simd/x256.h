@@ -19,7 +19,13 @@ template <> struct half<32> {
     __m256i v;
     OP half splat(int x) { return {_mm256_set1_epi16(static_cast<short>(x))}; }
     OP half alternate(int x, int y) { return {_mm256_set1_epi32((x & 0xffff) | y * 0x10000)}; }
+    OP half repeat(int a, int b, int c, int d) { return {_mm256_broadcastq_epi64(half<16>::repeat(a, b, c, d).v)}; }
 };
+
+OP u8<32> combine(u8<16> low, u8<16> high)
+{
+    return {_mm256_inserti128_si256(_mm256_castsi128_si256(low.v), high.v, 1)};
+}
 
 OP half<32> add(half<32> a, half<32> b) { return {_mm256_add_epi16(a.v, b.v)}; }
 OP half<32> sub(half<32> a, half<32> b) { return {_mm256_sub_epi16(a.v, b.v)}; }
@@ -38,6 +44,7 @@ template <int K> OP half<32> shr_signed(half<32> a) { return {_mm256_srai_epi16(
 
 OP u8<32> bit_or(u8<32> a, u8<32> b) { return {_mm256_or_si256(a.v, b.v)}; }
 OP u8<32> bit_and(u8<32> a, u8<32> b) { return {_mm256_and_si256(a.v, b.v)}; }
+OP u8<32> sub(u8<32> a, u8<32> b) { return {_mm256_sub_epi8(a.v, b.v)}; }
 OP u8<32> avg(u8<32> a, u8<32> b) { return {_mm256_avg_epu8(a.v, b.v)}; }
 OP u8<32> sub_sat_unsigned(u8<32> a, u8<32> b) { return {_mm256_subs_epu8(a.v, b.v)}; }
 OP u8<32> bytes(half<32> a) { return {a.v}; }
@@ -51,15 +58,34 @@ OP i16<32> split_times4(u8<32> a)
 }
 
 template <int K> OP half<32> pair_sums(u8<32> a) { return {_mm256_maddubs_epi16(a.v, _mm256_set1_epi8(K))}; }
+OP half<32> weighted_pairs(u8<32> a, u8<32> weights) { return {_mm256_maddubs_epi16(a.v, weights.v)}; }
 OP half<32> averages_of_pairs(u8<32> a) { return avg(pair_sums<1>(a), half<32>::splat(0)); }
 
 OP u8<32> equal(u8<32> a, u8<32> b) { return {_mm256_cmpeq_epi8(a.v, b.v)}; }
 OP bool any(u8<32> mask) { return _mm256_movemask_epi8(mask.v) != 0; }
+OP bool all(u8<32> mask) { return _mm256_movemask_epi8(mask.v) == -1; }
+OP bool all_zero(u8<32> a) { return _mm256_testz_si256(a.v, a.v) != 0; }
 OP u8<32> fours_above(u8<32> a, int limit)
 {
     auto sums = _mm256_madd_epi16(pair_sums<1>(a).v, _mm256_set1_epi16(1));
     return {_mm256_cmpgt_epi32(sums, _mm256_set1_epi32(limit))};
 }
+
+template <> struct longs<32> {
+    __m256i v;
+};
+OP longs<32> add(longs<32> a, longs<32> b) { return {_mm256_add_epi32(a.v, b.v)}; }
+template <int K> OP longs<32> shr_signed(longs<32> a) { return {_mm256_srai_epi32(a.v, K)}; }
+OP longs<32> pair_dots(half<32> a, half<32> b) { return {_mm256_madd_epi16(a.v, b.v)}; }
+OP u8<32> pack_in_order(longs<32> a, longs<32> b, longs<32> c, longs<32> d)
+{
+    auto lanes = _mm256_packus_epi16(_mm256_packs_epi32(a.v, b.v), _mm256_packs_epi32(c.v, d.v));
+    return {_mm256_permutevar8x32_epi32(lanes, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7))};
+}
+
+OP u8<32> equal_pixels(u8<32> a, u8<32> b) { return {_mm256_cmpeq_epi32(a.v, b.v)}; }
+OP u8<32> first_of_pixel_pairs(u8<32> a) { return {_mm256_shuffle_epi32(a.v, 0xa0)}; }
+OP longs<32> first_bytes(u8<32> a) { return {_mm256_and_si256(a.v, _mm256_set1_epi32(255))}; }
 
 OP u8<32> pack(half<32> a, half<32> b) { return {_mm256_packus_epi16(a.v, b.v)}; }
 OP u8<32> zip_lo8(u8<32> a, u8<32> b) { return {_mm256_unpacklo_epi8(a.v, b.v)}; }

@@ -35,6 +35,7 @@ template <int K> OP half<64> shr_signed(half<64> a) { return {_mm512_srai_epi16(
 
 OP u8<64> bit_or(u8<64> a, u8<64> b) { return {_mm512_or_si512(a.v, b.v)}; }
 OP u8<64> bit_and(u8<64> a, u8<64> b) { return {_mm512_and_si512(a.v, b.v)}; }
+OP u8<64> sub(u8<64> a, u8<64> b) { return {_mm512_sub_epi8(a.v, b.v)}; }
 OP u8<64> avg(u8<64> a, u8<64> b) { return {_mm512_avg_epu8(a.v, b.v)}; }
 OP u8<64> sub_sat_unsigned(u8<64> a, u8<64> b) { return {_mm512_subs_epu8(a.v, b.v)}; }
 OP u8<64> bytes(half<64> a) { return {a.v}; }
@@ -48,10 +49,12 @@ OP i16<64> split_times4(u8<64> a)
 }
 
 template <int K> OP half<64> pair_sums(u8<64> a) { return {_mm512_maddubs_epi16(a.v, _mm512_set1_epi8(K))}; }
+OP half<64> weighted_pairs(u8<64> a, u8<64> weights) { return {_mm512_maddubs_epi16(a.v, weights.v)}; }
 OP half<64> averages_of_pairs(u8<64> a) { return avg(pair_sums<1>(a), half<64>::splat(0)); }
 
 OP u8<64> equal(u8<64> a, u8<64> b) { return {_mm512_movm_epi8(_mm512_cmpeq_epi8_mask(a.v, b.v))}; }
 OP bool any(u8<64> mask) { return _mm512_movepi8_mask(mask.v) != 0; }
+OP bool all_zero(u8<64> a) { return _mm512_test_epi8_mask(a.v, a.v) == 0; }
 OP u8<64> fours_above(u8<64> a, int limit)
 {
     auto sums = _mm512_madd_epi16(pair_sums<1>(a).v, _mm512_set1_epi16(1));
@@ -175,12 +178,11 @@ template <Stores S, int third> OP void put_third(uint8_t* p, __m512i b, __m512i 
 }
 
 // b g r a pixel; not woven.
-template <Stores S> OP void store_bgr(uint8_t* p, i16<64> b, i16<64> g, i16<64> r)
+template <Stores S> OP void store_bgr(uint8_t* p, u8<64> b, u8<64> g, u8<64> r)
 {
-    auto pb = pack(b.even, b.odd), pg = pack(g.even, g.odd), pr = pack(r.even, r.odd);
-    put_third<S, 0>(p, pb.v, pg.v, pr.v);
-    put_third<S, 1>(p, pb.v, pg.v, pr.v);
-    put_third<S, 2>(p, pb.v, pg.v, pr.v);
+    put_third<S, 0>(p, b.v, g.v, r.v);
+    put_third<S, 1>(p, b.v, g.v, r.v);
+    put_third<S, 2>(p, b.v, g.v, r.v);
 }
 
 // Of every four bytes own, b, b', ... the first doubled pixel takes three of its own, the second one.

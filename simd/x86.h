@@ -87,21 +87,20 @@ template <Stores S, int N> OP void store_quads(uint8_t* p, u8<N> a, u8<N> b, u8<
     put_pairs<S>(p + 2 * N, zip_lo16(ab_hi, cd_hi), zip_hi16(ab_hi, cd_hi));
 }
 
-// b g r 0 a pixel; woven by 4.
-template <Stores S, int N> OP void store_bgr0(uint8_t* p, i16<N> b, i16<N> g, i16<N> r)
+// b g r 0 a pixel, from bytes in packed order; woven by 4.
+template <Stores S, int N> OP void store_bgr0(uint8_t* p, u8<N> b, u8<N> g, u8<N> r)
 {
-    auto pb = pack(b), pg = pack(g), pr = pack(r);
 #if defined __AVX2__
     alignas(16) static constexpr int8_t order[16] = {0, 8, 1, 9, 2, 10, 3, 11, 4, 12, 5, 13, 6, 14, 7, 15};
     alignas(16) static constexpr int8_t low[16] = {0, -1, 8, -1, 1, -1, 9, -1, 2, -1, 10, -1, 3, -1, 11, -1};
     alignas(16) static constexpr int8_t high[16] = {4, -1, 12, -1, 5, -1, 13, -1, 6, -1, 14, -1, 7, -1, 15, -1};
-    pb = shuffle(pb, u8<N>::repeat(order));
-    pg = shuffle(pg, u8<N>::repeat(order));
-    auto bg0 = zip_lo8(pb, pg), bg1 = zip_hi8(pb, pg);
-    auto r0 = shuffle(pr, u8<N>::repeat(low)), r1 = shuffle(pr, u8<N>::repeat(high));
+    b = shuffle(b, u8<N>::repeat(order));
+    g = shuffle(g, u8<N>::repeat(order));
+    auto bg0 = zip_lo8(b, g), bg1 = zip_hi8(b, g);
+    auto r0 = shuffle(r, u8<N>::repeat(low)), r1 = shuffle(r, u8<N>::repeat(high));
 #else
     auto zero = u8<N>::splat(0);
-    auto bg_even = zip_lo8(pb, pg), bg_odd = zip_hi8(pb, pg), r_even = zip_lo8(pr, zero), r_odd = zip_hi8(pr, zero);
+    auto bg_even = zip_lo8(b, g), bg_odd = zip_hi8(b, g), r_even = zip_lo8(r, zero), r_odd = zip_hi8(r, zero);
     auto bg0 = zip_lo16(bg_even, bg_odd), bg1 = zip_hi16(bg_even, bg_odd);
     auto r0 = zip_lo16(r_even, r_odd), r1 = zip_hi16(r_even, r_odd);
 #endif
@@ -130,13 +129,13 @@ struct ThirdsMask {
     }
 };
 
-// b g r a pixel, exactly 3N bytes; not woven.
-template <Stores S, int N> OP void store_bgr(uint8_t* p, i16<N> b, i16<N> g, i16<N> r)
+// b g r a pixel, exactly 3N bytes, from bytes in packed order; not woven.
+template <Stores S, int N> OP void store_bgr(uint8_t* p, u8<N> b, u8<N> g, u8<N> r)
 {
     static constexpr ThirdsPattern of_b{0}, of_g{1}, of_r{2};
     static constexpr ThirdsMask first{0}, second{1};
-    auto sb = shuffle(pack(b), u8<N>::repeat(of_b.at)), sg = shuffle(pack(g), u8<N>::repeat(of_g.at)),
-         sr = shuffle(pack(r), u8<N>::repeat(of_r.at));
+    auto sb = shuffle(b, u8<N>::repeat(of_b.at)), sg = shuffle(g, u8<N>::repeat(of_g.at)),
+         sr = shuffle(r, u8<N>::repeat(of_r.at));
     auto m0 = u8<N>::repeat(first.at), m1 = u8<N>::repeat(second.at);
     put_thirds<S>(p, choose(m0, sb, choose(m1, sg, sr)), choose(m0, sg, choose(m1, sr, sb)),
                   choose(m0, sr, choose(m1, sb, sg)));
@@ -153,10 +152,10 @@ OP __m128i close_up(__m128i four_pixels)
     return _mm_or_si128(low, _mm_slli_si128(_mm_srli_si128(six, 8), 6));
 }
 
-template <Stores S> OP void store_bgr(uint8_t* p, i16<16> b, i16<16> g, i16<16> r)
+template <Stores S> OP void store_bgr(uint8_t* p, u8<16> b, u8<16> g, u8<16> r)
 {
-    auto pb = pack(b), pg = pack(g), pr = pack(r), zero = u8<16>::splat(0);
-    auto bg_even = zip_lo8(pb, pg), bg_odd = zip_hi8(pb, pg), r_even = zip_lo8(pr, zero), r_odd = zip_hi8(pr, zero);
+    auto zero = u8<16>::splat(0);
+    auto bg_even = zip_lo8(b, g), bg_odd = zip_hi8(b, g), r_even = zip_lo8(r, zero), r_odd = zip_hi8(r, zero);
     auto bg0 = zip_lo16(bg_even, bg_odd), bg1 = zip_hi16(bg_even, bg_odd);
     auto r0 = zip_lo16(r_even, r_odd), r1 = zip_hi16(r_even, r_odd);
     auto a = close_up(zip_lo16(bg0, r0).v), c = close_up(zip_hi16(bg0, r0).v);
