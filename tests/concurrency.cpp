@@ -3,6 +3,8 @@
 //         -DCMAKE_CXX_FLAGS=-fsanitize=thread && ctest --test-dir build-tsan -R Concurrency
 #include "harness/case.h"
 #include "harness/effort.h"
+#include "harness/job_case.h"
+#include "harness/job_record.h"
 #include "harness/variants.h"
 
 #include <gtest/gtest.h>
@@ -14,6 +16,7 @@
 namespace {
 
 using harness::Export;
+using harness::JobExport;
 using harness::Variant;
 using Bytes = std::vector<uint8_t>;
 
@@ -46,6 +49,37 @@ Bytes load(const Export& tested, const Variant& table, Picture& p)
     return dst;
 }
 
+// All that a job reads is one plane.
+Bytes load(const JobExport& tested, const Variant& table, Picture& p)
+{
+    Bytes dst(kRoom, 0x77);
+    harness::JobCase c;
+    c.width = kWidth;
+    c.height = kHeight;
+    c.surface_pitch = kWidth * tested.pixel_bytes;
+    ajust_contrast_info info = {};
+    MIX_INFO job = {};
+    job.picture_pitch = job.subpicture_pitch = kWidth;
+    job.surface_pitch = c.surface_pitch;
+    job.width = kWidth;
+    job.height = kHeight;
+    job.contrast_info = &info;
+    for (const harness::PlaneField& each : harness::kPlaneFields) job.*each.pointer = p.y.data();
+    size_t at = 0;
+    for (const size_t plane : tested.destinations()) {
+        job.*harness::kPlaneFields[plane].pointer = dst.data() + at;
+        at += kRoom / 4;
+    }
+    tested.call(*table.kernels, c, &job);
+    return dst;
+}
+
+template <class Work> void for_each_export(const Work& work)
+{
+    for (const Export& each : harness::exports()) work(each);
+    for (const JobExport& each : harness::job_exports()) work(each);
+}
+
 TEST(Concurrency, exports_on_disjoint_memory_do_not_disturb_each_other)
 {
     ajust_contrast_info adjustment = {};
@@ -58,11 +92,11 @@ TEST(Concurrency, exports_on_disjoint_memory_do_not_disturb_each_other)
         threads.emplace_back([seed, &wrong] {
             Picture picture(seed);
             for (const Variant& table : harness::variants()) {
-                for (const Export& tested : harness::exports()) {
+                for_each_export([&](const auto& tested) {
                     const Bytes first = load(tested, table, picture);
                     if (first == Bytes(kRoom, 0x77)) ++wrong;
                     for (int i = 0; i < harness::by_effort(20, 3); ++i) wrong += load(tested, table, picture) != first;
-                }
+                });
             }
         });
     }
@@ -126,7 +160,7 @@ TEST(Concurrency, every_export_runs_beside_a_changing_adjustment)
     const Bytes before = picture.y;
     for (int i = 0; i < harness::by_effort(30, 5); ++i) {
         for (const Variant& table : harness::variants()) {
-            for (const Export& tested : harness::exports()) load(tested, table, picture);
+            for_each_export([&](const auto& tested) { load(tested, table, picture); });
         }
     }
     done = true;

@@ -1,14 +1,11 @@
 // The comparison itself: the model, dressed as a table of exports, passes; each way of spoiling it is caught.
 #include "harness/checker.h"
-#include "model/band.h"
-#include "model/enlarged.h"
-#include "model/packed.h"
+#include "harness/job_exports.h"
 #include "model/planar.h"
-#include "model/planes.h"
+#include "selfcheck/fakes.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <sstream>
 
 namespace {
@@ -18,117 +15,10 @@ using harness::Checker;
 using harness::Export;
 using harness::Placement;
 using harness::Variant;
+using selfcheck::Spoil;
+using selfcheck::unlimited;
 
-ajust_contrast_info known_adjustment; // the fakes cannot read the library's state
-
-enum class Spoil {
-    kNothing,
-    kWrongByte,
-    kUnwrittenByte,
-    kByteTooMany,
-    kByteTooFew,
-    kReadsTooFar,
-    kReadsTooEarly,
-    kChangesSource,
-    kChangesRecord,
-    kReadsIgnoredRecord,
-    kReadsIgnoredPlane,
-    kChangesFrame,
-    kReadsBeyondFrame,
-};
-
-Spoil spoil;
-
-model::Plane unlimited(void* origin)
-{
-    constexpr int64_t kFar = std::numeric_limits<int64_t>::max() / 2;
-    return {static_cast<uint8_t*>(origin), -kFar, kFar};
-}
-
-// What a call could get at beside its planes.
-struct Around {
-    uint8_t *y, *u, *dst;
-    ajust_contrast_info* info;
-    tagVideoFrame* frame;
-};
-
-void do_spoil(model::Planes& planes, const Around& a)
-{
-    uint8_t* to = a.dst;
-    auto* luma = static_cast<volatile uint8_t*>(a.y);
-    switch (spoil) {
-    case Spoil::kWrongByte: to[(planes.dst.low() + planes.dst.high()) / 2] ^= 1; break;
-    case Spoil::kUnwrittenByte: to[planes.dst.high() - 1] ^= 0x55; break;
-    case Spoil::kByteTooMany: to[planes.dst.high()] ^= 1; break;
-    case Spoil::kByteTooFew: to[planes.dst.low() - 1] ^= 1; break;
-    case Spoil::kReadsTooFar: static_cast<void>(luma[planes.y.high()]); break;
-    case Spoil::kReadsTooEarly: static_cast<void>(luma[planes.y.low() - 1]); break;
-    case Spoil::kChangesSource: luma[planes.y.low()] = static_cast<uint8_t>(luma[planes.y.low()] ^ 1); break;
-    case Spoil::kChangesRecord: a.info->reserved ^= 1; break;
-    case Spoil::kReadsIgnoredRecord: to[planes.dst.low()] ^= static_cast<uint8_t>(a.info->reserved | 1); break;
-    case Spoil::kReadsIgnoredPlane: static_cast<void>(*static_cast<volatile uint8_t*>(a.u)); break;
-    case Spoil::kChangesFrame: a.frame->pitch ^= 1; break;
-    case Spoil::kReadsBeyondFrame: static_cast<void>(*reinterpret_cast<volatile uint8_t*>(a.frame + 1)); break;
-    case Spoil::kNothing: break;
-    }
-}
-
-// A model called as its export would be, one form for each list of parameters.
-class Imitation {
-public:
-    explicit Imitation(void (*model)(model::Planes&, const model::Call&)) : model_(model) {}
-
-    void operator()(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch,
-                    ajust_contrast_info* info) const
-    {
-        run({width, height, y_pitch, dst_pitch, info, {}}, y, u, v, dst, info);
-    }
-
-    void operator()(unsigned char* src, unsigned char* dst, int width, int height, int src_pitch, int dst_pitch,
-                    ajust_contrast_info* info = nullptr, int plane = 0) const
-    {
-        run({width, height, src_pitch, dst_pitch, info, {}, plane}, src, nullptr, nullptr, dst, info);
-    }
-
-    void operator()(tagVideoFrame* frame, int start, int lines, unsigned char* dst, int dst_pitch,
-                    ajust_contrast_info* info) const
-    {
-        const model::Call call = {frame->pitch, lines, frame->pitch, dst_pitch, info,
-                                  {},           0,     start,        lines,     frame->field_mode};
-        run(call, frame->plane_y, frame->plane_u, frame->plane_v, dst, info, frame);
-    }
-
-    void operator()(void* src, void* u, void* v, void* dst, int line_bytes, int height, int dst_pitch,
-                    ajust_contrast_info* info = nullptr) const
-    {
-        run({line_bytes / 2, height, 0, dst_pitch, info, {}}, src, u, v, dst, info);
-    }
-
-private:
-    void run(model::Call call, void* y, void* u, void* v, void* dst, ajust_contrast_info* info,
-             tagVideoFrame* frame = nullptr) const
-    {
-        call.state = model::state_from(known_adjustment);
-        model::Planes planes = {unlimited(y), unlimited(u), unlimited(v), unlimited(dst)};
-        model_(planes, call);
-        do_spoil(planes, {static_cast<uint8_t*>(y), static_cast<uint8_t*>(u), static_cast<uint8_t*>(dst), info, frame});
-    }
-
-    void (*model_)(model::Planes&, const model::Call&);
-};
-
-#define EXPORT_(name, params, args) \
-    void fake_##name params { Imitation{model::name} args; }
-#include "frame/exports.inc"
-#undef EXPORT_
-
-const vsurf::Kernels kFakes = {
-#define EXPORT_(name, params, args) fake_##name,
-#include "frame/exports.inc"
-#undef EXPORT_
-};
-
-const std::vector<Variant> kFakeTables = {{"the model itself", &kFakes}};
+const std::vector<Variant> kFakeTables = {{"the model itself", &selfcheck::fakes}};
 const Placement kInside = {Placement::Kind::kInside, 5};
 
 class HarnessSelfcheck : public testing::TestWithParam<Export> {
@@ -137,8 +27,8 @@ protected:
     {
         Case c = harness::any_case(GetParam(), width(), height(), 4);
         c.info.rgb16_layout = 2;
-        spoil = how;
-        known_adjustment = c.adjustment;
+        selfcheck::spoil = how;
+        selfcheck::known_adjustment = c.adjustment;
         return checker_.run(c, {placement}, kFakeTables);
     }
 
@@ -216,6 +106,7 @@ TEST(HarnessIndex, every_export_has_a_model)
     };
     std::vector<std::string> modelled;
     for (const Export& each : harness::exports()) modelled.push_back(each.name);
+    for (const harness::JobExport& each : harness::job_exports()) modelled.push_back(each.name);
     EXPECT_EQ(indexed, modelled);
 }
 
@@ -232,7 +123,7 @@ void line_by_line(void* y, void* u, void* v, void* dst, int width, int, int y_pi
 
 TEST(HarnessSelfcheckOrder, the_order_of_stores_shows_where_lines_overlap)
 {
-    vsurf::Kernels table = kFakes;
+    vsurf::Kernels table = selfcheck::fakes;
     table.loadimage_rgb32 = line_by_line;
     Checker checker(size_t{1} << 16);
     Case c;

@@ -1,11 +1,13 @@
 // Surfaces large enough for other ways of storing: whole cache lines past the caches, whatever the alignment.
 #include "harness/exactness.h"
+#include "harness/job_checker.h"
 
 namespace {
 
 using harness::Case;
 using harness::Checker;
 using harness::Export;
+using harness::JobExport;
 using harness::Pitch;
 using harness::Placement;
 using harness::Random;
@@ -89,6 +91,30 @@ TEST_P(LargeSurfaces, lines_that_overlap)
     }
 }
 
+class LargeJobs : public testing::TestWithParam<JobExport> {};
+
+TEST_P(LargeJobs, every_kind_of_alignment)
+{
+    static harness::JobChecker jobs(size_t{4} << 20);
+    static constexpr Size kJobSizes[] = {{1920, 144}, {976, 280}, {720, 400}, {4112, 72}};
+    Random random(23);
+    for (const Size& size : kJobSizes) {
+        for (const int padding : {0, 64, 16}) {
+            if (harness::quick() && (size.width != 976 || padding == 0)) continue;
+            const Pitch planes = random.pick({Pitch::kRounded, Pitch::kPadded});
+            harness::JobCase c = harness::job_of(GetParam(), size.width, size.height, {planes, planes, planes}, random);
+            const int line = size.width * GetParam().pixel_bytes;
+            c.surface_pitch = padding == 0 ? line : (line + 63) / 64 * 64 + padding;
+            if (random.one_in(5)) c.surface_pitch = -c.surface_pitch;
+            const Placement inside{Placement::Kind::kInside, random.pick(kAlignments)};
+            const auto wrong = jobs.run(c, {inside, random.pick({harness::flush()[0], harness::flush()[1]})});
+            ASSERT_FALSE(wrong) << *wrong;
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Exports, LargeSurfaces, testing::ValuesIn(harness::exports()), harness::name_of);
+INSTANTIATE_TEST_SUITE_P(Jobs, LargeJobs, testing::ValuesIn(harness::job_exports()),
+                         [](const auto& tested) { return std::string(tested.param.name); });
 
 } // namespace

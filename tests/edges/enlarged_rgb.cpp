@@ -1,10 +1,11 @@
 // Planar pictures onto RGB surfaces of twice their height: adjusted first, then averaged, then converted.
-#include "harness/fixture.h"
+#include "edges/pixels.h"
 
 namespace {
 
 using harness::Bytes;
 using harness::flat_lines;
+using harness::packed_pixel;
 using harness::part;
 using harness::Picture;
 using vsurf::Kernels;
@@ -30,16 +31,6 @@ protected:
         return p;
     }
 
-    // The bytes B, G, R and 0, or B, G, R, or the word in layout 0, of a pixel.
-    static Bytes packed(const model::Rgb& pixel, size_t bytes)
-    {
-        const int word = (pixel.r & 0xF8) << 8 | (pixel.g & 0xFC) << 3 | pixel.b >> 3;
-        if (bytes == 2) return {static_cast<uint8_t>(word & 0xFF), static_cast<uint8_t>(word >> 8)};
-        Bytes found = {pixel.b, pixel.g, pixel.r, 0};
-        found.resize(bytes);
-        return found;
-    }
-
     // Each line of the surface shows its luma with its chroma (for U and V the same).
     void expect_lines(const Picture& p, int height, const Bytes& luma, const Bytes& chroma)
     {
@@ -49,7 +40,8 @@ protected:
             const Size size = {kWidth, height, kWidth, static_cast<int>(line)};
             const Bytes surface = load(entry, p, size, (count + 1) * line, &info);
             for (size_t k = 0; k < count; ++k) {
-                const Bytes pixel = packed(model::to_rgb(luma[k], model::chroma_terms(chroma[k], chroma[k])), bytes);
+                const Bytes pixel =
+                    packed_pixel(model::to_rgb(luma[k], model::chroma_terms(chroma[k], chroma[k])), bytes);
                 for (size_t x = 0; x < kWidth; ++x) {
                     ASSERT_EQ(part(surface, k * line + x * bytes, bytes), pixel) << x << ", line " << k;
                 }
@@ -131,7 +123,8 @@ TEST_P(EnlargedRgb, each_plane_has_its_own_adjustment)
     ajust_contrast_info info = {};
     for (const auto& [entry, bytes] : kFormats) { // 200, 128, 128: 214 throughout
         const Bytes surface = load(entry, Picture(100, 148, 60), {16, 12, 16, 64}, 24 * 64, &info);
-        for (size_t k = 0; k < 24; ++k) EXPECT_EQ(part(surface, 64 * k, bytes), packed({214, 214, 214}, bytes)) << k;
+        for (size_t k = 0; k < 24; ++k)
+            EXPECT_EQ(part(surface, 64 * k, bytes), packed_pixel({214, 214, 214}, bytes)) << k;
     }
 }
 
@@ -150,7 +143,7 @@ TEST_P(EnlargedRgb, pixels_show_luma_and_chroma_of_their_own_place)
         for (size_t pixel = 0; pixel < 24 * kWidth; ++pixel) {
             const size_t x = pixel % kWidth;
             const auto terms = model::chroma_terms(p.u[x / 2], p.v[x / 2]);
-            ASSERT_EQ(part(surface, pixel * bytes, bytes), packed(model::to_rgb(p.y[x], terms), bytes)) << pixel;
+            ASSERT_EQ(part(surface, pixel * bytes, bytes), packed_pixel(model::to_rgb(p.y[x], terms), bytes)) << pixel;
         }
     }
 }

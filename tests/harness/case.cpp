@@ -16,22 +16,6 @@ int unsigned_pitch(int width, int pitch)
     return 2 * pitch < width ? width : pitch;
 }
 
-int pitch_for(int tight, int whole, Pitch pitch, Random& random)
-{
-    switch (pitch) {
-    case Pitch::kTight: return tight;
-    case Pitch::kRounded: return whole;
-    case Pitch::kPadded: return whole + 16 * random.between(1, 6);
-    case Pitch::kLines64: return (whole + 63) / 64 * 64;
-    case Pitch::kOdd: return (whole + random.between(0, 40)) | 1;
-    case Pitch::kNegative: return -whole - 16 * random.between(0, 3);
-    case Pitch::kNegativeOdd: return -((whole + random.between(0, 40)) | 1);
-    case Pitch::kCrowded: return random.between(0, tight);
-    case Pitch::kAny: return random.between(-whole - 80, whole + 80);
-    default: return 0;
-    }
-}
-
 int any_gain(Random& random)
 {
     static constexpr int kGains[] = {0,  1,   63,    64,     65,  128,   255,   256,    257, 258,
@@ -104,6 +88,22 @@ int legal_height(const Export& tested, int height)
     return std::max(tested.sizes.least_height, (height + step - 1) / step * step);
 }
 
+int pitch_for(int tight, int whole, Pitch pitch, Random& random)
+{
+    switch (pitch) {
+    case Pitch::kTight: return tight;
+    case Pitch::kRounded: return whole;
+    case Pitch::kPadded: return whole + 16 * random.between(1, 6);
+    case Pitch::kLines64: return (whole + 63) / 64 * 64;
+    case Pitch::kOdd: return (whole + random.between(0, 40)) | 1;
+    case Pitch::kNegative: return -whole - 16 * random.between(0, 3);
+    case Pitch::kNegativeOdd: return -((whole + random.between(0, 40)) | 1);
+    case Pitch::kCrowded: return random.between(0, tight);
+    case Pitch::kAny: return random.between(-whole - 80, whole + 80);
+    default: return 0;
+    }
+}
+
 int source_pitch(const Export& tested, int width, Pitch pitch, Random& random)
 {
     const int bytes = pitch_for(width, rounded(width), pitch, random);
@@ -153,6 +153,16 @@ ajust_contrast_info any_adjustment(Random& random)
     return record;
 }
 
+ajust_contrast_info any_record(Random& random)
+{
+    ajust_contrast_info record = any_adjustment(random);
+    record.reserved = static_cast<int32_t>(static_cast<uint32_t>(random.next()));
+    record.rgb16_layout = random.between(0, 3);
+    static constexpr int kRefused[] = {-1, 4, 5, 6, 7, INT32_MAX, INT32_MIN};
+    if (random.one_in(16)) record.rgb16_layout = random.pick(kRefused);
+    return record;
+}
+
 void complete(Case& c, Random& random)
 {
     c.adjustment = any_adjustment(random);
@@ -161,27 +171,27 @@ void complete(Case& c, Random& random)
     c.plane = random.between(1, 3);
     c.start = random.between(0, 3);
     c.field_mode = random.pick({1, 1, 0, 2, -1});
-    // The exports must take the adjustment from the state, so their own record holds another one.
-    c.info = any_adjustment(random);
-    c.info.reserved = static_cast<int32_t>(static_cast<uint32_t>(random.next()));
-    c.info.rgb16_layout = random.between(0, 3);
-    static constexpr int kRefused[] = {-1, 4, 5, 6, 7, INT32_MAX, INT32_MIN};
-    if (random.one_in(16)) c.info.rgb16_layout = random.pick(kRefused);
+    c.info = any_record(random);
     any_geometry(c, random);
 }
 
-Case any_case(const Export& tested, int width, int height, uint64_t seed)
+Pitch any_pitch(Random& random)
 {
     static constexpr Pitch kPitches[] = {Pitch::kTight,   Pitch::kRounded,  Pitch::kPadded,  Pitch::kLines64,
                                          Pitch::kOdd,     Pitch::kNegative, Pitch::kTight,   Pitch::kNegativeOdd,
                                          Pitch::kCrowded, Pitch::kAny,      Pitch::kRounded, Pitch::kZero};
+    return random.pick(kPitches);
+}
+
+Case any_case(const Export& tested, int width, int height, uint64_t seed)
+{
     Random random(seed);
     Case c;
     c.tested = &tested;
     c.width = width;
     c.height = height;
-    c.y_pitch = source_pitch(tested, width, random.pick(kPitches), random);
-    c.dst_pitch = surface_pitch(tested, width, random.pick(kPitches), random);
+    c.y_pitch = source_pitch(tested, width, any_pitch(random), random);
+    c.dst_pitch = surface_pitch(tested, width, any_pitch(random), random);
     complete(c, random);
     return c;
 }

@@ -34,12 +34,22 @@ int legal_height(const Export& tested, int height);
 // How the pitches of a case relate to its width.
 enum class Pitch { kTight, kRounded, kPadded, kLines64, kOdd, kNegative, kNegativeOdd, kCrowded, kAny, kZero };
 
+// A pitch for lines of `tight` bytes as stated, of `whole` bytes in whole blocks.
+int pitch_for(int tight, int whole, Pitch pitch, Random& random);
+
 int source_pitch(const Export& tested, int width, Pitch pitch, Random& random);
 int surface_pitch(const Export& tested, int width, Pitch pitch, Random& random);
 
 // Adjustments from plausible to absurd; every field beyond its low 16 bits is noise in some of them.
 ajust_contrast_info any_adjustment(Random& random);
 ajust_contrast_info unity_adjustment();
+
+// The record that a call is handed: it holds another adjustment than the state, and at times a layout that there is
+// not.
+ajust_contrast_info any_record(Random& random);
+
+// One of the pitches, the usual ones more often than others.
+Pitch any_pitch(Random& random);
 
 // A case with random pitches, adjustment, layout, surface geometry and content.
 Case any_case(const Export& tested, int width, int height, uint64_t seed);

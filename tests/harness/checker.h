@@ -1,17 +1,12 @@
-// Runs cases on the tables under test and compares every byte with the model.
+// Compares the exports that take pointers to planes with their models.
 #pragma once
-#include "harness/arena.h"
 #include "harness/case.h"
-#include "harness/variants.h"
-
-#include <map>
-#include <optional>
-#include <string>
-#include <vector>
+#include "harness/comparer.h"
+#include "harness/record_memory.h"
 
 namespace harness {
 
-class Checker {
+class Checker : Comparer {
 public:
     // `reach`: how far from a passed pointer, in either direction, a case may touch memory.
     explicit Checker(size_t reach);
@@ -21,36 +16,18 @@ public:
                                    const std::vector<Variant>& tables = variants());
 
 private:
-    struct Source {
-        model::Plane* plane = nullptr;
-        const uint8_t* content = nullptr;
-        const Arena* arena = nullptr;
-        uint8_t* placed = nullptr;
-    };
+    enum : size_t { kY, kU, kV, kDst };
 
-    std::vector<uint8_t>& shown(Content content);
-    std::optional<std::string> run_model(const Case& c);
-    bool place_sources(const Placement& placement);
-    bool inputs_intact(const Case& c) const;
-    std::optional<std::string> run_table(const Case& c, const Placement& placement, const Variant& table);
-    std::optional<std::string> compare(const uint8_t* dst, int64_t first, int64_t end) const;
-    void call(const Case& c, const Variant& table, uint8_t* dst);
-    void forget_model();
+    void run_model();
+    std::string describe() const override { return harness::describe(*case_); }
+    void call(const Variant& table) override;
+    std::optional<std::string> wrong_records() const override;
 
-    int64_t reach_;
-    std::map<Content, std::vector<uint8_t>> contents_; // each made when a case first shows it
-    std::vector<uint8_t> pristine_, image_;            // image_ is the model's destination
-    Arena y_, u_, v_, dst_, records_, frames_, adjustments_;
-    model::Planes planes_;
+    const Case* case_ = nullptr;
     bool reads_record_ = false; // whether the case looks at the record that it is handed
     tagVideoFrame frame_ = {};
-    Source sources_[3];
+    RecordMemory<ajust_contrast_info> records_, adjustments_;
+    RecordMemory<tagVideoFrame> frames_;
 };
-
-// The two placements that have a guard page flush against everything that is touched.
-std::vector<Placement> flush();
-
-// The flush ones and one inside with a given alignment of the pointers.
-std::vector<Placement> flush_and_aligned(int alignment);
 
 } // namespace harness

@@ -26,6 +26,11 @@ template <class Change> std::vector<uint8_t> changed(std::vector<uint8_t> bytes,
     return bytes;
 }
 
+std::vector<uint8_t> weights(size_t size)
+{
+    return changed(noise(size), [](uint8_t byte) { return byte % 17; });
+}
+
 int extreme(uint8_t noise)
 {
     static constexpr int kExtremes[8] = {0, 15, 16, 128, 235, 255, 0, 255};
@@ -48,6 +53,31 @@ std::vector<uint8_t> stripes(size_t size)
     return bytes;
 }
 
+// Runs of drawn samples up to this length, opaque, even or varied, among transparent ones, which may fill whole lines.
+std::vector<uint8_t> drawn(size_t size, int run)
+{
+    static constexpr int kGaps[] = {40, 200, 1000, 6000};
+    Random random(3);
+    std::vector<uint8_t> bytes(size);
+    auto length = [&random](int longest) { return static_cast<size_t>(random.between(1, random.between(1, longest))); };
+    for (size_t at = 0; at < size; at += length(random.pick(kGaps))) {
+        const int weight = random.between(1, 16), kind = random.between(0, 2);
+        for (const size_t end = std::min(size, at + length(run)); at < end; ++at) {
+            bytes[at] = static_cast<uint8_t>(kind == 0 ? 16 : kind == 1 ? weight : random.between(1, 16));
+        }
+    }
+    return bytes;
+}
+
+std::vector<uint8_t> stray(std::vector<uint8_t> bytes)
+{
+    Random random(4);
+    for (size_t at = 0; at < bytes.size(); at += static_cast<size_t>(random.between(1, 400))) {
+        bytes[at] = static_cast<uint8_t>(random.between(17, random.pick({17, 18, 255})));
+    }
+    return bytes;
+}
+
 } // namespace
 
 const char* name(Content content)
@@ -57,6 +87,14 @@ const char* name(Content content)
     case Content::kExtremes: return "extremes";
     case Content::kNear: return "near";
     case Content::kLevels: return "levels";
+    case Content::kTransparent: return "transparent";
+    case Content::kWeights: return "weights";
+    case Content::kSubtitle: return "subtitle";
+    case Content::kDots: return "dots";
+    case Content::kOpaque: return "opaque";
+    case Content::kStray: return "stray";
+    case Content::kHalfScale: return "half scale";
+    case Content::kBeyond: return "beyond the scale";
     default: return "stripes";
     }
 }
@@ -68,6 +106,14 @@ std::vector<uint8_t> bytes_of(Content content, size_t size)
     case Content::kExtremes: return changed(noise(size), extreme);
     case Content::kNear: return changed(noise(size), [](uint8_t byte) { return 100 + byte % 24; });
     case Content::kLevels: return changed(noise(size), [](uint8_t byte) { return 96 + 32 * (byte % 3); });
+    case Content::kTransparent: return std::vector<uint8_t>(size, 0);
+    case Content::kWeights: return weights(size);
+    case Content::kStray: return stray(weights(size));
+    case Content::kSubtitle: return drawn(size, 90);
+    case Content::kDots: return drawn(size, 1);
+    case Content::kOpaque: return std::vector<uint8_t>(size, 16);
+    case Content::kHalfScale: return changed(noise(size), [](uint8_t byte) { return byte % 128; });
+    case Content::kBeyond: return std::vector<uint8_t>(size, 200);
     default: return stripes(size);
     }
 }

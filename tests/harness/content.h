@@ -12,6 +12,16 @@ enum class Content {
     kNear,     // noise so faint that four samples differ by about 32 in total
     kLevels,   // three levels 32 apart: sums of differences tie, and hit 32
     kStripes,  // edges, hard and soft, that run diagonally for most pitches
+
+    // Alphas, on their scale of 0 to 16 or beyond it.
+    kTransparent, // 0 throughout
+    kWeights,     // 0 to 16
+    kSubtitle,    // transparent stretches and drawn ones, of every length and alignment
+    kDots,        // single samples far apart
+    kOpaque,      // 16 throughout
+    kStray,       // 0 to 16, but for single samples beyond
+    kHalfScale,   // 0 to 127
+    kBeyond,      // 200 throughout
 };
 
 const char* name(Content content);

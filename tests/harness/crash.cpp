@@ -9,16 +9,16 @@
 namespace harness {
 namespace {
 
-const Case* current_case = nullptr;
+const Described* current_call = nullptr;
 const Placement* current_placement = nullptr;
 const Variant* current_table = nullptr;
 
 // The fault comes from a kernel, which allocates nothing and holds no lock, so building a string here is safe.
 void report(int number, siginfo_t* details, void*)
 {
-    if (current_case != nullptr) {
+    if (current_call != nullptr) {
         const std::string text =
-            describe(*current_case) + "\n  on " + current_table->name + ", " + describe(*current_placement);
+            current_call->describe() + "\n  on " + current_table->name + ", " + describe(*current_placement);
         std::fprintf(stderr, "fault at %p in %s\n", details->si_addr, text.c_str());
     } else {
         std::fprintf(stderr, "fault at %p outside any call\n", details->si_addr);
@@ -49,15 +49,15 @@ void install()
 
 } // namespace
 
-InCall::InCall(const Case& c, const Placement& placement, const Variant& table)
+InCall::InCall(const Described& call, const Placement& placement, const Variant& table)
 {
     install();
-    current_case = &c;
+    current_call = &call;
     current_placement = &placement;
     current_table = &table;
 }
 
-InCall::~InCall() { current_case = nullptr; }
+InCall::~InCall() { current_call = nullptr; }
 
 std::string describe(const Placement& placement)
 {

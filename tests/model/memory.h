@@ -52,6 +52,7 @@ public:
     uint8_t operator[](int index) const { return plane_->read(at_ + index); }
     void store(int index, uint8_t value) { plane_->write(at_ + index, value); }
     void advance(int32_t bytes) { at_ += bytes; }
+    int64_t at() const { return at_; } // how far it has moved
 
     Pointer plus(int32_t bytes) const
     {

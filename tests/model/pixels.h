@@ -16,10 +16,19 @@ struct PixelFormat {
 
 int bytes_per_pixel(Format format);
 
+// The pixel as a number whose low byte comes first in memory, and such numbers there.
+uint32_t packed(const Rgb& pixel, PixelFormat format);
+uint32_t read_number(const Pointer& from, int bytes);
+void store_number(Pointer to, uint64_t number, int bytes);
+
 // Eight chroma pairs and the sixteen pixels of one line that they serve.
 using Luma16 = std::array<uint8_t, 16>;
 using Terms8 = std::array<ChromaTerms, 8>;
 
 void store_pixels(Pointer to, const Luma16& luma, const Terms8& terms, PixelFormat format);
+
+// Their samples as they are read, adjusted where there is a state.
+Luma16 read_luma(const Pointer& y, const State* adjustment);
+Terms8 read_terms(const Pointer& u, const Pointer& v, const State* adjustment);
 
 } // namespace model

@@ -5,53 +5,23 @@
 namespace model {
 namespace {
 
-struct Job {
-    PixelFormat format;
-    bool adjusted;
-    State state;
-};
-
-Terms8 block_terms(const Pointer& u, const Pointer& v, const Job& job)
-{
-    Terms8 terms;
-    for (int k = 0; k < 8; ++k) {
-        uint8_t su = u[k], sv = v[k];
-        if (job.adjusted) {
-            su = adjust(su, job.state.chroma_gain, job.state.u_offset);
-            sv = adjust(sv, job.state.chroma_gain, job.state.v_offset);
-        }
-        terms[static_cast<size_t>(k)] = chroma_terms(su, sv);
-    }
-    return terms;
-}
-
-void convert_line(const Pointer& y, const Pointer& dst, const Terms8& terms, const Job& job)
-{
-    Luma16 luma;
-    for (int i = 0; i < 16; ++i) {
-        uint8_t sample = y[i];
-        if (job.adjusted) sample = adjust(sample, job.state.luma_gain, job.state.luma_offset);
-        luma[static_cast<size_t>(i)] = sample;
-    }
-    store_pixels(dst, luma, terms, job.format);
-}
-
 void load_rgb(Planes& planes, const Call& call, Format format, bool adjusted)
 {
-    Job job{{format, 0}, adjusted, call.state};
+    PixelFormat pixels{format, 0};
     if (format == Format::kRgb16) {
-        job.format.layout = static_cast<uint32_t>(call.info->rgb16_layout);
-        if (job.format.layout > 3) return;
+        pixels.layout = static_cast<uint32_t>(call.info->rgb16_layout);
+        if (pixels.layout > 3) return;
     }
+    const State* const adjustment = adjusted ? &call.state : nullptr;
     const int pixel = bytes_per_pixel(format);
     Pointer y(planes.y), u(planes.u), v(planes.v), dst(planes.dst);
     Counter lines(call.height);
     do {
         Counter columns(call.width);
         do {
-            const auto terms = block_terms(u, v, job);
-            convert_line(y, dst, terms, job);
-            convert_line(y.plus(call.y_pitch), dst.plus(call.dst_pitch), terms, job);
+            const Terms8 terms = read_terms(u, v, adjustment);
+            store_pixels(dst, read_luma(y, adjustment), terms, pixels);
+            store_pixels(dst.plus(call.dst_pitch), read_luma(y.plus(call.y_pitch), adjustment), terms, pixels);
             y.advance(16);
             u.advance(8);
             v.advance(8);

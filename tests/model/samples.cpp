@@ -46,6 +46,13 @@ uint8_t adjust(uint8_t sample, int16_t gain, int16_t offset)
 
 uint8_t average(uint8_t a, uint8_t b) { return static_cast<uint8_t>((a + b + 1) >> 1); }
 
+uint8_t blend(uint8_t picture, uint8_t subpicture, uint8_t alpha)
+{
+    const int16_t weight = saturate16(16 - alpha);
+    const int16_t sum = saturate16(low16(int64_t{picture} * weight) + low16(int64_t{subpicture} * alpha));
+    return saturate8(static_cast<uint16_t>(sum) >> 4);
+}
+
 ChromaTerms chroma_terms(uint8_t u, uint8_t v)
 {
     const int16_t du = saturate16(u - 128);

@@ -21,6 +21,9 @@ uint8_t adjust(uint8_t sample, int16_t gain, int16_t offset);
 
 uint8_t average(uint8_t a, uint8_t b); // rounded up
 
+// A subpicture's sample over a picture's: weights in sixteenths, which 16-bit lanes carry beyond that scale too.
+uint8_t blend(uint8_t picture, uint8_t subpicture, uint8_t alpha);
+
 // The four terms that a chroma pair contributes; every luma sample that shares the pair uses them.
 struct ChromaTerms {
     int16_t gu, bu, gv, rv;

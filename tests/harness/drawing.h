@@ -1,0 +1,10 @@
+// What a conversion reads: a drawing on the key colour.
+#pragma once
+#include "harness/job_case.h"
+
+namespace harness {
+
+// Lines that are the key throughout, but for one pixel, in runs, or nowhere.
+void draw(model::Plane& surface, const JobCase& c);
+
+} // namespace harness
