@@ -9,8 +9,8 @@ export DEBIAN_FRONTEND=noninteractive
 
 declare -A packages=(
     [build]="g++ cmake make pkg-config binutils"
-    [player]="libavformat-dev libavcodec-dev libavutil-dev libavfilter-dev libavdevice-dev libswscale-dev libsdl2-dev libpng-dev"
-    [tests]="libgtest-dev googletest libsimde-dev xvfb xauth xdotool x11-apps"
+    [player]="libavformat-dev libavcodec-dev libavutil-dev libavfilter-dev libavdevice-dev libswscale-dev libsdl2-dev libpng-dev libass-dev"
+    [tests]="libgtest-dev googletest libsimde-dev xvfb xauth xdotool x11-apps fontconfig fonts-dejavu-core"
     [bench]="libbenchmark-dev libyuv-dev"
     [clang]="clang"
     [lint]="clang clang-format clang-tidy python3 git"

@@ -52,8 +52,7 @@ void Decoder::open_source()
     if (index < 0) throw Error(source_.name() + ": has no video");
     stream_ = format_->streams[index];
     if (stream_->disposition & AV_DISPOSITION_ATTACHED_PIC) throw Error(source_.name() + ": has no video");
-    for (unsigned i = 0; i < format_->nb_streams; i++)
-        format_->streams[i]->discard = format_->streams[i] == stream_ ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
+    select_streams();
 
     codec_.reset(avcodec_alloc_context3(codec));
     if (!codec_) throw std::bad_alloc();
@@ -67,6 +66,19 @@ void Decoder::open_source()
     frame_seconds_ = rate.num > 0 && rate.den > 0 ? av_q2d(av_inv_q(rate)) : 1.0 / 25;
     first_ = true;
     drained_ = false;
+}
+
+void Decoder::select_streams()
+{
+    for (int i = 0; i < static_cast<int>(format_->nb_streams); i++)
+        format_->streams[i]->discard = i == stream_->index || i == diverted_ ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
+}
+
+void Decoder::divert(int stream, std::function<void(AVPacket&)> take)
+{
+    diverted_ = stream;
+    take_ = std::move(take);
+    select_streams();
 }
 
 bool Decoder::next(AVFrame& frame)
@@ -118,6 +130,7 @@ bool Decoder::read(AVPacket& packet)
         } else if (packet.stream_index == stream_->index) {
             return true;
         } else {
+            if (packet.stream_index == diverted_) take_(packet);
             av_packet_unref(&packet);
         }
     }

@@ -2,6 +2,7 @@
 #pragma once
 #include "tools/source.h"
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 namespace player {
@@ -25,7 +26,12 @@ public:
     // To the first picture at or after `time`; false where the source cannot.
     bool seek(double time);
 
-    double time() const { return time_; } // of the last picture, from the start, in seconds
+    // Packets of another stream go to `take`, as they come up in the file.
+    void divert(int stream, std::function<void(AVPacket&)> take);
+    const AVFormatContext& file() const { return *format_; }
+
+    double time() const { return time_; }   // of the last picture, from the start, in seconds
+    double start() const { return start_; } // what the file calls the time of its first picture
     double frame_seconds() const { return frame_seconds_; }
     std::optional<double> duration() const;
     AVRational sample_aspect(AVFrame& frame) const;
@@ -33,6 +39,7 @@ public:
 
 private:
     void open_source();
+    void select_streams();
     bool receive(AVFrame& frame);
     void feed();
     bool read(AVPacket& packet);
@@ -45,6 +52,8 @@ private:
     FormatPtr format_;
     CodecPtr codec_;
     PacketPtr packet_;
+    int diverted_ = -1;
+    std::function<void(AVPacket&)> take_;
     AVStream* stream_ = nullptr;
     double time_ = 0, end_ = 0, start_ = 0, frame_seconds_ = 0;
     std::optional<double> skip_until_; // after a seek, which lands on a key picture before the target

@@ -26,6 +26,7 @@ using FormatPtr = std::unique_ptr<AVFormatContext, ReleaseByAddress<avformat_clo
 using ScalerPtr = std::unique_ptr<SwsContext, Release<sws_freeContext>>;
 
 FramePtr new_frame();
-std::string av_error_text(int code);
+// `content` is what the file should be, in words.
+std::string av_error_text(int code, const char* content = "a video");
 
 } // namespace player

@@ -9,12 +9,13 @@ bool is_zoom(Scaling scaling) { return scaling == Scaling::zoom_1x2 || scaling =
 
 bool is_rgb(SurfaceFormat format) { return format != SurfaceFormat::yuy2 && format != SurfaceFormat::yv12; }
 
-SurfaceFormat surface_for(SurfaceFormat wanted, Scaling scaling)
+// A field is loaded onto YUY2 alone, but mixed onto every surface.
+SurfaceFormat surface_for(SurfaceFormat wanted, Scaling scaling, Layer layer)
 {
     switch (scaling) {
     case Scaling::half_width:
     case Scaling::zoom_2x2: return is_rgb(wanted) ? SurfaceFormat::yuy2 : wanted;
-    case Scaling::field: return SurfaceFormat::yuy2;
+    case Scaling::field: return layer == Layer::none ? SurfaceFormat::yuy2 : wanted;
     default: return wanted;
     }
 }
@@ -39,7 +40,8 @@ Demand demand(SurfaceFormat surface, Scaling scaling)
     case Scaling::zoom_1x2: return {16, 16, 2, 12, 0};
     case Scaling::zoom_2x2: return {16, 32, 2, 16, 0};
     // Half of the lines are the field's, and of these there must be pairs.
-    case Scaling::field: return {16, 48, 4, 16, 0};
+    // Mixed onto planes, the last one of these is averaged with the line below it, of chroma too.
+    case Scaling::field: return {16, 48, 4, 16, surface == SurfaceFormat::yv12 ? 2 : 0};
     // loadimage_yuy2_ajust leaves pictures of eight lines or fewer alone.
     default: return {16, 16, 2, 10, 0};
     }
@@ -72,12 +74,15 @@ const char* scaling_text(Scaling scaling)
     }
 }
 
-Geometry plan(int width, int height, SurfaceFormat wanted, Scaling scaling, bool packed_source)
+SurfaceFormat rgb_for(SurfaceFormat wanted) { return is_rgb(wanted) ? wanted : SurfaceFormat::rgb32; }
+
+Geometry plan(int width, int height, SurfaceFormat wanted, Scaling scaling, bool packed_source, Layer layer)
 {
     Geometry g{};
-    g.surface = surface_for(wanted, scaling);
-    g.packed = packed_source && takes_packed(g.surface, scaling);
+    g.surface = surface_for(wanted, scaling, layer);
     g.field = scaling == Scaling::field;
+    g.mixed = layer == Layer::drawn || (g.field && g.surface != SurfaceFormat::yuy2);
+    g.packed = packed_source && !g.mixed && takes_packed(g.surface, scaling);
     const Demand needs = demand(g.surface, scaling);
     g.picture_width = needs.width(width);
     g.picture_height = needs.height(height);
@@ -90,9 +95,11 @@ Geometry plan(int width, int height, SurfaceFormat wanted, Scaling scaling, bool
     g.shown_height = height * down;
 
     // loadimage_yv12_ajust ignores the pitch of its source, the packed enlargers have no argument for it, and the band
-    // enlarger takes it for the width. The plane enlargers drift with any pitch but the width, on either side.
+    // enlarger takes it for the width. The plane enlargers drift with any pitch but the width, on either side. The half
+    // width mixer takes the subpicture's for both.
     g.tight_surface = is_zoom(scaling) && g.surface == SurfaceFormat::yv12;
     g.tight_picture = g.tight_surface || g.field || (g.packed && is_zoom(scaling)) ||
+                      (g.mixed && scaling == Scaling::half_width) ||
                       (g.surface == SurfaceFormat::yv12 && scaling == Scaling::none);
     return g;
 }

@@ -9,17 +9,24 @@ enum class Scaling { none, half_width, zoom_1x2, zoom_2x2, field };
 Scaling next_zoom(Scaling scaling);
 const char* scaling_text(Scaling scaling); // for titles: " half width"
 
+// What lies over the picture: nothing ever, nothing at the moment, or something.
+enum class Layer { none, empty, drawn };
+
 struct Geometry {
     SurfaceFormat surface;             // what is written; not every scaling exists for every format
     bool packed;                       // the loader reads YUY2 as it is
     bool field;                        // the loader reads every other line
+    bool mixed;                        // the layer is mixed with the picture
     int picture_width, picture_height; // whole blocks and groups of lines: what the loader reads
     int surface_width, surface_height; // what the loader writes
     int shown_width, shown_height;     // the part that is picture and not padding
     bool tight_picture, tight_surface; // lines follow each other without a gap
 };
 
-Geometry plan(int width, int height, SurfaceFormat wanted, Scaling scaling, bool packed_source);
+// Below a layer the surface is the same whether something is drawn or not.
+Geometry plan(int width, int height, SurfaceFormat wanted, Scaling scaling, bool packed_source,
+              Layer layer = Layer::none);
+SurfaceFormat rgb_for(SurfaceFormat wanted); // the same, or rgb32
 
 // The largest rectangle of the given aspect in the middle of an area.
 struct Rectangle {

@@ -5,7 +5,8 @@ namespace player {
 const char* key_text()
 {
     return "space pause | . next picture | 1 2 brightness | 3 4 contrast | 5 6 saturation | 0 reset | s surface | "
-           "w half width | z zoom | d field | left right seek | f full screen | h keys | q quit";
+           "w half width | z zoom | d field | v subtitles | a subpicture alone | o overlay | left right seek | f full "
+           "screen | h keys | q quit";
 }
 
 std::string help_text()
@@ -26,6 +27,20 @@ std::string help_text()
            "  --brightness N     added to luma, -255 to 255 (default 0)\n"
            "  --contrast X       gain around mid-grey, 0 to 3.98 (default 1)\n"
            "  --saturation X     gain of the colours, 0 to 3.98 (default 1)\n"
+           "  --overlay          paint the window in a colour key and show the video where the key is; a black bar on\n"
+           "                     top of it is open to the video as far as that has been played\n"
+           "\n"
+           "Subtitles:\n"
+           "  --subtitles FILE   draw those in FILE: ASS, SubRip, WebVTT, ... or a video with a text track\n"
+           "  --subtitle-track N\n"
+           "                     draw track N of the video, or of the FILE with --subtitles, counted from 1. "
+           "'default'\n"
+           "                     is the text track that is marked so, else the first. Bitmaps cannot be drawn.\n"
+           "  --subpicture-alone\n"
+           "                     nothing but the subtitles, on the colour key; surfaces other than RGB become rgb32.\n"
+           "                     With --overlay the key shows the video.\n"
+           "  Subtitles are drawn at the size of the video, then scaled with it. With them --field leaves the surface\n"
+           "  what it is, and averages lines: on yuy2 while there is one to be seen, elsewhere always.\n"
            "\n"
            "File without a header:\n"
            "  --format NAME      what FFmpeg calls its kind, such as rawvideo\n"

@@ -99,9 +99,11 @@ Export choose(const vsurf::Kernels& kernels, bool packed, SurfaceFormat format, 
     }
 }
 
+} // namespace
+
 // The plane enlargers take the luma gain for all planes: the offsets that keep neutral colours neutral then belong to
 // it, and saturation follows contrast.
-ajust_contrast_info parameters(const Surface& surface, const Controls& controls, Scaling scaling)
+ajust_contrast_info adjustment(const Surface& surface, const Controls& controls, Scaling scaling)
 {
     ajust_contrast_info info = controls.parameters();
     const bool zoom = scaling == Scaling::zoom_1x2 || scaling == Scaling::zoom_2x2;
@@ -111,14 +113,12 @@ ajust_contrast_info parameters(const Surface& surface, const Controls& controls,
     return info;
 }
 
-} // namespace
-
 const char* Loader::load(const Picture& picture, bool packed, Surface& surface, const Controls& controls,
                          Scaling scaling) const
 {
     const vsurf::Kernels& kernels = *isa_.kernels;
     // Some exports give U the offset of V and the reverse; the controls keep both equal.
-    ajust_contrast_info info = parameters(surface, controls, scaling);
+    ajust_contrast_info info = adjustment(surface, controls, scaling);
     get_contrast_data(&info);
     if (scaling == Scaling::field) return double_field(kernels, picture, surface);
     if (packed && scaling == Scaling::zoom_2x2) return enlarge_packed(kernels, picture, surface, controls.neutral());

@@ -1,4 +1,4 @@
-// The one place that calls the library: a picture onto a surface.
+// A picture onto a surface.
 #pragma once
 #include "frame/dispatch.h"
 #include "tools/controls.h"
@@ -6,6 +6,9 @@
 #include "tools/surface.h"
 
 namespace player {
+
+// What the library is told for a surface: the adjustment, the layout of its pixels, and how high it is.
+ajust_contrast_info adjustment(const Surface& surface, const Controls& controls, Scaling scaling);
 
 class Loader {
 public:

@@ -21,6 +21,10 @@ enum Id {
     kBrightness,
     kContrast,
     kSaturation,
+    kSubtitles,
+    kSubtitleTrack,
+    kAlone,
+    kOverlay,
     kDump,
     kFrames,
     kWindow,
@@ -43,6 +47,10 @@ constexpr option kOptions[] = {
     {"brightness", required_argument, nullptr, kBrightness},
     {"contrast", required_argument, nullptr, kContrast},
     {"saturation", required_argument, nullptr, kSaturation},
+    {"subtitles", required_argument, nullptr, kSubtitles},
+    {"subtitle-track", required_argument, nullptr, kSubtitleTrack},
+    {"subpicture-alone", no_argument, nullptr, kAlone},
+    {"overlay", no_argument, nullptr, kOverlay},
     {"dump", required_argument, nullptr, kDump},
     {"frames", required_argument, nullptr, kFrames},
     {"window", no_argument, nullptr, kWindow},
@@ -78,6 +86,12 @@ int gain(const char* text, const char* name)
 {
     constexpr double kMost = 3.98; // the last hundredth that rounds to no more than Controls::kMaxGain
     return static_cast<int>(std::lround(number(text, name, 0.0, kMost) * Controls::kUnity));
+}
+
+int track(const std::string& text)
+{
+    constexpr int kMostTracks = 999;
+    return text == "default" ? 0 : number(text.c_str(), "subtitle-track", 1, kMostTracks);
 }
 
 SurfaceFormat surface(const char* text)
@@ -138,19 +152,31 @@ void shape(int id, const char* argument, Source& source)
     }
 }
 
+void turn(int id, const char* argument, View& view)
+{
+    switch (id) {
+    case kSurface: view.surface = surface(argument); break;
+    case kHalf: view.scaling = Scaling::half_width; break;
+    case kZoom: view.scaling = zoom(argument); break;
+    case kField: view.scaling = Scaling::field; break;
+    case kBrightness:
+        view.controls.brightness = number(argument, "brightness", -Controls::kMaxBrightness, Controls::kMaxBrightness);
+        break;
+    case kContrast: view.controls.contrast = gain(argument, "contrast"); break;
+    case kSaturation: view.controls.saturation = gain(argument, "saturation"); break;
+    case kAlone: view.alone = true; break;
+    case kOverlay: view.overlay = true; break;
+    }
+}
+
 void apply(int id, const char* argument, Options& options)
 {
     switch (id) {
-    case kSurface: options.surface = surface(argument); break;
-    case kHalf: options.scaling = Scaling::half_width; break;
-    case kZoom: options.scaling = zoom(argument); break;
-    case kField: options.scaling = Scaling::field; break;
-    case kBrightness:
-        options.controls.brightness =
-            number(argument, "brightness", -Controls::kMaxBrightness, Controls::kMaxBrightness);
+    case kSubtitles:
+        if (!*argument) throw Error("--subtitles: names no file");
+        options.subtitles.file = argument;
         break;
-    case kContrast: options.controls.contrast = gain(argument, "contrast"); break;
-    case kSaturation: options.controls.saturation = gain(argument, "saturation"); break;
+    case kSubtitleTrack: options.subtitles.track = track(argument); break;
     case kDump:
         if (!*argument) throw Error("--dump: names no directory");
         options.dump = argument;
@@ -162,7 +188,7 @@ void apply(int id, const char* argument, Options& options)
     case kQuiet: options.quiet = true; break;
     case 'h': options.action = Options::Action::help; break;
     case 'V': options.action = Options::Action::version; break;
-    default: shape(id, argument, options.source);
+    default: shape(id, argument, options.source); turn(id, argument, options.view);
     }
 }
 
@@ -181,6 +207,10 @@ void check_together(const Options& options, const std::set<int>& given)
     };
     if (given.contains(kHalf) + given.contains(kZoom) + given.contains(kField) > 1)
         throw Error("--half, --zoom and --field exclude each other");
+    if (options.view.alone && !options.subtitles.wanted)
+        throw Error("--subpicture-alone: needs --subtitles or --subtitle-track");
+    if (options.subtitles.file == "-" && options.source.is_standard_input())
+        throw Error("--subtitles -: standard input is the video already");
     if (any({kSize, kSeconds}) && !options.source.is_pattern())
         throw Error("--size and --seconds shape the test pattern; they do not go with a file");
     if (any({kFormat, kVideoSize}) && options.source.is_pattern())
@@ -208,6 +238,7 @@ Options parse_options(int argc, char** argv)
         if (!*argv[optind]) throw Error("the file name is empty");
         options.source.file = argv[optind];
     }
+    options.subtitles.wanted = given.contains(kSubtitles) || given.contains(kSubtitleTrack);
     options.window = given.contains(kWindow) || !options.dump;
     check_together(options, given);
     return options;

@@ -1,22 +1,26 @@
 // The command line.
 #pragma once
 #include "frame/dispatch.h"
-#include "tools/controls.h"
-#include "tools/geometry.h"
 #include "tools/source.h"
+#include "tools/view.h"
 #include <filesystem>
 #include <optional>
 
 namespace player {
+
+struct SubtitleChoice {
+    bool wanted = false;
+    std::string file; // empty: the clip itself
+    int track = 0;    // from 1; 0: the file's default
+};
 
 struct Options {
     enum class Action { play, help, version };
 
     Action action = Action::play;
     Source source;
-    SurfaceFormat surface = SurfaceFormat::rgb32;
-    Scaling scaling = Scaling::none;
-    Controls controls;
+    View view;
+    SubtitleChoice subtitles;
     std::optional<std::filesystem::path> dump;
     std::optional<int64_t> frames;
     bool window = true;

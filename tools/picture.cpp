@@ -4,7 +4,7 @@
 namespace player {
 namespace {
 
-// The plane enlargers read one sample beyond the last one of a plane.
+// The plane enlargers read one sample beyond the last one of a plane, mixers of a field one of its lines.
 constexpr std::size_t kReadSlack = 64;
 
 struct Plane {
@@ -72,7 +72,7 @@ Picture PictureSource::copy_planes(const AVFrame& frame, const Geometry& geometr
     const int width = geometry.picture_width, height = geometry.picture_height;
     const int pitch = geometry.tight_picture ? width : round_up(width, 128);
     const auto luma_size = static_cast<std::size_t>(pitch) * static_cast<std::size_t>(height);
-    reserve(luma_size / 2 * 3);
+    reserve(luma_size / 2 * 3 + static_cast<std::size_t>(pitch) / 2);
     const Picture picture{bytes_.get(), bytes_.get() + luma_size, bytes_.get() + luma_size / 4 * 5, width, height,
                           pitch};
 

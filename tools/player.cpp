@@ -13,11 +13,25 @@ static constexpr int kBrightnessStep = 4, kGainStep = 4;
 static constexpr auto kLongestWait = 100ms; // between looks at the signals
 
 Player::Player(const Options& options, const StopSignals& stop)
-    : options_(options), stop_(stop), decoder_(options.source), loader_(*options.isa), progress_(!options.quiet),
-      coming_(new_frame()), shown_(new_frame()), format_(options.surface), scaling_(options.scaling),
-      controls_(options.controls)
+    : options_(options), stop_(stop), decoder_(options.source), renderer_(*options.isa, stats_),
+      progress_(!options.quiet), coming_(new_frame()), shown_(new_frame()), view_(options.view)
 {
+    if (options.subtitles.wanted) open_subtitles();
     if (options.dump) dump_.emplace(*options.dump);
+}
+
+void Player::open_subtitles()
+{
+    const SubtitleChoice& choice = options_.subtitles;
+    if (!choice.file.empty()) {
+        Source source;
+        source.file = choice.file;
+        source.content = "subtitles";
+        subtitles_ = read_subtitles(source, choice.track);
+        return;
+    }
+    subtitles_ = std::make_unique<Subtitles>(decoder_.file(), choice.track, options_.source.name());
+    decoder_.divert(subtitles_->stream(), [this](AVPacket& packet) { subtitles_->take(packet); });
 }
 
 void Player::run()
@@ -82,7 +96,7 @@ Player::Next Player::obey(Command command)
     case Command::keys: keys_in_title_ = !keys_in_title_; break;
     default:
         turn(command);
-        load();
+        render();
         show();
     }
     window_->title(title());
@@ -92,22 +106,25 @@ Player::Next Player::obey(Command command)
 void Player::turn(Command command)
 {
     switch (command) {
-    case Command::darker: controls_.turn_brightness(-kBrightnessStep); break;
-    case Command::brighter: controls_.turn_brightness(kBrightnessStep); break;
-    case Command::less_contrast: controls_.turn_contrast(-kGainStep); break;
-    case Command::more_contrast: controls_.turn_contrast(kGainStep); break;
-    case Command::less_saturation: controls_.turn_saturation(-kGainStep); break;
-    case Command::more_saturation: controls_.turn_saturation(kGainStep); break;
-    case Command::reset: controls_ = {}; break;
-    case Command::next_surface: format_ = next_format(format_); break;
+    case Command::darker: view_.controls.turn_brightness(-kBrightnessStep); break;
+    case Command::brighter: view_.controls.turn_brightness(kBrightnessStep); break;
+    case Command::less_contrast: view_.controls.turn_contrast(-kGainStep); break;
+    case Command::more_contrast: view_.controls.turn_contrast(kGainStep); break;
+    case Command::less_saturation: view_.controls.turn_saturation(-kGainStep); break;
+    case Command::more_saturation: view_.controls.turn_saturation(kGainStep); break;
+    case Command::reset: view_.controls = {}; break;
+    case Command::next_surface: view_.surface = next_format(view_.surface); break;
     case Command::half_width: toggle(Scaling::half_width); break;
-    case Command::zoom: scaling_ = next_zoom(scaling_); break;
+    case Command::zoom: view_.scaling = next_zoom(view_.scaling); break;
     case Command::field: toggle(Scaling::field); break;
+    case Command::subtitles: view_.subtitles = !view_.subtitles; break;
+    case Command::alone: view_.alone = !view_.alone; break;
+    case Command::overlay: view_.overlay = !view_.overlay; break;
     default: break;
     }
 }
 
-void Player::toggle(Scaling scaling) { scaling_ = scaling_ == scaling ? Scaling::none : scaling; }
+void Player::toggle(Scaling scaling) { view_.scaling = view_.scaling == scaling ? Scaling::none : scaling; }
 
 bool Player::seek(double by)
 {
@@ -125,35 +142,36 @@ void Player::take_picture()
     av_frame_move_ref(shown_.get(), coming_.get());
     shown_time_ = decoder_.time();
     pictures_++;
-    load();
-    if (dump_) dump_->write(rgb_.convert(surface_));
+    render();
+    if (dump_) dump_->write(renderer_.image());
     if (options_.window) show();
     progress_.update(shown_time_, decoder_.duration(), pictures_);
 }
 
-void Player::load()
+void Player::render()
 {
-    const Geometry geometry = plan(shown_->width, shown_->height, format_, scaling_, is_yuy2(*shown_));
-    const AVFrame& frame = geometry.packed ? *shown_ : converter_.to_yuv420p(*shown_);
-    const Picture picture = picture_.take(frame, geometry);
-    surface_.shape(geometry.surface, geometry.surface_width, geometry.surface_height, geometry.shown_width,
-                   geometry.shown_height, geometry.tight_surface);
-    stats_.time([&] { return loader_.load(picture, geometry.packed, surface_, controls_, scaling_); });
+    Renderer::Moment moment{shown_time_, av_q2d(decoder_.sample_aspect(*shown_)), std::nullopt};
+    // Events in the clip's own tracks count its time, which need not start at 0.
+    if (options_.subtitles.file.empty()) moment.time += decoder_.start();
+    if (const auto duration = decoder_.duration()) moment.played = std::clamp(shown_time_ / *duration, 0.0, 1.0);
+    renderer_.render(*shown_, moment, view_, subtitles_.get());
 }
 
 void Player::show()
 {
+    const Surface& surface = renderer_.surface();
     const AVRational sample = decoder_.sample_aspect(*shown_);
-    const double width = surface_.shown_width() * av_q2d(sample), height = surface_.shown_height();
+    const double width = surface.shown_width() * av_q2d(sample), height = surface.shown_height();
     if (!window_) {
         // Stretched, never shrunk, so that every pixel of the picture is seen.
-        const double scale = std::max(1.0, surface_.shown_width() / width);
+        const double scale = std::max(1.0, surface.shown_width() / width);
         window_.emplace(std::max(1, static_cast<int>(std::lround(width * scale))),
                         std::max(1, static_cast<int>(std::lround(height * scale))), title());
         if (progress_.shown()) std::fprintf(stderr, "%s\n", key_text());
     }
     window_->title(title());
-    window_->show(surface_, width / height);
+    if (view_.overlay) window_->show(renderer_.image(), width / height);
+    else window_->show(surface, width / height);
 }
 
 // The last picture stays for its time; the only picture of a still stays until the viewer closes it.
@@ -168,22 +186,31 @@ void Player::hold_last()
 void Player::finish() const
 {
     if (options_.stats)
-        for (const std::string& line : stats_.lines()) std::printf("vsurf %s, %s\n", loader_.isa_name(), line.c_str());
+        for (const std::string& line : stats_.lines())
+            std::printf("vsurf %s, %s\n", renderer_.isa_name(), line.c_str());
     std::fflush(stdout);
     const Damage& damage = decoder_.damage();
     if (damage.any()) throw Error(options_.source.name() + ": " + damage.text());
+    const std::string lost = subtitles_ ? subtitles_->damage() : "";
+    if (!lost.empty()) throw Error(lost);
     if (pictures_ == 0 && !stop_.pending()) throw Error(options_.source.name() + ": no picture could be decoded");
 }
 
 std::string Player::title() const
 {
     if (keys_in_title_) return key_text();
+    const Surface& surface = renderer_.surface();
     char text[160];
-    std::snprintf(text, sizeof text, "%s %dx%d%s, brightness %+d, contrast %.2f, saturation %.2f%s",
-                  traits(surface_.format()).name, surface_.shown_width(), surface_.shown_height(),
-                  scaling_text(scaling_), controls_.brightness, controls_.contrast / double{Controls::kUnity},
-                  controls_.saturation / double{Controls::kUnity}, paused_ ? ", paused" : "");
-    return text + std::string(" - ") + options_.source.name();
+    std::snprintf(
+        text, sizeof text, "%s %dx%d%s, brightness %+d, contrast %.2f, saturation %.2f", traits(surface.format()).name,
+        surface.shown_width(), surface.shown_height(), scaling_text(view_.scaling), view_.controls.brightness,
+        view_.controls.contrast / double{Controls::kUnity}, view_.controls.saturation / double{Controls::kUnity});
+    std::string title = text;
+    if (subtitles_ && !view_.subtitles) title += ", subtitles hidden";
+    if (subtitles_ && view_.alone) title += ", subpicture alone";
+    if (view_.overlay) title += ", overlay";
+    if (paused_) title += ", paused";
+    return title + " - " + options_.source.name();
 }
 
 } // namespace player

@@ -1,14 +1,11 @@
-// Plays a source: decodes, paces, loads, shows and dumps, and obeys the keys.
+// Plays a source: decodes, paces, renders, shows and dumps, and obeys the keys.
 #pragma once
-#include "tools/converter.h"
 #include "tools/decoder.h"
-#include "tools/loader.h"
 #include "tools/options.h"
 #include "tools/pace.h"
-#include "tools/picture.h"
 #include "tools/png_writer.h"
 #include "tools/progress.h"
-#include "tools/stats.h"
+#include "tools/renderer.h"
 #include "tools/stop_signals.h"
 #include "tools/window.h"
 
@@ -24,6 +21,7 @@ public:
 private:
     enum class Next { show, quit, read_again };
 
+    void open_subtitles();
     bool read();
     Next wait_for(double time);
     Next obey(Command command);
@@ -31,7 +29,7 @@ private:
     void toggle(Scaling scaling);
     bool seek(double by);
     void take_picture();
-    void load();
+    void render();
     void show();
     void hold_last();
     void finish() const;
@@ -40,12 +38,9 @@ private:
     const Options& options_;
     const StopSignals& stop_;
     Decoder decoder_;
-    Converter converter_;
-    PictureSource picture_;
-    Loader loader_;
-    Surface surface_;
-    RgbConverter rgb_;
     Stats stats_;
+    Renderer renderer_;
+    std::unique_ptr<Subtitles> subtitles_;
     Pace pace_;
     std::optional<PngWriter> dump_;
     std::optional<Window> window_;
@@ -54,10 +49,8 @@ private:
     FramePtr coming_, shown_; // the decoder's next picture, and the one that is seen
     double shown_time_ = 0;
     int64_t pictures_ = 0, pictures_at_start_ = 0;
-    SurfaceFormat format_;
-    Scaling scaling_;
+    View view_;
     bool paused_ = false, step_ = false, keys_in_title_ = false;
-    Controls controls_;
 };
 
 } // namespace player

@@ -77,9 +77,9 @@ FramePtr new_frame()
     return frame;
 }
 
-std::string av_error_text(int code)
+std::string av_error_text(int code, const char* content)
 {
-    if (code == AVERROR_INVALIDDATA) return "not a video that FFmpeg understands";
+    if (code == AVERROR_INVALIDDATA) return std::string("not ").append(content).append(" that FFmpeg understands");
     char text[AV_ERROR_MAX_STRING_SIZE] = {};
     av_strerror(code, text, sizeof text);
     return text;
@@ -99,13 +99,14 @@ FormatPtr open(const Source& source)
     const std::string what = source.is_pattern() ? pattern(source) : address(source);
     Dictionary words = description(source);
     int status = avformat_open_input(&opened, what.c_str(), format, &words.entries);
-    if (status < 0) throw Error(source.name() + ": " + av_error_text(status));
+    if (status < 0) throw Error(source.name() + ": " + av_error_text(status, source.content));
     FormatPtr context(opened);
     check_all_taken(source, words, *context);
     // FFmpeg would draw a text file as terminal art.
-    if (!std::strcmp(context->iformat->name, "tty")) throw Error(source.name() + ": a text file, not a video");
+    if (!std::strcmp(context->iformat->name, "tty"))
+        throw Error(source.name() + ": a text file, not " + source.content);
     status = avformat_find_stream_info(context.get(), nullptr);
-    if (status < 0) throw Error(source.name() + ": " + av_error_text(status));
+    if (status < 0) throw Error(source.name() + ": " + av_error_text(status, source.content));
     return context;
 }
 

@@ -11,6 +11,7 @@ struct Source {
     // What a file without a header does not say of itself, in FFmpeg's words: -f, -video_size and -pixel_format, which
     // also shapes the pattern. Empty: FFmpeg finds out.
     std::string format, frame_size, pixel_format;
+    const char* content = "a video"; // what it should be, for messages
 
     static constexpr int kPatternRate = 25;
 

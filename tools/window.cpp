@@ -47,6 +47,9 @@ Command key_command(const SDL_Keysym& key)
     case SDLK_w: return Command::half_width;
     case SDLK_z: return Command::zoom;
     case SDLK_d: return Command::field;
+    case SDLK_v: return Command::subtitles;
+    case SDLK_a: return Command::alone;
+    case SDLK_o: return Command::overlay;
     case SDLK_LEFT: return Command::back;
     case SDLK_RIGHT: return Command::forward;
     case SDLK_f: return Command::full_screen;
@@ -63,6 +66,9 @@ bool repeats(Command command)
     case Command::half_width:
     case Command::zoom:
     case Command::field:
+    case Command::subtitles:
+    case Command::alone:
+    case Command::overlay:
     case Command::full_screen:
     case Command::keys: return false;
     default: return true;
@@ -116,13 +122,25 @@ void Window::show(const Surface& surface, double aspect)
                 : SDL_UpdateTexture(texture_.get(), nullptr, surface.bytes(), surface.pitch());
         if (status != 0) fail("the texture took no picture");
     } else {
-        const RgbImage& image = converter_.convert(surface);
-        shape_texture(SDL_PIXELFORMAT_RGB24, image.width, image.height);
-        if (SDL_UpdateTexture(texture_.get(), nullptr, image.bytes.data(), 3 * image.width) != 0)
-            fail("the texture took no picture");
+        take(converter_.convert(surface));
     }
     shown_ = {0, 0, surface.shown_width(), surface.shown_height()};
     draw();
+}
+
+void Window::show(const RgbImage& image, double aspect)
+{
+    aspect_ = aspect;
+    take(image);
+    shown_ = {0, 0, image.width, image.height};
+    draw();
+}
+
+void Window::take(const RgbImage& image)
+{
+    shape_texture(SDL_PIXELFORMAT_RGB24, image.width, image.height);
+    if (SDL_UpdateTexture(texture_.get(), nullptr, image.bytes.data(), 3 * image.width) != 0)
+        fail("the texture took no picture");
 }
 
 void Window::shape_texture(Uint32 format, int width, int height)

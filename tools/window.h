@@ -23,6 +23,9 @@ enum class Command {
     half_width,
     zoom,
     field,
+    subtitles,
+    alone,
+    overlay,
     back,
     forward,
     full_screen,
@@ -48,12 +51,14 @@ public:
 
     // `aspect` is that of the shown part as it should appear.
     void show(const Surface& surface, double aspect);
+    void show(const RgbImage& image, double aspect);
     void title(const std::string& text);
     void toggle_full_screen();
     // The next command, or none when the time is over.
     Command wait(std::chrono::milliseconds longest);
 
 private:
+    void take(const RgbImage& image);
     void shape_texture(Uint32 format, int width, int height);
     void draw();
     Command command(const SDL_Event& event);

@@ -37,6 +37,7 @@ Image Dump::dump(const Yuv& picture, Arguments options)
     EXPECT_EQ(result.status, 0) << result.err;
     EXPECT_EQ(result.err, "");
     exported_ = export_in(result.out);
+    stats_ = result.out;
     return read_png(directory / "picture-000001.png");
 }
 

@@ -37,8 +37,10 @@ class Dump : public testing::TestWithParam<SurfaceCase> {
 protected:
     // The picture as a file of its own: 4:2:0 with a header, 4:2:2 as YUY2 without one.
     Image dump(const Yuv& picture, Arguments options);
-    // The export that made the last dump.
+    // The export that made the last dump, or the first one of several.
     const std::string& exported() const { return exported_; }
+    bool used(const std::string& name) const { return stats_.find(", " + name + ": ") != std::string::npos; }
+    std::filesystem::path scratch(const std::string& name) const { return scratch_ / name; }
 
     void expect_similar(const Image& got, const Image& expected) const { expect_similar(got, expected, GetParam()); }
     static void expect_similar(const Image& got, const Image& expected, const SurfaceCase& surface);
@@ -47,7 +49,7 @@ protected:
 
 private:
     const ScratchDirectory scratch_;
-    std::string exported_;
+    std::string exported_, stats_;
 };
 
 } // namespace player_test

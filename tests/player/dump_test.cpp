@@ -1,6 +1,7 @@
 // Dumped pictures against the same pictures computed here, with real numbers, from the clip's own samples.
 #include "frame/dispatch.h"
 #include "tests/player/dump.h"
+#include "tests/player/enlarged.h"
 
 namespace player_test {
 namespace {
@@ -25,27 +26,7 @@ TEST_P(Dump, obeys_the_picture_controls)
     expect_similar(dump(picture, {"--saturation", "0", "--contrast", "1.25"}), render(adjusted(picture, 0, 80, 0)));
 }
 
-// YUY2 averages neighbours, YV12 keeps each second sample.
-Yuv half_width(const Yuv& from, bool average)
-{
-    Yuv to((from.width + 1) / 2, from.height);
-    auto mix = [&](int even, int odd) { return static_cast<uint8_t>(average ? (even + odd + 1) / 2 : odd); };
-    for (int line = 0; line < to.height; line++)
-        for (int x = 0; x < to.width; x++)
-            to.y[static_cast<std::size_t>(line * to.width + x)] =
-                mix(from.luma(2 * x, line), from.luma(2 * x + 1, line));
-    for (int line = 0; line < to.chroma_height(); line++) {
-        for (int x = 0; x < to.chroma_width(); x++) {
-            const auto even = from.chroma(2 * x, line), odd = from.chroma(2 * x + 1, line);
-            const auto at = static_cast<std::size_t>(line * to.chroma_width() + x);
-            to.u[at] = mix(even[0], odd[0]);
-            to.v[at] = mix(even[1], odd[1]);
-        }
-    }
-    return to;
-}
-
-// RGB surfaces become YUY2.
+// RGB surfaces become YUY2, which averages neighbours; YV12 keeps each second sample.
 TEST_P(Dump, halves_the_width)
 {
     for (const Size& size : kSizes) {

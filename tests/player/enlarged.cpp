@@ -113,9 +113,10 @@ Yuv chroma_for_every_line(const Yuv& from)
                 [&](int plane, int x, int line) { return from.at(plane, x, plane ? line / 2 : line); });
 }
 
-Yuv field_doubled(const Yuv& from)
+Yuv field_doubled(const Yuv& from, bool along_edges)
 {
     const int width = std::max(48, up_to(from.width, 16)), height = std::max(16, up_to(from.height, 4));
+    const int border = along_edges ? 16 : width;
     return make(from.width, from.height, 1, [&](int plane, int x, int line) {
         const int lines = plane ? from.chroma_height() : from.height, own_last = (lines - 1) / 2 * 2;
         auto own = [&](int number) { return std::min(2 * number, own_last); };
@@ -123,7 +124,25 @@ Yuv field_doubled(const Yuv& from)
         const int above = plane ? line / 4 : line / 2;
         const bool mixed = plane ? lower_half && !closing : line % 2 && !(closing && lower_half);
         if (!mixed) return from.at(plane, x, own(above));
-        return Edges{from, plane, own(above), own(above + 1), plane ? width / 2 : width, plane ? 8 : 16}.between(x);
+        return Edges{from, plane, own(above), own(above + 1), plane ? width / 2 : width, plane ? border / 2 : border}
+            .between(x);
+    });
+}
+
+Yuv planes_of_field_doubled(const Yuv& from)
+{
+    return make(from.width, from.height, 2, [&](int plane, int x, int line) {
+        const int lines = plane ? from.chroma_height() : from.height, own_last = (lines - 1) / 2 * 2;
+        const int above = from.at(plane, x, line / 2 * 2);
+        return line % 2 ? average(above, from.at(plane, x, std::min(line + 1, own_last))) : above;
+    });
+}
+
+Yuv half_width(const Yuv& from, bool averaged)
+{
+    return make((from.width + 1) / 2, from.height, from.chroma_step, [&](int plane, int x, int line) {
+        const int even = from.at(plane, 2 * x, line), odd = from.at(plane, 2 * x + 1, line);
+        return averaged ? average(even, odd) : odd;
     });
 }
 

@@ -33,24 +33,26 @@ TEST_P(WrongUsage, is_refused) { expect_refused(play(GetParam().arguments), GetP
 
 INSTANTIATE_TEST_SUITE_P(
     Options, WrongUsage,
-    testing::Values(Usage{{"--colour"}, "--colour"}, Usage{{"-x"}, "-x"}, Usage{{"--surface", "rgb8"}, "rgb16-565"},
-                    Usage{{"--surface"}, "needs a value"}, Usage{{"--half=1"}, "takes no value"},
-                    Usage{{"--frames", "0"}, "from 1"}, Usage{{"--frames", "5x"}, "5x"},
-                    Usage{{"--frames", "99999999999999999999"}, "not a number"}, Usage{{"--brightness", "256"}, "255"},
-                    Usage{{"--contrast", "nan"}, "3.98"}, Usage{{"--contrast", "-1"}, "-1"},
-                    Usage{{"--saturation", ""}, "not a number"}, Usage{{"--size", "640"}, "WIDTHxHEIGHT"},
-                    Usage{{"--size", "0x480"}, "from 1"}, Usage{{"--size", "640x99999"}, "16384"},
-                    Usage{{"--seconds", "-2"}, "-2"}, Usage{{"--isa", "mmx"}, "scalar"},
-                    Usage{{"--dump", ""}, "directory"}, Usage{{"--size", "64x64", "film.mp4"}, "test pattern"},
-                    Usage{{"a.mp4", "b.mp4"}, "b.mp4"}, Usage{{""}, "empty"}, Usage{{"--loop", "-"}, "standard input"},
-                    Usage{{"--loop", "--dump", "pictures"}, "--frames"}, Usage{{"--zoom", "2X2"}, "1x2"},
-                    Usage{{"--half", "--zoom", "1x2"}, "exclude each other"},
-                    Usage{{"--zoom", "2x2", "--field"}, "exclude each other"},
-                    Usage{{"--field", "--half"}, "exclude each other"}, Usage{{"--format", "rawvideo"}, "a file"},
-                    Usage{{"--video-size", "32x32"}, "a file"}, Usage{{"--video-size", "32", "f.yuv"}, "WIDTHxHEIGHT"},
-                    Usage{{"--format", "rawvideo", "f.yuv"}, "--video-size"},
-                    Usage{{"--format", "film", "f.yuv"}, "--format film"},
-                    Usage{{"--pixel-format", "yuy3", "f.yuv"}, "--pixel-format yuy3"}));
+    testing::Values(
+        Usage{{"--colour"}, "--colour"}, Usage{{"-x"}, "-x"}, Usage{{"--surface", "rgb8"}, "rgb16-565"},
+        Usage{{"--surface"}, "needs a value"}, Usage{{"--half=1"}, "takes no value"},
+        Usage{{"--frames", "0"}, "from 1"}, Usage{{"--frames", "5x"}, "5x"},
+        Usage{{"--frames", "99999999999999999999"}, "not a number"}, Usage{{"--brightness", "256"}, "255"},
+        Usage{{"--contrast", "nan"}, "3.98"}, Usage{{"--contrast", "-1"}, "-1"},
+        Usage{{"--saturation", ""}, "not a number"}, Usage{{"--size", "640"}, "WIDTHxHEIGHT"},
+        Usage{{"--size", "0x480"}, "from 1"}, Usage{{"--size", "640x99999"}, "16384"}, Usage{{"--seconds", "-2"}, "-2"},
+        Usage{{"--isa", "mmx"}, "scalar"}, Usage{{"--dump", ""}, "directory"},
+        Usage{{"--size", "64x64", "film.mp4"}, "test pattern"}, Usage{{"a.mp4", "b.mp4"}, "b.mp4"},
+        Usage{{""}, "empty"}, Usage{{"--loop", "-"}, "standard input"},
+        Usage{{"--loop", "--dump", "pictures"}, "--frames"}, Usage{{"--zoom", "2X2"}, "1x2"},
+        Usage{{"--half", "--zoom", "1x2"}, "exclude each other"},
+        Usage{{"--zoom", "2x2", "--field"}, "exclude each other"}, Usage{{"--field", "--half"}, "exclude each other"},
+        Usage{{"--format", "rawvideo"}, "a file"}, Usage{{"--video-size", "32x32"}, "a file"},
+        Usage{{"--video-size", "32", "f.yuv"}, "WIDTHxHEIGHT"},
+        Usage{{"--format", "rawvideo", "f.yuv"}, "--video-size"}, Usage{{"--format", "film", "f.yuv"}, "--format film"},
+        Usage{{"--pixel-format", "yuy3", "f.yuv"}, "--pixel-format yuy3"}, Usage{{"--subtitles", ""}, "names no file"},
+        Usage{{"--subtitle-track", "0"}, "from 1"}, Usage{{"--subtitle-track", "first"}, "not a number"},
+        Usage{{"--subpicture-alone"}, "needs --subtitles"}, Usage{{"--subtitles", "-", "-"}, "standard input"}));
 
 TEST(WrongInput, missing_file) { expect_refused(play({"/no/such/film.mp4"}), "No such file"); }
 
@@ -128,8 +130,28 @@ TEST(Texts, help_names_every_surface_and_goes_to_stdout)
     const Result result = play({"--help"});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.err, "");
-    for (const char* word : {"rgb32", "rgb24", "rgb16-565", "rgb16-555", "rgb16-664", "rgb16-655", "yuy2", "yv12",
-                             "--dump", "space", "--zoom", "--field", "--pixel-format", "z zoom", "d field"})
+    for (const char* word : {"rgb32",
+                             "rgb24",
+                             "rgb16-565",
+                             "rgb16-555",
+                             "rgb16-664",
+                             "rgb16-655",
+                             "yuy2",
+                             "yv12",
+                             "--dump",
+                             "space",
+                             "--zoom",
+                             "--field",
+                             "--pixel-format",
+                             "z zoom",
+                             "d field",
+                             "--subtitles",
+                             "--subtitle-track",
+                             "--subpicture-alone",
+                             "--overlay",
+                             "v subtitles",
+                             "a subpicture alone",
+                             "o overlay"})
         EXPECT_NE(result.out.find(word), std::string::npos) << word;
 }
 

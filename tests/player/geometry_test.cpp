@@ -81,6 +81,39 @@ TEST(Geometry, field_has_pairs_of_its_own_lines)
     EXPECT_EQ(player::plan(1, 1, SurfaceFormat::yuy2, Scaling::field, false).picture_width, 48);
 }
 
+TEST(Geometry, below_subtitles_a_field_keeps_its_surface)
+{
+    const auto field = [](SurfaceFormat surface, player::Layer layer) {
+        return player::plan(720, 486, surface, Scaling::field, true, layer);
+    };
+    const Geometry empty = field(SurfaceFormat::rgb24, player::Layer::empty);
+    EXPECT_EQ(empty.surface, SurfaceFormat::rgb24);
+    EXPECT_TRUE(empty.mixed) << "no loader takes a field to RGB";
+    EXPECT_FALSE(field(SurfaceFormat::yuy2, player::Layer::empty).mixed);
+    EXPECT_TRUE(field(SurfaceFormat::yuy2, player::Layer::drawn).mixed);
+    const Geometry planes = field(SurfaceFormat::yv12, player::Layer::drawn);
+    EXPECT_EQ(planes.picture_height, 488) << "a pair of lines below those that are shown";
+    EXPECT_EQ(player::plan(720, 488, SurfaceFormat::yv12, Scaling::field, true, player::Layer::drawn).picture_height,
+              492);
+}
+
+TEST(Geometry, mixes_planes_onto_the_same_surface_that_is_loaded)
+{
+    for (const Scaling scaling : {Scaling::none, Scaling::half_width, Scaling::zoom_1x2, Scaling::zoom_2x2}) {
+        for (const SurfaceFormat surface : {SurfaceFormat::rgb24, SurfaceFormat::yuy2, SurfaceFormat::yv12}) {
+            const Geometry drawn = player::plan(101, 37, surface, scaling, true, player::Layer::drawn);
+            const Geometry empty = player::plan(101, 37, surface, scaling, true, player::Layer::empty);
+            EXPECT_TRUE(drawn.mixed && !drawn.packed);
+            EXPECT_FALSE(empty.mixed);
+            EXPECT_EQ(drawn.surface, empty.surface);
+            EXPECT_EQ(drawn.surface_width, empty.surface_width);
+            EXPECT_EQ(drawn.surface_height, empty.surface_height);
+            EXPECT_EQ(drawn.tight_surface, empty.tight_surface);
+            EXPECT_TRUE(drawn.tight_picture || scaling != Scaling::half_width) << "has not the subpicture's pitch";
+        }
+    }
+}
+
 TEST(Geometry, zooms_come_round)
 {
     EXPECT_EQ(player::next_zoom(Scaling::none), Scaling::zoom_1x2);

@@ -52,10 +52,10 @@ TEST(Options, are_what_the_words_say)
 {
     const auto options =
         parse({"--surface", "rgb16-655", "film.mkv", "--contrast=1.5", "--brightness", "-7", "--frames=9"});
-    EXPECT_EQ(options.surface, SurfaceFormat::rgb16_655);
+    EXPECT_EQ(options.view.surface, SurfaceFormat::rgb16_655);
     EXPECT_EQ(options.source.file, "film.mkv");
-    EXPECT_EQ(options.controls.contrast, 96);
-    EXPECT_EQ(options.controls.brightness, -7);
+    EXPECT_EQ(options.view.controls.contrast, 96);
+    EXPECT_EQ(options.view.controls.brightness, -7);
     EXPECT_EQ(options.frames, 9);
     EXPECT_TRUE(options.window);
 }
@@ -70,15 +70,29 @@ TEST(Options, dump_closes_the_window_unless_it_is_asked_for)
 
 TEST(Options, choose_a_scaling_and_describe_a_file)
 {
-    EXPECT_EQ(parse({}).scaling, Scaling::none);
-    EXPECT_EQ(parse({"--half"}).scaling, Scaling::half_width);
-    EXPECT_EQ(parse({"--zoom", "1x2"}).scaling, Scaling::zoom_1x2);
-    EXPECT_EQ(parse({"--zoom=2x2"}).scaling, Scaling::zoom_2x2);
-    EXPECT_EQ(parse({"--field"}).scaling, Scaling::field);
+    EXPECT_EQ(parse({}).view.scaling, Scaling::none);
+    EXPECT_EQ(parse({"--half"}).view.scaling, Scaling::half_width);
+    EXPECT_EQ(parse({"--zoom", "1x2"}).view.scaling, Scaling::zoom_1x2);
+    EXPECT_EQ(parse({"--zoom=2x2"}).view.scaling, Scaling::zoom_2x2);
+    EXPECT_EQ(parse({"--field"}).view.scaling, Scaling::field);
     const auto options = parse({"--format", "rawvideo", "--pixel-format=yuyv422", "--video-size", "33x9", "clip.yuy2"});
     EXPECT_EQ(options.source.format, "rawvideo");
     EXPECT_EQ(options.source.pixel_format, "yuyv422");
     EXPECT_EQ(options.source.frame_size, "33x9");
+}
+
+TEST(Options, choose_subtitles)
+{
+    EXPECT_FALSE(parse({}).subtitles.wanted);
+    const auto file = parse({"--subtitles", "a.srt"}).subtitles;
+    EXPECT_TRUE(file.wanted);
+    EXPECT_EQ(file.file, "a.srt");
+    EXPECT_EQ(file.track, 0);
+    EXPECT_EQ(parse({"--subtitle-track", "2", "film.mkv"}).subtitles.track, 2);
+    const auto own = parse({"--subtitle-track=default", "--overlay", "--subpicture-alone", "film.mkv"});
+    EXPECT_TRUE(own.subtitles.wanted && own.subtitles.file.empty());
+    EXPECT_EQ(own.subtitles.track, 0);
+    EXPECT_TRUE(own.view.overlay && own.view.alone && own.view.subtitles);
 }
 
 TEST(Stats, name_least_middle_and_mean_of_every_export)

@@ -1,6 +1,7 @@
 // What is really to be seen on a screen, and what the keys do.
 #include "tests/player/clip.h"
 #include "tests/player/screen.h"
+#include "tests/player/subtitled.h"
 #include "tools/surface.h"
 #include <algorithm>
 #include <chrono>
@@ -164,6 +165,38 @@ TEST_F(Keys, control_the_picture)
     const Result result = player.wait();
     EXPECT_EQ(result.status, 0) << result.err;
     EXPECT_EQ(result.err, "");
+}
+
+TEST_F(Keys, hide_subtitles_and_show_nothing_else)
+{
+    const Yuv picture = gradient(320, 240);
+    write_file(scratch_ / "box.ass", script(320, 240, {{40, 40, 200, 120, {220, 20, 30}, 0}}));
+    Process player = start({"--subtitles", (scratch_ / "box.ass").string(), still(picture)});
+    auto holds = [&](int x, int y, const Pixel& expected) {
+        return eventually([&] {
+            const auto photo = screen_->photograph();
+            if (!photo || photo->width != 320) return false;
+            for (std::size_t c = 0; c < 3; c++)
+                if (std::abs(photo->at(x, y)[c] - expected[c]) > 3) return false;
+            return true;
+        });
+    };
+    const Pixel box{220, 20, 30}, key{255, 0, 255}, below = render(picture).at(100, 80),
+                                                    beside = render(picture).at(250, 200);
+    EXPECT_TRUE(holds(100, 80, box) && holds(250, 200, beside));
+    EXPECT_TRUE(press_until("v", "subtitles hidden"));
+    EXPECT_TRUE(holds(100, 80, below) && holds(250, 200, beside));
+    EXPECT_TRUE(press_until("a", "subtitles hidden, subpicture alone"));
+    EXPECT_TRUE(holds(100, 80, key) && holds(250, 200, key));
+    EXPECT_TRUE(press_until("v", "1.00, subpicture alone"));
+    EXPECT_TRUE(holds(100, 80, box) && holds(250, 200, key));
+    EXPECT_TRUE(press_until("o", "subpicture alone, overlay"));
+    EXPECT_TRUE(holds(100, 80, box) && holds(250, 200, beside) && holds(319, 5, {}));
+    EXPECT_TRUE(press_until("a", "1.00, overlay"));
+    EXPECT_TRUE(press_until("d", "rgb32 320x240 field"));
+    EXPECT_TRUE(holds(100, 80, box) && holds(250, 200, beside) && holds(319, 5, {}));
+    screen_->press("q");
+    EXPECT_EQ(player.wait().status, 0);
 }
 
 TEST_F(Keys, seek_and_step)

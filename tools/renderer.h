@@ -1,0 +1,47 @@
+// Decoded pictures and subtitles onto surfaces, through the library.
+#pragma once
+#include "tools/converter.h"
+#include "tools/loader.h"
+#include "tools/mixer.h"
+#include "tools/overlay.h"
+#include "tools/view.h"
+
+namespace player {
+
+class Renderer {
+public:
+    Renderer(const vsurf::Isa& isa, Stats& stats);
+
+    // What the picture is at its moment, beside its samples.
+    struct Moment {
+        double time, sample_aspect;
+        std::optional<double> played; // 0 to 1
+    };
+    // `subtitles` may be null.
+    void render(const AVFrame& frame, const Moment& moment, const View& wanted, Subtitles* subtitles);
+
+    const char* isa_name() const { return loader_.isa_name(); }
+    const Surface& surface() const { return surface_; }
+    // The shown part of the surface, or of the screen where it lies under one.
+    const RgbImage& image();
+
+private:
+    SubtitleImages draw(const AVFrame& frame, const Moment& moment, const View& view, Subtitles* subtitles);
+    void load(const AVFrame& frame, const Geometry& geometry, const View& view);
+    void mix(const Picture& picture, const Geometry& geometry, const View& view);
+    void draw_alone(Surface& surface, uint32_t key, const View& view);
+    void paint_screen(const Moment& moment, const View& view);
+
+    Stats& stats_;
+    Converter converter_;
+    PictureSource picture_;
+    Subpicture subpicture_;
+    Loader loader_;
+    Mixer mixer_;
+    Overlay overlay_;
+    Surface surface_, planes_;
+    RgbConverter rgb_;
+    bool drawn_ = false, screen_ = false;
+};
+
+} // namespace player

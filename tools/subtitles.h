@@ -1,0 +1,51 @@
+// Text subtitles, drawn by libass.
+#pragma once
+#include "tools/source.h"
+#include "tools/subtitle_decoder.h"
+#include <ass/ass.h>
+#include <set>
+#include <tuple>
+
+namespace player {
+
+// What is to be seen at one moment, in layers: the first one lies at the bottom.
+struct SubtitleImages {
+    const ASS_Image* first = nullptr;
+    bool changed = false; // since the moment before
+};
+
+class Subtitles {
+public:
+    // A track of an opened file, with the fonts that come in the file. `name` is the file's, for messages.
+    Subtitles(const AVFormatContext& file, int track, std::string name);
+
+    Subtitles(const Subtitles&) = delete;
+    Subtitles& operator=(const Subtitles&) = delete;
+
+    int stream() const { return stream_; }
+    // A packet may come again, after a seek: its events count once.
+    void take(AVPacket& packet);
+    bool empty() const { return seen_.empty(); }
+    // The images are libass's own, valid until the next call.
+    SubtitleImages draw(double time, int width, int height, double sample_aspect);
+    // What was not drawn, in words; empty where nothing was left out.
+    std::string damage() const;
+
+private:
+    static void hear(int level, const char* format, va_list values, void* self);
+    void add_fonts(const AVFormatContext& file);
+
+    std::string name_;
+    int stream_;
+    bool visible_ = false, drawn_ = false, font_missed_ = false;
+    SubtitleDecoder decoder_;
+    std::unique_ptr<ASS_Library, Release<ass_library_done>> library_;
+    std::unique_ptr<ASS_Renderer, Release<ass_renderer_done>> renderer_;
+    std::unique_ptr<ASS_Track, Release<ass_free_track>> track_;
+    std::set<std::tuple<int64_t, int64_t, std::string>> seen_; // start, duration, what follows the number of the line
+};
+
+// A file of subtitles, or of video with subtitles in it, read to its end.
+std::unique_ptr<Subtitles> read_subtitles(const Source& source, int track);
+
+} // namespace player
