@@ -9,12 +9,18 @@ struct Size {
 };
 
 enum class Source {
-    planar, // YV12: luma and two chroma planes
-    luma,   // one plane
-    packed, // YUY2
+    planar,     // YV12: luma and two chroma planes
+    luma,       // one plane
+    packed,     // YUY2
+    subpicture, // alpha, luma and two chroma planes of half the width, but the whole height
+    rgb32,
+    rgb24,
+    rgb565, // what is drawn of a subpicture
+    none,   // nothing is read
 };
 
-enum class Surface { rgb32, rgb24, rgb565, rgb555, yuy2, yv12, plane };
+// `planes` are luma, U and V, the chroma of half the width, but the whole height.
+enum class Surface { rgb32, rgb24, rgb565, rgb555, yuy2, yv12, plane, planes };
 
 enum class Rows {
     padded,       // every line begins at a multiple of a cache line
@@ -26,6 +32,15 @@ enum class Oddity {
     none,
     holes,   // the second line of a pair leaves a quarter of its bytes alone
     overlap, // lines that overlap in the surface, twice the chroma lines
+    merge,   // the surface is read, too
+};
+
+// How much of a subpicture there is to see: of an alpha plane or, where the source is a drawing, of that.
+enum class Cover {
+    none,     // there is no subpicture
+    clear,    // nothing: alpha 0, all key
+    subtitle, // two lines of text
+    whole,    // any alpha from 0 to 16, no key
 };
 
 // The ordinary walk reads every source byte once and writes every surface byte once.
@@ -36,9 +51,13 @@ struct Access {
     int heights = 1;     // lines of the surface for one of the source
     Rows rows = Rows::padded;
     Oddity oddity = Oddity::none;
+    Cover cover = Cover::none;
+    bool field = false; // the source has half the lines of the size that is measured
 
     friend bool operator==(const Access&, const Access&) = default;
     bool enlarges() const { return half_widths > 2 || heights > 1; }
+    bool mixes() const { return source == Source::planar && cover != Cover::none; }
+    bool converts() const { return source >= Source::rgb32 && source <= Source::rgb565; }
 };
 
 constexpr int bytes_per_pixel(Surface surface)
@@ -50,7 +69,23 @@ constexpr int bytes_per_pixel(Surface surface)
     case Surface::rgb555:
     case Surface::yuy2: return 2;
     case Surface::yv12:
-    case Surface::plane: break;
+    case Surface::plane:
+    case Surface::planes: break;
+    }
+    return 1;
+}
+
+constexpr int bytes_per_pixel(Source source)
+{
+    switch (source) {
+    case Source::rgb32: return 4;
+    case Source::rgb24: return 3;
+    case Source::rgb565:
+    case Source::packed: return 2;
+    case Source::planar:
+    case Source::luma:
+    case Source::subpicture:
+    case Source::none: break;
     }
     return 1;
 }
@@ -61,9 +96,11 @@ struct Layout {
     Size size;                                      // of the source
     int y_pitch, dst_pitch;                         // in bytes; the chroma planes have half
     size_t luma_bytes, chroma_bytes, surface_bytes; // what the walk may touch, each plane for itself
+    size_t overlay_bytes;                           // of an alpha plane; a subpicture's planes have that pitch, too
 
     Size enlarged() const { return {size.width * access.half_widths / 2, size.height * access.heights}; }
-    int source_line() const { return access.source == Source::packed ? 2 * size.width : size.width; }
+    Size region() const { return {size.width, size.height * access.heights}; }
+    int source_line() const { return size.width * bytes_per_pixel(access.source); }
     int surface_line() const { return enlarged().width * bytes_per_pixel(access.surface); }
 };
 Layout layout_of(const Access& access, Size size);

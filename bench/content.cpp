@@ -52,6 +52,20 @@ void paint_packed(const Layout& layout, uint8_t* picture, std::minstd_rand& grai
     }
 }
 
+// What is blended onto the picture: its opposite, in other colours.
+double overlay_luma(Point at) { return 255 - luma(at); }
+double overlay_chroma(Point at) { return 170 - 40 * at.x; }
+
+void paint_overlay(const Layout& layout, const Picture& picture, std::minstd_rand& grain)
+{
+    const Size region = layout.region(), half{region.width / 2, region.height};
+    paint_plane(picture.overlay_y, layout.y_pitch, region, overlay_luma, grain);
+    paint_plane(picture.overlay_u, layout.y_pitch / 2, half, overlay_chroma, grain);
+    paint_plane(picture.overlay_v, layout.y_pitch / 2, half, overlay_chroma, grain);
+}
+
+void select_all(const Layout& layout, uint8_t* mask) { std::memset(mask, kSelected, layout.luma_bytes); }
+
 } // namespace
 
 void make_noise(std::span<uint8_t> memory)
@@ -66,10 +80,14 @@ void make_noise(std::span<uint8_t> memory)
 void make_natural(const Layout& layout, const Picture& picture)
 {
     std::minstd_rand grain(1);
-    if (layout.access.source == Source::packed) return paint_packed(layout, picture.y, grain);
+    const Access& access = layout.access;
+    if (access.converts() || access.source == Source::none) return;
+    if (access.oddity == Oddity::merge) return select_all(layout, picture.y);
+    if (access.source == Source::packed) return paint_packed(layout, picture.y, grain);
     paint_plane(picture.y, layout.y_pitch, layout.size, luma, grain);
+    if (access.mixes()) paint_overlay(layout, picture, grain);
     if (layout.chroma_bytes == 0) return;
-    const Size half{layout.size.width / 2, layout.size.height / 2};
+    const Size half{layout.size.width / 2, layout.size.height / (access.source == Source::subpicture ? 1 : 2)};
     paint_plane(picture.u, layout.y_pitch / 2, half, u, grain);
     paint_plane(picture.v, layout.y_pitch / 2, half, v, grain);
 }

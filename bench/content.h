@@ -7,8 +7,10 @@
 
 namespace bench {
 
+constexpr uint8_t kSelected = 0x5A; // by a mask
+
 void make_noise(std::span<uint8_t> memory);
-// Shading, a disc, slanted bars and a faint grain; the same scene at every size.
+// Shading, a disc, slanted bars and a faint grain; the same scene at every size. A mask selects everything.
 void make_natural(const Layout& layout, const Picture& picture);
 
 // The share of the luma groups of four samples, away from the lines' ends, that differ from those of the line below by

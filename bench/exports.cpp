@@ -1,4 +1,7 @@
 #include "bench/exports.h"
+#include "bench/covers.h"
+#include "bench/jobs.h"
+#include "bench/subpictures.h"
 
 namespace bench {
 namespace {
@@ -104,6 +107,8 @@ const Family kFamilies[] = {
     {"packed loaders", kSizes, kStoreSizes, kPackedLoaders},
     {"plane enlargers", kEnlargedSizes, kEnlargedStoreSizes, kPlaneEnlargers},
     {"enlarged loaders", kEnlargedSizes, kEnlargedStoreSizes, kEnlargedLoaders},
+    {"mixers", kSizes, kStoreSizes, mixer_groups()},
+    {"subpictures", kSizes, kStoreSizes, subpicture_groups()},
 };
 
 // Calls a kernel with the arguments of its family.
@@ -138,6 +143,16 @@ struct Call {
     {
         enlarge(p.y, nullptr, nullptr, p.surface, l.y_pitch, l.size.height, l.dst_pitch, info);
     }
+    void operator()(Job run) const
+    {
+        MIX_INFO job = job_for(l, p, info);
+        run(&job);
+    }
+    void operator()(Fill fill) const { fill(kFillColour, p.surface, l.size.width, l.size.height, 0, l.dst_pitch); }
+    void operator()(Mask replace) const
+    {
+        replace(p.surface, p.y, kSelected, kColorKey, l.size.width, l.dst_pitch, l.size.height);
+    }
 };
 
 ajust_contrast_info record_for(const Export& e, Size size)
@@ -152,6 +167,7 @@ ajust_contrast_info record_for(const Export& e, Size size)
 } // namespace
 
 std::span<const Family> families() { return kFamilies; }
+const Access& band_access() { return kBand; }
 
 Load load_with(const vsurf::Isa& isa, const Export& e, const Layout& layout)
 {

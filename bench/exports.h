@@ -1,6 +1,8 @@
 // The measured exports: what each reads and writes, and what is compared with what.
 #pragma once
+#include <optional>
 #include <span>
+#include <string>
 #include <variant>
 #include <vector>
 
@@ -16,13 +18,17 @@ using AdjustedPlaneEnlarger = void (*)(unsigned char*, unsigned char*, int, int,
 using BandEnlarger = void (*)(tagVideoFrame*, int, int, unsigned char*, int, ajust_contrast_info*);
 using PackedEnlarger = void (*)(void*, void*, void*, void*, int, int, int);
 using AdjustedPackedEnlarger = void (*)(void*, void*, void*, void*, int, int, int, ajust_contrast_info*);
+using Job = void (*)(MIX_INFO*);
+using Fill = void (*)(unsigned int, void*, int, int, int, int);
+using Mask = void (*)(unsigned char*, unsigned char*, unsigned int, unsigned int, int, int, int);
 
 using Kernel = std::variant<Loader vsurf::Kernels::*, PlaneEnlarger vsurf::Kernels::*,
                             AdjustedPlaneEnlarger vsurf::Kernels::*, BandEnlarger vsurf::Kernels::*,
-                            PackedEnlarger vsurf::Kernels::*, AdjustedPackedEnlarger vsurf::Kernels::*>;
+                            PackedEnlarger vsurf::Kernels::*, AdjustedPackedEnlarger vsurf::Kernels::*,
+                            Job vsurf::Kernels::*, Fill vsurf::Kernels::*, Mask vsurf::Kernels::*>;
 
 struct Export {
-    const char* name;
+    std::string name;
     Kernel kernel;
     Access access;
     int rgb16_layout = 0;
@@ -32,6 +38,7 @@ struct Group {
     std::vector<Export> exports; // the plain one first, then what is compared with it
     Content content = Content::noise;
     bool peers = true;
+    std::optional<Export> loader = {}; // what takes the place of all of them where there is no subpicture
 };
 
 struct Family {
@@ -40,6 +47,7 @@ struct Family {
     std::vector<Group> groups;
 };
 std::span<const Family> families();
+const Access& band_access(); // of the export that interpolates along edges
 
 Load load_with(const vsurf::Isa& isa, const Export& e, const Layout& layout);
 

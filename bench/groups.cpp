@@ -1,5 +1,7 @@
 #include "bench/groups.h"
 
+#include <algorithm>
+
 #include "frame/streaming.h"
 
 namespace bench {
@@ -46,16 +48,50 @@ void add_peers(std::vector<Contender>& to, const Contender& like, const Export& 
     }
 }
 
+// Subpictures take long enough where the library is at its best: the other covers are only compared there, and the last
+// instruction set, the scalar code, goes without the largest size.
+bool is_worth_it(const vsurf::Isa& isa, const Contender& like)
+{
+    const Cover cover = like.layout.access.cover;
+    if (cover == Cover::none || &isa == &vsurf::active_isa()) return true;
+    constexpr int kLarge = 1920;
+    return like.name == like.plain && (&isa != &vsurf::isas[vsurf::isa_count - 1] || like.layout.size.width <= kLarge);
+}
+
 void add_library(std::vector<Contender>& to, const Contender& like, const Export& e)
 {
     for (int i = 0; i < vsurf::isa_count; i++) {
         const vsurf::Isa& isa = vsurf::isas[i];
-        if (!isa.runs_here()) continue;
+        if (!isa.runs_here() || !is_worth_it(isa, like)) continue;
         Contender contender = like;
         contender.name += std::string("/vsurf:") + isa.name;
         contender.load = load_with(isa, e, like.layout);
         to.push_back(contender);
     }
+}
+
+void add_loader(std::vector<Contender>& to, const Contender& like, const Export& loader, Size size)
+{
+    Contender contender = like;
+    contender.name += "/loader:" + loader.name;
+    contender.layout = layout_of(loader.access, size);
+    contender.traffic = traffic_of(contender.layout);
+    contender.own_traffic = false;
+    contender.load = load_with(vsurf::active_isa(), loader, contender.layout);
+    to.push_back(contender);
+}
+
+// Whether one roof serves both: what a subpicture covers only counts where it covers all.
+bool same_walk(Access a, const Access& b)
+{
+    if (a.cover != Cover::whole && b.cover != Cover::whole) a.cover = b.cover;
+    return a == b;
+}
+
+bool needs_roof(const Group& group, const Export& e)
+{
+    const auto same = [&](const Export& other) { return same_walk(other.access, e.access); };
+    return &*std::find_if(group.exports.begin(), group.exports.end(), same) == &e;
 }
 
 } // namespace
@@ -66,11 +102,13 @@ std::vector<Contender> contenders(const Family& family, const Group& group, Size
     const Export& plain = group.exports.front();
     for (const Export& e : group.exports) {
         const Contender common = contender(family, group, e, layout_of(e.access, size));
-        if (&e == &plain || e.access != plain.access) add_roofs(all, common);
+        if (needs_roof(group, e)) add_roofs(all, common);
         add_library(all, common, e);
+        if (&e == &plain && group.loader) add_loader(all, common, *group.loader, size);
         if (&e != &plain || !group.peers) continue;
         add_peers(all, common, e, libyuv_peers(common.layout));
         add_peers(all, common, e, swscale_peers(common.layout));
+        add_peers(all, common, e, memory_peers(common.layout));
     }
     return all;
 }

@@ -2,83 +2,13 @@
 
 #include <libyuv.h>
 
-#include <memory>
+#include "bench/libyuv_steps.h"
+#include "bench/libyuv_subpictures.h"
 
 namespace bench {
 namespace {
 
-using Convert = int (*)(const uint8_t*, int, const uint8_t*, int, const uint8_t*, int, uint8_t*, int, int, int);
-using Unpack = int (*)(const uint8_t*, int, uint8_t*, int, uint8_t*, int, uint8_t*, int, int, int);
 using Repack = int (*)(const uint8_t*, int, uint8_t*, int, int, int);
-
-// What the steps of a load hand to each other; allocated with the load, outside the clock.
-class Scratch {
-public:
-    Scratch(int line, int lines)
-        : pitch_(line), lines_(lines),
-          bytes_(std::make_shared<std::vector<uint8_t>>(static_cast<size_t>(line) * static_cast<size_t>(lines)))
-    {
-    }
-    uint8_t* bytes() const { return bytes_->data(); }
-    int pitch() const { return pitch_; }
-    int lines() const { return lines_; }
-
-private:
-    int pitch_, lines_;
-    std::shared_ptr<std::vector<uint8_t>> bytes_;
-};
-
-// A picture whose chroma has half the luma's width and, with 4:2:0, half its height.
-struct Yuv {
-    Planes planes;
-    Size size;
-    int chroma_height;
-};
-Yuv yuv420(uint8_t* memory, int pitch, Size size)
-{
-    return {planes_of(memory, pitch, size.height), size, size.height / 2};
-}
-Yuv yuv422(uint8_t* memory, Size size)
-{
-    uint8_t* v = memory + ptrdiff_t{size.width} * size.height;
-    return {{memory, v + ptrdiff_t{size.width / 2} * size.height, v, size.width}, size, size.height};
-}
-Yuv source_of(const Picture& p, const Layout& l) { return {{p.y, p.u, p.v, l.y_pitch}, l.size, l.size.height / 2}; }
-// Room for a picture of either kind.
-Scratch room_for(Size size) { return {size.width, 2 * size.height}; }
-
-void convert_with(Convert convert, const Yuv& from, const Picture& p, const Layout& l)
-{
-    const Planes& s = from.planes;
-    convert(s.y, s.pitch, s.u, s.pitch / 2, s.v, s.pitch / 2, p.surface, l.dst_pitch, from.size.width,
-            from.size.height);
-}
-
-void unpack_with(Unpack unpack, const Picture& p, const Layout& l, const Yuv& to)
-{
-    const Planes& t = to.planes;
-    unpack(p.y, l.y_pitch, t.y, t.pitch, t.u, t.pitch / 2, t.v, t.pitch / 2, l.size.width, l.size.height);
-}
-
-void scale(const Yuv& from, const Yuv& to, libyuv::FilterMode filter)
-{
-    const Planes &s = from.planes, &t = to.planes;
-    const auto plane = [&](const uint8_t* f, uint8_t* d, int part, int from_lines, int to_lines) {
-        libyuv::ScalePlane(f, s.pitch / part, from.size.width / part, from_lines, d, t.pitch / part,
-                           to.size.width / part, to_lines, filter);
-    };
-    plane(s.y, t.y, 1, from.size.height, to.size.height);
-    plane(s.u, t.u, 2, from.chroma_height, to.chroma_height);
-    plane(s.v, t.v, 2, from.chroma_height, to.chroma_height);
-}
-
-// Bilinear interpolates both ways, as the enlargers do; the linear filter would repeat lines. The half-size loaders
-// average pairs of samples or drop every second one.
-libyuv::FilterMode filter_for(const Access& access)
-{
-    if (access.enlarges()) return libyuv::kFilterBilinear;
-    return access.surface == Surface::yv12 ? libyuv::kFilterNone : libyuv::kFilterLinear;
-}
 
 Load direct(Convert convert, const Layout& l)
 {
@@ -157,20 +87,6 @@ Load enlarge_packed(const Layout& l)
     };
 }
 
-Convert conversion_to(Surface surface)
-{
-    switch (surface) {
-    case Surface::rgb32: return libyuv::I420ToARGB;
-    case Surface::rgb24: return libyuv::I420ToRGB24;
-    case Surface::rgb565: return libyuv::I420ToRGB565;
-    case Surface::rgb555: return libyuv::I420ToARGB1555;
-    case Surface::yuy2: return libyuv::I420ToYUY2;
-    case Surface::yv12:
-    case Surface::plane: break;
-    }
-    return nullptr;
-}
-
 std::vector<LibyuvLoad> packed_loads(const Layout& l)
 {
     const Load planes = packed_by_planes(conversion_to(l.access.surface), l);
@@ -181,7 +97,8 @@ std::vector<LibyuvLoad> packed_loads(const Layout& l)
     case Surface::rgb555: return {{"-argb", packed_by_argb(libyuv::ARGBToARGB1555, l)}, {"-i420", planes}};
     case Surface::yuy2: return {{"", l.access.enlarges() ? enlarge_packed(l) : copy(l)}};
     case Surface::yv12:
-    case Surface::plane: break;
+    case Surface::plane:
+    case Surface::planes: break;
     }
     return {};
 }
@@ -191,6 +108,9 @@ std::vector<LibyuvLoad> packed_loads(const Layout& l)
 std::vector<LibyuvLoad> libyuv_loads(const Layout& layout)
 {
     const Access& access = layout.access;
+    if (access.mixes()) return {{"", blend_and_convert(layout)}};
+    if (access.converts()) return {{"", convert_drawing(layout)}};
+    if (access.source == Source::none) return {{"", fill_surface(layout)}};
     if (access.source == Source::packed) return packed_loads(layout);
     if (access.surface == Surface::plane) return {{"", scale_plane(layout)}};
     if (access.surface == Surface::yv12) return {{"", into_planes(layout)}};

@@ -13,6 +13,9 @@ SAME_TIER = {
     "neon": ("libyuv-neon", "swscale"),
 }
 
+# By family, what stands beside an export where that is not its group's plain one.
+TWINS = {"mixers": "loader", "subpictures": "loader or opaque"}
+
 
 @dataclass
 class Case:
@@ -73,16 +76,26 @@ class Run:
         return case.times.get("vsurf:" + (isa or self.isa)) if case else None
 
     def twin_time(self, case):
-        """Of the plain export that this one is the adjusted form of."""
-        return self.time(self.twin(case)) if case.export != case.plain else None
+        """Of what this export is compared with: a loader that takes its place, or else its group's plain one."""
+        return self.loader_time(case) or (self.time(self.twin(case)) if case.export != case.plain else None)
+
+    def loader_time(self, case):
+        twin = self.twin(case)
+        return min((time for name, time in (twin.times if twin else {}).items() if name.startswith("loader:")),
+                   default=None)
+
+    def has_loaders(self, family):
+        return any(case.family == family and self.loader_time(case) for case in self.cases.values())
+
+    def group(self, case):
+        return (other for other in self.cases.values()
+                if (other.regime, other.size, other.plain) == (case.regime, case.size, case.plain))
 
     def roof(self, case):
-        """The better roof: the export's own, or its plain twin's where both move the same bytes."""
-        for source in (case, self.twin(case)):
-            times = [time for name, time in source.times.items() if name.startswith("roof:")] if source else []
-            if times:
-                return min(times)
-        return None
+        """The best roof of those of the group that move the same bytes."""
+        moved = case.traffic.get("vsurf:" + self.isa)
+        return min((time for other in self.group(case) for name, time in other.times.items()
+                    if name.startswith("roof:") and other.traffic[name] == moved), default=None)
 
     def best_peer(self, case, names=("",)):
         """Seconds and name of the fastest peer, of all or of those whose names begin like one of those given."""

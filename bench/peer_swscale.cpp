@@ -32,7 +32,7 @@ AVPixelFormat format_of(Source source)
     switch (source) {
     case Source::packed: return AV_PIX_FMT_YUYV422;
     case Source::luma: return AV_PIX_FMT_GRAY8;
-    case Source::planar: break;
+    default: break;
     }
     return AV_PIX_FMT_YUV420P;
 }
@@ -46,7 +46,8 @@ AVPixelFormat format_of(Surface surface)
     case Surface::rgb555: return AV_PIX_FMT_RGB555LE;
     case Surface::yuy2: return AV_PIX_FMT_YUYV422;
     case Surface::plane: return AV_PIX_FMT_GRAY8;
-    case Surface::yv12: break;
+    case Surface::yv12:
+    case Surface::planes: break;
     }
     return AV_PIX_FMT_YUV420P;
 }
@@ -122,11 +123,13 @@ Load load_with(const std::shared_ptr<SwsContext>& context, const Layout& l)
 
 std::vector<Peer> swscale_peers(const Layout& layout)
 {
+    const Access& access = layout.access;
+    if (access.cover != Cover::none || access.source == Source::none) return {};
     av_log_set_level(AV_LOG_ERROR);
     std::vector<Peer> peers;
-    for (const Quality& quality : qualities_of(layout.access)) {
+    for (const Quality& quality : qualities_of(access)) {
         for (const Tier& tier : kTiers) {
-            if ((tier.flags != -1 && !has_tiers(layout.access)) || !machine_has(tier.flags)) continue;
+            if ((tier.flags != -1 && !has_tiers(access)) || !machine_has(tier.flags)) continue;
             peers.push_back({std::string(quality.name) + tier.name, [] {},
                              load_with(make_context(layout, quality.flags, tier.flags), layout)});
         }

@@ -17,6 +17,7 @@ struct Peer {
 };
 
 std::vector<Peer> libyuv_peers(const Layout& layout);
-std::vector<Peer> swscale_peers(const Layout& layout);
+std::vector<Peer> swscale_peers(const Layout& layout); // none for subpictures: it blends nothing
+std::vector<Peer> memory_peers(const Layout& layout);  // the C library's fill
 
 } // namespace bench

@@ -11,6 +11,7 @@
 #include <stdexcept>
 
 #include "bench/content.h"
+#include "bench/covers.h"
 
 namespace bench {
 namespace {
@@ -22,7 +23,7 @@ constexpr size_t kStagger = 17 * kLine;
 
 constexpr int round_up(int value, int unit) { return (value + unit - 1) / unit * unit; }
 
-bool is_planar(Surface surface) { return surface == Surface::yv12 || surface == Surface::plane; }
+bool is_planar(Surface surface) { return bytes_per_pixel(surface) == 1; }
 
 size_t plane_bytes(size_t bytes) { return (bytes + kLine - 1) / kLine * kLine + kStagger; }
 
@@ -37,33 +38,69 @@ void widen(Layout& layout, size_t luma, size_t surface)
         layout.surface_bytes = 2 * surface;
     } else if (layout.access.surface == Surface::yv12) {
         layout.surface_bytes = surface * 3 / 2;
+    } else if (layout.access.surface == Surface::planes) {
+        layout.surface_bytes = surface * 2;
     } else if (layout.access.surface == Surface::plane) {
         layout.surface_bytes = surface + static_cast<size_t>(layout.dst_pitch); // one line below the enlarged plane
     }
 }
 
+size_t chroma_bytes(const Access& access, size_t luma)
+{
+    if (access.source == Source::subpicture) return luma / 2;
+    const bool has_some = access.source == Source::planar || access.source == Source::luma;
+    return has_some && access.surface != Surface::plane ? luma / 4 : 0;
+}
+
+// Where the parts of a slot begin. Alpha planes and drawings are there once for each cover, and once more an alpha
+// plane for the peers.
+struct Places {
+    size_t variants, variant_bytes, count, u, v, overlay_y, overlay_u, overlay_v, surface, end;
+
+    size_t variants_bytes() const { return count * variant_bytes; }
+};
+
+Places places_of(const Layout& l)
+{
+    const bool drawing = l.access.converts(), covered = l.access.cover != Cover::none;
+    const size_t overlay = l.access.mixes() ? l.overlay_bytes : 0;
+    Places to{};
+    to.count = drawing ? 3 : 4;
+    to.variant_bytes = covered ? plane_bytes(drawing ? l.luma_bytes : l.overlay_bytes) : 0;
+    to.u = drawing && covered ? to.variants_bytes() : plane_bytes(l.luma_bytes);
+    to.v = to.u + plane_bytes(l.chroma_bytes);
+    to.variants = drawing ? 0 : to.v + plane_bytes(l.chroma_bytes);
+    to.overlay_y = drawing ? to.v : to.variants + to.variants_bytes();
+    to.overlay_u = to.overlay_y + plane_bytes(overlay);
+    to.overlay_v = to.overlay_u + plane_bytes(overlay / 2);
+    to.surface = to.overlay_v + plane_bytes(overlay / 2);
+    to.end = to.surface + plane_bytes(l.surface_bytes);
+    return to;
+}
+
+size_t variant_of(Cover cover) { return cover == Cover::none ? 0 : static_cast<size_t>(cover) - 1; }
+
 } // namespace
 
 Layout layout_of(const Access& access, Size size)
 {
-    Layout layout{access, size, 0, 0, 0, 0, 0};
+    if (access.field) size.height /= 2;
+    Layout layout{access, size, 0, 0, 0, 0, 0, 0};
     const int source = layout.source_line(), surface = layout.surface_line();
     layout.y_pitch = access.rows == Rows::padded ? round_up(source, 128) : source;
     // Half of it is the pitch of a YV12 surface's chroma, which stays aligned too.
     layout.dst_pitch = access.rows == Rows::tight ? surface : round_up(surface, is_planar(access.surface) ? 128 : 64);
-    const auto luma = static_cast<size_t>(layout.y_pitch) * static_cast<size_t>(size.height);
+    const size_t lines = access.source == Source::none ? 0 : static_cast<size_t>(size.height);
+    const size_t luma = static_cast<size_t>(layout.y_pitch) * lines;
     layout.luma_bytes = luma;
-    if (access.source != Source::packed && access.surface != Surface::plane) layout.chroma_bytes = luma / 4;
+    layout.chroma_bytes = chroma_bytes(access, luma);
     layout.surface_bytes = static_cast<size_t>(layout.dst_pitch) * static_cast<size_t>(layout.enlarged().height);
+    if (access.cover != Cover::none) layout.overlay_bytes = luma * static_cast<size_t>(access.heights);
     widen(layout, luma, layout.surface_bytes);
     return layout;
 }
 
-size_t slot_bytes(const Layout& layout)
-{
-    // A line in front of the surface, because the unadjusted planar copy is one byte off its chroma's alignment.
-    return plane_bytes(layout.luma_bytes) + 2 * plane_bytes(layout.chroma_bytes) + plane_bytes(layout.surface_bytes);
-}
+size_t slot_bytes(const Layout& layout) { return places_of(layout).end; }
 
 Ring::Ring(size_t bytes) : bytes_(bytes)
 {
@@ -83,16 +120,38 @@ void Ring::cut(size_t bytes_per_slot)
     current_ = 0;
 }
 
+void Ring::repeat(const uint8_t* from, size_t bytes, size_t slots)
+{
+    uint8_t* to = memory_ + (from - memory_);
+    for (size_t i = 1; i < std::min(slots, slots_); i++) std::memcpy(to + i * slot_bytes_, from, bytes);
+}
+
 void Ring::paint(const Layout& layout, Content content, size_t slots)
 {
-    const Picture first = at(0, layout);
-    const auto bytes = static_cast<size_t>(first.surface - first.y);
+    const size_t bytes = places_of(layout).surface;
     if (content == Content::noise) {
-        make_noise({first.y, bytes});
+        make_noise({memory_, bytes});
     } else {
-        make_natural(layout, first);
+        make_natural(layout, at(0, layout));
     }
-    for (size_t i = 1; i < std::min(slots, slots_); i++) std::memcpy(at(i, layout).y, first.y, bytes);
+    repeat(memory_, bytes, slots);
+}
+
+void Ring::cover(Layout layout, Content content, size_t slots)
+{
+    for (const Cover cover : {Cover::clear, Cover::subtitle, Cover::whole}) {
+        layout.access.cover = cover;
+        make_cover(layout, at(0, layout), content);
+    }
+    const Places places = places_of(layout);
+    repeat(memory_ + places.variants, places.variants_bytes(), slots);
+}
+
+void Ring::uncover(const Layout& layout, size_t slots)
+{
+    const Places places = places_of(layout);
+    make_noise({memory_ + places.variants, places.variants_bytes()});
+    repeat(memory_ + places.variants, places.variants_bytes(), slots);
 }
 
 Picture Ring::next(const Layout& layout)
@@ -103,16 +162,31 @@ Picture Ring::next(const Layout& layout)
 
 Picture Ring::at(size_t slot, const Layout& layout) const
 {
-    uint8_t* y = memory_ + slot * slot_bytes_;
-    uint8_t* u = y + plane_bytes(layout.luma_bytes);
-    uint8_t* v = u + plane_bytes(layout.chroma_bytes);
-    return {y, u, v, v + plane_bytes(layout.chroma_bytes)};
+    const Places places = places_of(layout);
+    uint8_t* start = memory_ + slot * slot_bytes_;
+    uint8_t* variants = start + places.variants;
+    uint8_t* variant = variants + variant_of(layout.access.cover) * places.variant_bytes;
+    return {layout.access.converts() ? variant : start,
+            start + places.u,
+            start + places.v,
+            start + places.surface,
+            variant,
+            variants + (places.count - 1) * places.variant_bytes,
+            start + places.overlay_y,
+            start + places.overlay_u,
+            start + places.overlay_v};
 }
 
 Planes planes_of(uint8_t* surface, int pitch, int height)
 {
     uint8_t* v = surface + ptrdiff_t{pitch} * height;
     return {surface, v + ptrdiff_t{pitch / 2} * (height / 2), v, pitch};
+}
+
+Planes planes422_of(uint8_t* surface, int pitch, int height)
+{
+    uint8_t* u = surface + ptrdiff_t{pitch} * height;
+    return {surface, u, u + ptrdiff_t{pitch / 2} * height, pitch};
 }
 
 size_t last_level_cache_bytes()
@@ -128,7 +202,8 @@ size_t last_level_cache_bytes()
 size_t ring_bytes()
 {
     const auto free = static_cast<size_t>(sysconf(_SC_AVPHYS_PAGES)) * static_cast<size_t>(sysconf(_SC_PAGESIZE));
-    return std::min(4 * last_level_cache_bytes(), free / 4);
+    constexpr size_t kLeast = size_t{512} << 20; // several slots of the largest group
+    return std::min(std::max(4 * last_level_cache_bytes(), kLeast), free / 4);
 }
 
 std::string processor_name()

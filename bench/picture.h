@@ -10,7 +10,10 @@ namespace bench {
 size_t slot_bytes(const Layout& layout);
 
 struct Picture {
-    uint8_t *y, *u, *v, *surface; // a packed source lies at y
+    uint8_t *y, *u, *v, *surface; // a packed source or a drawing lies at y
+    uint8_t* alpha;               // what the access covers, 0..16
+    uint8_t* peers_alpha;         // all of it, 0..255
+    uint8_t *overlay_y, *overlay_u, *overlay_v;
 };
 
 // The planes of a YV12 surface: luma, V, U.
@@ -19,6 +22,7 @@ struct Planes {
     int pitch; // of the luma; the chroma has half
 };
 Planes planes_of(uint8_t* surface, int pitch, int height);
+Planes planes422_of(uint8_t* surface, int pitch, int height); // luma, U, V, the chroma of the whole height
 
 enum class Content {
     noise,   // neighbouring lines have nothing in common
@@ -36,6 +40,8 @@ public:
 
     void cut(size_t bytes_per_slot);
     void paint(const Layout& layout, Content content, size_t slots); // the pictures of the first slots
+    void cover(Layout layout, Content content, size_t slots);        // their alpha planes or drawings, of every cover
+    void uncover(const Layout& layout, size_t slots);                // noise again
     size_t slots() const { return slots_; }
     size_t bytes() const { return bytes_; }
     Picture first(const Layout& layout) const { return at(0, layout); }
@@ -43,6 +49,7 @@ public:
 
 private:
     Picture at(size_t slot, const Layout& layout) const;
+    void repeat(const uint8_t* from, size_t bytes, size_t slots); // in the other slots what is there in the first
 
     uint8_t* memory_;
     size_t bytes_, slot_bytes_ = 0, slots_ = 0, current_ = 0;

@@ -6,8 +6,8 @@ import matplotlib.pyplot as plt
 from matplotlib.lines import Line2D
 from matplotlib.ticker import FuncFormatter, NullFormatter
 
-from measurements import REGIMES
-from targets import factor_of, target_of
+from measurements import REGIMES, TWINS
+from targets import factor_of, targets_of
 
 COLOURS = {"hot": "#d1495b", "cold": "#2e6f95"}
 MARKERS = ("o", "s", "D", "^")
@@ -58,24 +58,39 @@ def of_roof(run, case):
     return roof / run.time(case) if roof else None
 
 
+def target_of(case, measures):
+    return next((target for target in targets_of(case.export) if target.measure in measures), None)
+
+
 def of_peer(run, case):
     """Of the peers that the export's target counts."""
-    target = target_of(case.export)
+    target = target_of(case, ("peer",))
     peer = run.best_peer(case, target.peers if target else ("",))
     return peer[0] / run.time(case) if peer else None
 
 
+def of_twin(run, case):
+    twin = run.twin_time(case)
+    return twin / run.time(case) if twin else None
+
+
+def goal(case, *measures):
+    """The speed that the target stands for."""
+    target = target_of(case, measures)
+    factor = factor_of(target, case) if target else None
+    return factor if not factor or target.faster_is_more else 1 / factor
+
+
 def roof_goal(case):
-    target = target_of(case.export)
-    if not target or target.measure not in ("roof", "slower"):
-        return None
-    factor = factor_of(target, case)
-    return factor if target.measure == "roof" else 1 / factor
+    return goal(case, "roof", "slower")
 
 
 def peer_goal(case):
-    target = target_of(case.export)
-    return factor_of(target, case) if target and target.measure == "peer" else None
+    return goal(case, "peer")
+
+
+def twin_goal(case):
+    return goal(case, "loader", "opaque")
 
 
 def legend(figure, run, family):
@@ -85,25 +100,39 @@ def legend(figure, run, family):
     figure.legend(handles=marks, loc="upper center", ncol=len(marks), fontsize=9, frameon=False)
 
 
+def draw_roof(axes, run, family):
+    scatter(axes, run, family, of_roof, roof_goal)
+    dress(axes, len(run.exports(family)), "Speed relative to the streaming roof", "share of the roof's speed")
+    axes.set_xlim(0, 1.05 * max([1.0] + [value for _, _, value, _ in points(run, family, of_roof)]))
+    axes.xaxis.set_major_formatter(FuncFormatter(lambda value, _: f"{value:.0%}"))
+
+
+def draw_ratio(axes, run, family, ratio, wanted, title, label):
+    scatter(axes, run, family, ratio, wanted)
+    dress(axes, len(run.exports(family)), title, label)
+    axes.set_xscale("log")
+    axes.set_xticks([0.2, 0.3, 0.5, 0.7, 1, 1.5, 2, 3, 5, 8, 12, 20])
+    axes.xaxis.set_major_formatter(FuncFormatter(lambda value, _: f"{value:g}x"))
+    axes.xaxis.set_minor_formatter(NullFormatter())
+    values = [value for _, _, value, _ in points(run, family, ratio)] + [1]
+    axes.set_xlim(min(values) / 1.15, max(values) * 1.15)
+
+
 def draw(run, family, path):
     plt.rcParams.update({"svg.fonttype": "none", "svg.hashsalt": "vsurf", "font.family": "sans-serif"})
     rows = run.exports(family)
-    figure, (left, right) = plt.subplots(1, 2, sharey=True, figsize=(13, 1.6 + 0.56 * len(rows)),
-                                         width_ratios=(1, 1.25))
-    scatter(left, run, family, of_roof, roof_goal)
-    dress(left, len(rows), "Speed relative to the streaming roof", "share of the roof's speed")
-    left.set_yticks([-row for row in range(len(rows))], rows, fontfamily="monospace")
-    left.set_xlim(0, 1.05 * max([1.0] + [value for _, _, value, _ in points(run, family, of_roof)]))
-    left.xaxis.set_major_formatter(FuncFormatter(lambda value, _: f"{value:.0%}"))
-    left.axvline(1, color="black", linewidth=1, linestyle="--")
-
-    scatter(right, run, family, of_peer, peer_goal)
-    dress(right, len(rows), "Speed relative to the best peer", "times as fast as the best of libyuv and libswscale")
-    right.set_xscale("log")
-    right.set_xticks([0.5, 0.7, 1, 1.5, 2, 3, 5, 8, 12, 20])
-    right.xaxis.set_major_formatter(FuncFormatter(lambda value, _: f"{value:g}x"))
-    right.xaxis.set_minor_formatter(NullFormatter())
-    right.axvline(1, color="black", linewidth=1, linestyle="--")
+    beside = run.has_loaders(family)
+    figure, panels = plt.subplots(1, 3 if beside else 2, sharey=True, figsize=(13, 1.6 + 0.56 * len(rows)),
+                                  width_ratios=(1, 1, 1) if beside else (1, 1.25))
+    panels[0].set_yticks([-row for row in range(len(rows))], rows, fontfamily="monospace")
+    draw_roof(panels[0], run, family)
+    draw_ratio(panels[-1], run, family, of_peer, peer_goal, "Speed relative to the best peer",
+               "times as fast as the best of the peers")
+    if beside:
+        draw_ratio(panels[1], run, family, of_twin, twin_goal, f"Speed relative to the {TWINS[family]}",
+                   f"times as fast as the {TWINS[family]}")
+    for axes in panels:
+        axes.axvline(1, color="black", linewidth=1, linestyle="--")
 
     legend(figure, run, family)
     figure.tight_layout(rect=(0, 0, 1, 1 - 0.4 / figure.get_figheight()))

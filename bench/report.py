@@ -4,56 +4,9 @@ import argparse
 import sys
 from pathlib import Path
 
-from measurements import REGIMES, SAME_TIER, STORE_REGIMES, Run, unique
-from targets import TARGETS, verdict
-
-INTRODUCTION = """# How fast vsurf is
-
-Each export is measured beside a streaming roof (a loop with the same bytes read and written and no arithmetic, the
-better one of ordinary, prefetched and non-temporal stores) and beside the nearest calls of libyuv and libswscale, on
-one thread, in one process, the contenders of a group interleaved at random. The fastest repetition counts. *Hot* uses
-the same picture and surface again and again; *cold* walks a ring of pictures and surfaces that is larger than the
-last-level cache, as a player does. `vsurf` is the instruction set that the library chooses on this machine. Sizes are
-those of the source picture. Before anything is measured, `vsurf_bench --check` compares every peer's picture with the
-library's, and the bytes that every roof writes with those that the library writes.
-"""
-NOTES = """
-- *best peer* is the fastest of libyuv at each of its instruction sets and of libswscale; a speed above 1 means that
-  vsurf is faster. Adjusted exports are compared with the peers of their plain twin; no peer adjusts anything.
-- *target* is met as measured, without allowance. *(roof: ...)* tells what the roof itself would reach where that is
-  short of the target: nothing that moves these bytes can meet it.
-"""
-FAMILY_NOTES = {
-    "planar loaders": """
-- No peer writes the 664 and 655 layouts; theirs is the call for 565. `loadimage_yuy2` writes 7/8 of the surface, its
-  peers all of it. `loadimage_yv12` has lines that later ones replace; its roof and its GB/s count the bytes that
-  remain, 1.25 a pixel, where its peers move 1.5. No peer halves the width into YUY2 in one call: libyuv's figure is
-  two calls.
-""",
-    "packed loaders": """
-- libyuv writes RGB32 from YUY2 in one call. RGB24 and RGB16 take it two, by way of RGB32 (*-argb*) or of planes
-  (*-i420*); what lies between is a whole picture, allocated beforehand. Of the four 16-bit layouts 565 is measured.
-- `LoadYUY2_YUY2` replaces the chroma of every second line; its peers copy. The roof's loop copies as well, so that
-  90% of its speed leaves a tenth for the replacement.
-""",
-    "plane enlargers": """
-- The smallest picture is 352x288, since 360 is no whole number of blocks of 16. The adjusted forms are made for planes
-  without gaps, and are measured on such. At 720x576 the chroma planes, 360 wide, take the 2X2 form's path for widths
-  that are not whole blocks.
-- Peers are bilinear, which places the new samples a quarter further out and weighs their neighbours 3 to 1: libyuv's
-  `ScalePlane`, plane by plane, and libswscale's `SWS_BILINEAR` (*swscale*) and `SWS_FAST_BILINEAR` (*swscale-fast*),
-  planes as grey pictures.
-""",
-    "enlarged loaders": """
-- libyuv's figures are two steps, for YUY2 sources three: all planes scaled bilinearly into a picture between,
-  allocated beforehand, then converted. libswscale does both at once, `SWS_BILINEAR` (*swscale*) or `SWS_FAST_BILINEAR`
-  (*swscale-fast*). `strech_picture_1X2_yuy2_ajust` computes four taps where its peers compute two. The target of
-  `yuy2_strech_*` is set against libswscale alone, and so are they in the plot.
-- `strech_opt_yuy2_ajust` has no peer. *-edges* is noise, in which {edges} of the groups between a line's ends differ
-  enough to be searched for an edge; *-natural* is a picture of smooth shading with a disc, slanted bars and a faint
-  grain, in which {natural} do (luma, 720x576).
-""",
-}
+from measurements import REGIMES, SAME_TIER, STORE_REGIMES, TWINS, Run, unique
+from report_text import FAMILY_NOTES, INTRODUCTION, NOTES, SHARES
+from targets import TARGETS, verdicts
 
 
 def machine(run):
@@ -74,14 +27,14 @@ def cell(value, form, unit=""):
 
 
 def case_row(run, case):
-    time, roof, peer, judged = run.time(case), run.roof(case), run.best_peer(case), verdict(run, case)
+    time, roof, peer, judged = run.time(case), run.roof(case), run.best_peer(case), verdicts(run, case)
     moved = sum(case.traffic["vsurf:" + run.isa])
     twin = run.twin_time(case)
     cells = [f"`{case.export}`", f"{time * 1e3:.4f}", f"{moved / time / 1e9:.1f}",
              cell(roof / time if roof else None, ".0%"),
              f"{peer[1]}, {peer[0] * 1e3:.4f}" if peer else "-", cell(peer[0] / time if peer else None, ".2f", "x"),
              cell(time / twin if twin else None, ".2f", "x"),
-             judged.goal() if judged else "-", str(judged) if judged else "-"]
+             ", ".join(verdict.goal() for verdict in judged) or "-", ", ".join(map(str, judged)) or "-"]
     return "| " + " | ".join(cells) + " |"
 
 
@@ -91,12 +44,13 @@ def size_table(run, family, regime, size):
     if not rows:
         return []
     return [f"### {family.capitalize()}, {regime}, {size}", "",
-            "| export | ms/picture | GB/s | of roof | best peer, ms | speed vs best peer | time vs plain | target "
-            "| met |", "|---|---:|---:|---:|---|---:|---:|---|---|", *rows, ""]
+            "| export | ms/picture | GB/s | of roof | best peer, ms | speed vs best peer "
+            f"| time vs {TWINS.get(family, 'plain')} | target | met |",
+            "|---|---:|---:|---:|---|---:|---:|---|---|", *rows, ""]
 
 
 def family_section(run, family, plot):
-    shares = {name: f"{float(run.context[f'band_{name}_share']):.1%}" for name in ("edges", "natural")}
+    shares = {name: f"{float(run.context[name]):.1%}" for name in SHARES}
     lines = [f"## {family.capitalize()}", "", FAMILY_NOTES.get(family, "").format(**shares).strip(), "",
              f"![Speed of the {family} relative to the roof and to the best peer]({plot})", ""]
     for regime in REGIMES:
@@ -117,11 +71,11 @@ def score_cells(verdicts):
 
 
 def score(run):
-    judged = [(case, verdict(run, case)) for case in run.cases.values()]
+    judged = [(case, verdict) for case in run.cases.values() for verdict in verdicts(run, case)]
     lines = ["| class | target, hot | met | furthest from it | target, cold | met | furthest from it |",
              "|---|---|---|---|---|---|---|"]
     for target in TARGETS:
-        of_class = [pair for pair in judged if pair[1] and pair[1].target == target]
+        of_class = [pair for pair in judged if pair[1].target == target]
         if of_class:
             cells = [cell for regime in REGIMES
                      for cell in score_cells([pair for pair in of_class if pair[0].regime == regime])]

@@ -18,6 +18,8 @@ void run_roof(const RoofTier& tier, Stores stores, const Layout& layout, const P
 
 struct Traffic {
     size_t read, written; // bytes a picture
+
+    friend bool operator==(const Traffic&, const Traffic&) = default;
 };
 Traffic traffic_of(const Layout& layout);
 

@@ -1,88 +1,12 @@
 // The roof's inner loops, compiled once per instruction set.
 #include "bench/roof_band.h"
-#if defined __SSE2__
-#include <immintrin.h>
-#elif defined __aarch64__
-#include <arm_neon.h>
-#endif
+#include "bench/roof_registers.h"
+
+// A cursor must stay in registers: bytes are stored, which may be those of anything in memory.
+#define IN_REGISTERS [[gnu::always_inline]]
 
 namespace bench::ROOF_ISA {
 namespace {
-
-// A register of `bytes` bytes: load, ordinary store, streaming store. `keep` makes the compiler load what nobody uses.
-template <int bytes> struct Register {
-    using Value = uint64_t;
-    static Value load(const uint8_t* from)
-    {
-        Value value = 0;
-        __builtin_memcpy(&value, from, bytes);
-        return value;
-    }
-    static void store(uint8_t* to, Value value) { __builtin_memcpy(to, &value, bytes); }
-    static void stream(uint8_t* to, Value value) { store(to, value); }
-    static void keep(Value value) { asm volatile("" ::"r"(value)); }
-};
-
-#if defined __SSE2__
-constexpr int kWidest = sizeof(
-#if defined __AVX512F__
-    __m512i
-#elif defined __AVX2__
-    __m256i
-#else
-    __m128i
-#endif
-);
-
-template <> struct Register<16> {
-    struct Value {
-        __m128i bits;
-    };
-    static Value load(const uint8_t* from) { return {_mm_loadu_si128(reinterpret_cast<const __m128i*>(from))}; }
-    static void store(uint8_t* to, Value value) { _mm_storeu_si128(reinterpret_cast<__m128i*>(to), value.bits); }
-    static void stream(uint8_t* to, Value value) { _mm_stream_si128(reinterpret_cast<__m128i*>(to), value.bits); }
-    static void keep(Value value) { asm volatile("" ::"x"(value.bits)); }
-};
-#if defined __AVX2__ || defined __AVX512F__
-template <> struct Register<32> {
-    struct Value {
-        __m256i bits;
-    };
-    static Value load(const uint8_t* from) { return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(from))}; }
-    static void store(uint8_t* to, Value value) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(to), value.bits); }
-    static void stream(uint8_t* to, Value value) { _mm256_stream_si256(reinterpret_cast<__m256i*>(to), value.bits); }
-    static void keep(Value value) { asm volatile("" ::"x"(value.bits)); }
-};
-#endif
-#if defined __AVX512F__
-template <> struct Register<64> {
-    struct Value {
-        __m512i bits;
-    };
-    static Value load(const uint8_t* from) { return {_mm512_loadu_si512(from)}; }
-    static void store(uint8_t* to, Value value) { _mm512_storeu_si512(to, value.bits); }
-    static void stream(uint8_t* to, Value value) { _mm512_stream_si512(reinterpret_cast<__m512i*>(to), value.bits); }
-    static void keep(Value value) { asm volatile("" ::"v"(value.bits)); }
-};
-#endif
-#elif defined __aarch64__
-constexpr int kWidest = 16;
-template <> struct Register<16> {
-    struct Value {
-        uint8x16_t bits;
-    };
-    static Value load(const uint8_t* from) { return {vld1q_u8(from)}; }
-    static void store(uint8_t* to, Value value) { vst1q_u8(to, value.bits); }
-    static void stream(uint8_t* to, Value value)
-    {
-        asm volatile("stnp %d0, %d1, [%2]" ::"w"(vget_low_u8(value.bits)), "w"(vget_high_u8(value.bits)), "r"(to)
-                     : "memory");
-    }
-    static void keep(Value value) { asm volatile("" ::"w"(value.bits)); }
-};
-#else
-constexpr int kWidest = 8;
-#endif
 
 constexpr int narrower(int a, int b) { return a < b ? a : b; }
 constexpr int common_divisor(int a, int b) { return b == 0 ? a : common_divisor(b, a % b); }
@@ -93,21 +17,24 @@ template <int bytes> void read(const uint8_t* from)
     for (int i = 0; i < bytes; i += narrower(bytes, kWidest)) R::keep(R::load(from + i));
 }
 
+// What a register moves where `in` bytes are read for `out` written ones.
+template <int in, int out> constexpr int kStepOf = narrower(common_divisor(in, out), kWidest);
+
 // Reads `in` bytes and writes `out` bytes, which repeat or drop what was read.
 template <int in, int out, Stores stores> void move(const uint8_t* from, uint8_t* to)
 {
-    constexpr int kStep = narrower(common_divisor(in, out), kWidest);
+    constexpr int kStep = kStepOf<in, out>, kLoads = in / kStep;
     using R = Register<kStep>;
-    typename R::Value seen[in / kStep];
-    for (int i = 0; i < in / kStep; i++) R::keep(seen[i] = R::load(from + i * kStep));
+    typename R::Value seen[kLoads] = {};
+    for (int i = 0; i < kLoads; i++) R::keep(seen[i] = R::load(from + i * kStep));
     for (int i = 0; i < out / kStep; i++) {
         uint8_t* at = to + i * kStep;
         constexpr int kAhead = 2048;
         if (stores == Stores::prefetched && i * kStep % 64 == 0) __builtin_prefetch(at + kAhead, 1);
         if (stores == Stores::streaming) {
-            R::stream(at, seen[i % (in / kStep)]);
+            R::stream(at, seen[i % kLoads]);
         } else {
-            R::store(at, seen[i % (in / kStep)]);
+            R::store(at, seen[i % kLoads]);
         }
     }
 }
@@ -122,25 +49,43 @@ template <Stores stores> void move_with_gap(const uint8_t* from, uint8_t* to)
     for (int i = 0; i < 16; i += kStep) Register<kStep>::store(to + 16 + i, Register<kStep>::load(from + i));
 }
 
-struct Cursor {
+// Reads some and steps over it.
+template <int bytes> IN_REGISTERS inline void pass(const uint8_t*& from)
+{
+    read<bytes>(from);
+    from += bytes;
+}
+
+// A line under way, of `times` source bytes for each that counts as luma. Besides them are read `whole` streams of as
+// many bytes as of luma and then `half` ones of half as many.
+template <int whole, int half, int times> struct Cursor {
     const uint8_t *luma, *u, *v;
     uint8_t* to;
     int left;
     bool fresh; // false: the line is made of what was read before; the source's first bytes stand for it
     bool chroma;
+    const uint8_t *also0, *also1, *also2, *also3;
+
+    template <int unit> IN_REGISTERS void pass_others()
+    {
+        for (int i = 1; i < times; i++) read<unit>(luma + i * unit);
+        if (chroma) {
+            pass<unit / 2>(u);
+            pass<unit / 2>(v);
+        }
+        if constexpr (whole + half > 0) pass<(whole > 0 ? unit : unit / 2)>(also0);
+        if constexpr (whole + half > 1) pass<(whole > 1 ? unit : unit / 2)>(also1);
+        if constexpr (whole + half > 2) pass<(whole > 2 ? unit : unit / 2)>(also2);
+        if constexpr (whole + half > 3) pass<(whole > 3 ? unit : unit / 2)>(also3);
+    }
 
     // Steps over the line in units of `unit` luma bytes, as long as whole units are left.
-    template <int unit, int written_for_two, Stores stores, bool gaps> void run()
+    template <int unit, int written_for_two, Stores stores, bool gaps> IN_REGISTERS void run()
     {
         constexpr int kOut = unit * written_for_two / 2;
-        const int advance = fresh ? unit : 0;
+        const int advance = fresh ? times * unit : 0;
         for (; left >= unit; left -= unit) {
-            if (chroma) {
-                read<unit / 2>(u);
-                read<unit / 2>(v);
-                u += unit / 2;
-                v += unit / 2;
-            }
+            pass_others<unit>();
             if constexpr (gaps) {
                 for (int i = 0; i < unit; i += 16) move_with_gap<stores>(luma + i, to + 2 * i);
             } else {
@@ -152,7 +97,7 @@ struct Cursor {
     }
 
     // Planes need not start at a cache line: ordinary stores up to the first one.
-    template <int written_for_two> void head(int count)
+    template <int written_for_two> IN_REGISTERS void head(int count)
     {
         const int behind = left - count;
         left = count;
@@ -161,7 +106,7 @@ struct Cursor {
     }
 
     // What is left of a line, in ever smaller pieces.
-    template <int written_for_two, Stores stores, bool gaps> void rest()
+    template <int written_for_two, Stores stores, bool gaps> IN_REGISTERS void rest()
     {
         run<16, written_for_two, stores, gaps>();
         if constexpr (!gaps) run<8, written_for_two, stores, false>();
@@ -172,45 +117,76 @@ struct Cursor {
         if constexpr (written_for_two <= 2) single_bytes(left, written_for_two == 1 ? 2 : 1);
     }
 
-    void single_bytes(int count, int step)
+    IN_REGISTERS void single_bytes(int count, int step)
     {
-        for (; count > 0; count -= step, left -= step, luma += fresh ? step : 0) *to++ = *luma;
+        for (; count > 0; count -= step, left -= step, luma += fresh ? times * step : 0) *to++ = *luma;
     }
 };
 
-template <int written_for_two, Stores stores, bool gaps> void copy_line(Cursor cursor)
+template <int written_for_two, Stores stores, bool gaps, class Line> void copy_line(Line cursor)
 {
     if constexpr (stores == Stores::streaming && (written_for_two == 2 || written_for_two == 4)) {
         const auto misaligned = static_cast<int>(reinterpret_cast<uintptr_t>(cursor.to) % 64);
-        if (misaligned != 0) cursor.head<written_for_two>((64 - misaligned) * 2 / written_for_two);
+        if (misaligned != 0) cursor.template head<written_for_two>((64 - misaligned) * 2 / written_for_two);
     }
     constexpr int kUnit = written_for_two % 2 == 1 ? 128 : 64;
-    cursor.run<kUnit, written_for_two, stores, gaps>();
+    cursor.template run<kUnit, written_for_two, stores, gaps>();
     // Below a whole cache line streaming stores would cost more than they save; 16 pixels of RGB32 are one.
     constexpr Stores kTail = stores == Stores::streaming && written_for_two < 8 ? Stores::ordinary : stores;
-    if constexpr (!gaps && kUnit > 64) cursor.run<64, written_for_two, kTail, false>();
-    if constexpr (!gaps) cursor.run<32, written_for_two, kTail, false>();
-    cursor.rest<written_for_two, kTail, gaps>();
+    if constexpr (!gaps && kUnit > 64) cursor.template run<64, written_for_two, kTail, false>();
+    if constexpr (!gaps) cursor.template run<32, written_for_two, kTail, false>();
+    cursor.template rest<written_for_two, kTail, gaps>();
 }
 
-template <int written_for_two, Stores stores, bool gaps> void copy(const Band& band)
+template <int written_for_two, Stores stores, bool gaps, int whole, int half, int times = 1>
+void copy_lines(const Band& band)
 {
-    Cursor cursor{band.luma, band.u, band.v, band.to, band.luma_bytes, true, false};
+    Cursor<whole, half, times> cursor{band.luma, band.u, band.v, band.to, band.luma_bytes, true, false, {}, {}, {}, {}};
+    const auto begins = [](int line, int every) { return every != 0 && line % every == 0; };
     for (int line = 0; line < band.lines; line++) {
-        cursor.fresh = line % band.luma_every == 0;
-        cursor.chroma = band.chroma_bytes != 0 && line % band.chroma_every == 0;
+        const auto also = [&](const Stream& stream) { return stream.from + line * intptr_t{stream.pitch}; };
+        cursor.also0 = also(band.also[0]);
+        cursor.also1 = also(band.also[1]);
+        cursor.also2 = also(band.also[2]);
+        cursor.also3 = also(band.also[3]);
+        cursor.fresh = begins(line, band.luma_every);
+        cursor.chroma = band.chroma_bytes != 0 && begins(line, band.chroma_every);
         if (line % 2 == 0) {
             copy_line<written_for_two, stores, false>(cursor);
         } else {
             copy_line<written_for_two, stores, gaps>(cursor);
         }
-        if ((line + 1) % band.luma_every == 0) cursor.luma += band.luma_pitch;
-        if (band.chroma_bytes != 0 && (line + 1) % band.chroma_every == 0) {
+        if (begins(line + 1, band.luma_every)) cursor.luma += band.luma_pitch;
+        if (band.chroma_bytes != 0 && begins(line + 1, band.chroma_every)) {
             cursor.u += band.chroma_pitch;
             cursor.v += band.chroma_pitch;
         }
         cursor.to += band.to_pitch;
     }
+}
+
+void read_lines(const Stream& stream, int lines)
+{
+    for (int line = 0; line < lines; line++) {
+        const uint8_t *from = stream.from + line * intptr_t{stream.pitch}, *end = from + stream.bytes;
+        while (end - from >= 64) pass<64>(from);
+        while (end - from >= 8) pass<8>(from);
+    }
+}
+
+template <int written_for_two, Stores stores, bool gaps> void copy(const Band& band)
+{
+    if (band.luma_bytes == 0) return read_lines(band.also[0], band.lines);
+    if constexpr (gaps) return copy_lines<written_for_two, stores, true, 0, 0>(band);
+    if constexpr (written_for_two == 2) {
+        if (band.luma_times == 2) return copy_lines<2, stores, false, 0, 0, 2>(band);
+        if (band.luma_times == 3) return copy_lines<2, stores, false, 0, 0, 3>(band);
+        if (band.luma_times == 4) return copy_lines<2, stores, false, 0, 0, 4>(band);
+    }
+    if (band.also[2].bytes != 0) return copy_lines<written_for_two, stores, false, 2, 2>(band);
+    if (band.also[1].bytes != 0) return copy_lines<written_for_two, stores, false, 2, 0>(band);
+    if (band.also[0].bytes != 0) return copy_lines<written_for_two, stores, false, 1, 0>(band);
+    copy_lines<written_for_two, stores, false, 0, 0>(band);
 }
 
 template <Stores stores> void copy_as(const Band& band)

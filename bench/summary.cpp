@@ -16,11 +16,19 @@ std::string join(std::initializer_list<std::string_view> parts)
     return all;
 }
 
+// What tells the name of an export from that of its group's first.
+std::string difference(const std::string& first, const std::string& name)
+{
+    const auto common = std::mismatch(name.begin(), name.end(), first.begin(), first.end()).first - name.begin();
+    const size_t from = name.find_last_of("-_", static_cast<size_t>(common));
+    return name.substr(from == std::string::npos ? 0 : from + 1);
+}
+
 void print_title(const std::string& title, const Traffic& traffic)
 {
     std::printf("\n%s: a picture reads %.2f MB and writes %.2f MB\n", title.c_str(),
                 static_cast<double>(traffic.read) / 1e6, static_cast<double>(traffic.written) / 1e6);
-    std::printf("%-24s %10s %7s %14s %14s %14s\n", "", "ms/picture", "GB/s", "speed/roof", "speed/peer", "time/plain");
+    std::printf("%-24s %10s %7s %14s %14s %14s\n", "", "ms/picture", "GB/s", "speed/roof", "speed/peer", "time/twin");
 }
 
 void print_ratio(double ratio, const char* format)
@@ -60,10 +68,15 @@ double Summary::fastest(const std::string& beginning, std::string* which) const
     return best;
 }
 
-double Summary::roof(const std::string& prefix, const std::string& name, const std::string& plain) const
+double Summary::roof(const std::string& prefix, const Contender& of, const std::vector<Contender>& contenders) const
 {
-    const double own = fastest(prefix + export_of(name) + "/roof:");
-    return own > 0 ? own : fastest(prefix + plain + "/roof:");
+    double best = 0;
+    for (const Contender& c : contenders) {
+        if (c.name.find("/roof:") == std::string::npos || c.plain != of.plain || c.traffic != of.traffic) continue;
+        const double time = seconds(prefix + c.name);
+        if (time > 0 && (best <= 0 || time < best)) best = time;
+    }
+    return best;
 }
 
 void Summary::print_table(const std::string& prefix, const std::vector<Contender>& contenders) const
@@ -82,11 +95,11 @@ void Summary::print_table(const std::string& prefix, const std::vector<Contender
                     static_cast<double>(c.traffic.read + c.traffic.written) / time / 1e9);
         // A peer that moves other bytes than the loader has another roof.
         const bool same_roof = !peer || c.own_traffic;
-        print_ratio(same_roof ? 100 * roof(prefix, c.name, c.plain) / time : 0, "%.0f%%");
+        print_ratio(same_roof ? 100 * roof(prefix, c, contenders) / time : 0, "%.0f%%");
         print_ratio(fastest(prefix + c.plain + "/peer:") / time, "%.2fx");
-        const double plain =
-            adjusted && member.starts_with("vsurf:") ? seconds(join({prefix, c.plain, "/", member})) : 0;
-        print_ratio(plain > 0 ? time / plain : 0, "%.2fx");
+        const double loader = fastest(prefix + c.plain + "/loader:");
+        const double twin = loader > 0 ? loader : adjusted ? seconds(join({prefix, c.plain, "/", member})) : 0;
+        print_ratio(twin > 0 && member.starts_with("vsurf:") ? time / twin : 0, "%.2fx");
         std::printf("\n");
     }
     std::fflush(stdout);
@@ -100,14 +113,16 @@ void Summary::print_line(const std::string& prefix, const Group& group) const
     const double time = seconds(prefix + plain + library);
     if (time <= 0) return;
     std::printf("%-56s %8.3f ms (%s)", (prefix + plain).c_str(), time * 1e3, vsurf::active_isa().name);
-    if (const double best = roof(prefix, plain, plain); best > 0) std::printf(", %.0f%% of roof", 100 * best / time);
+    if (const double best = fastest(prefix + plain + "/roof:"); best > 0)
+        std::printf(", %.0f%% of roof", 100 * best / time);
     if (const double best = fastest(prefix + plain + "/peer:", &peer); best > 0) {
         std::printf(", %.2fx %s", best / time, peer.c_str());
     }
-    for (size_t i = 1; i < group.exports.size(); i++) {
-        const Export& e = group.exports[i];
-        const double adjusted = seconds(join({prefix, e.name, library}));
-        if (adjusted > 0) std::printf(", %s %.2fx time", i == 1 ? "adjusted" : "grey", adjusted / time);
+    const double loader = fastest(prefix + plain + "/loader:");
+    for (const Export& e : group.exports) {
+        const double other = seconds(join({prefix, e.name, library}));
+        if (other <= 0 || (&e == &group.exports.front() && loader <= 0)) continue;
+        std::printf(", %s %.2fx time", difference(plain, e.name).c_str(), other / (loader > 0 ? loader : time));
     }
     std::printf("\n");
     std::fflush(stdout);

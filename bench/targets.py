@@ -8,20 +8,25 @@ class Target:
     title: str
     exports: str  # a pattern of whole names
     measure: str  # "peer": speed over the best peer's; "roof": share of the roof's speed; "slower": time over the
-    #               roof's; "plain": time over the plain twin's
-    factors: tuple  # hot 720x576, hot other sizes, cold
+    #               roof's; "plain", "loader": time over the plain twin's or the loader's; "opaque": speed over the
+    #               opaque twin's
+    factors: tuple  # hot 720x576, hot other sizes, cold; None where nothing is to be reached
     peers: tuple = ("",)  # beginnings of the names of those that count
 
     @property
     def faster_is_more(self):
-        return self.measure in ("peer", "roof")
+        return self.measure in ("peer", "roof", "opaque")
+
+    @property
+    def of_twin(self):
+        return self.measure in ("plain", "loader", "opaque")
 
     def show(self, value):
         return f"{value:.0%}" if self.measure == "roof" else f"{value:.2f}x"
 
     def unit(self):
-        return {"peer": "peer" if self.peers == ("",) else self.peers[0], "roof": "of roof", "slower": "roof's time",
-                "plain": "plain"}[self.measure]
+        named = {"peer": "peer" if self.peers == ("",) else self.peers[0], "roof": "of roof", "slower": "roof's time"}
+        return named.get(self.measure, self.measure)
 
 
 TARGETS = (
@@ -40,6 +45,12 @@ TARGETS = (
     Target("YV12 1X2 into RGB", "strech_picture_1X2_yuy2_ajust_rgb.*", "peer", (1.8, 1.8, 3.0)),
     Target("YUY2 2X2 into YUY2", "yuy2_strech_.*", "peer", (6.0, 6.0, 7.0), ("swscale",)),
     Target("band, every group at an edge", "strech_opt_yuy2_ajust-edges", "slower", (6.0, 6.0, 3.0)),
+    Target("mixer, alpha all 0", "mix_.*-clear", "loader", (1.25, 1.15, 1.15)),
+    Target("mixer, a subtitle's alpha", "mix_.*-subtitle", "loader", (1.4, 1.2, 1.2)),
+    Target("mixer, random alpha", "mix_.*-random", "loader", (2.2, 1.7, 1.4)),
+    Target("mixer, any alpha", "mix_.*", "peer", (2.0, 1.5, 2.0)),
+    Target("conversion, transparent", "Convert_.*-transparent", "opaque", (6.0, 6.0, None)),
+    Target("fills", "LoadColorKey.*", "roof", (1.0, 1.0, 1.0)),
 )
 
 
@@ -77,8 +88,8 @@ class Verdict:
         return f"**no**{value}" + (f" (roof: {self.target.show(self.limit)})" if self.beyond else "")
 
 
-def target_of(export):
-    return next((target for target in TARGETS if re.fullmatch(target.exports, export)), None)
+def targets_of(export):
+    return [target for target in TARGETS if re.fullmatch(target.exports, export)]
 
 
 def factor_of(target, case):
@@ -87,18 +98,24 @@ def factor_of(target, case):
     return target.factors[0 if case.size == "720x576" else 1]
 
 
-def verdict(run, case):
-    """How an export does beside its target, or None where it has none or lacks a measurement."""
-    target, time, roof = target_of(case.export), run.time(case), run.roof(case)
-    if not target or not time or not roof:
+def reached(run, case, target):
+    """What the export reaches of the target's measure, and what one as fast as the roof would; None for unknown."""
+    time, roof = run.time(case), run.roof(case)
+    if not time or not roof:
         return None
-    factor = factor_of(target, case)
     if target.measure == "roof":
-        return Verdict(target, factor, roof / time, 1)
+        return roof / time, 1
     if target.measure == "slower":
-        return Verdict(target, factor, time / roof, 1)
-    if target.measure == "plain":
-        plain = run.twin_time(case) or None
-        return Verdict(target, factor, time / plain, roof / plain) if plain else None
+        return time / roof, 1
+    if target.of_twin:
+        twin = run.twin_time(case)
+        ratios = (time / twin, roof / twin) if twin else None
+        return tuple(1 / ratio for ratio in ratios) if ratios and target.faster_is_more else ratios
     peer = run.best_peer(case, target.peers)
-    return Verdict(target, factor, peer[0] / time, peer[0] / roof) if peer else None
+    return (peer[0] / time, peer[0] / roof) if peer else None
+
+
+def verdicts(run, case):
+    """How an export does beside its targets, as far as it has any and was measured."""
+    found = [(target, factor_of(target, case), reached(run, case, target)) for target in targets_of(case.export)]
+    return [Verdict(target, factor, *values) for target, factor, values in found if factor and values]

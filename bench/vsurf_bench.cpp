@@ -12,6 +12,7 @@
 
 #include "bench/check.h"
 #include "bench/content.h"
+#include "bench/covers.h"
 #include "bench/groups.h"
 #include "bench/summary.h"
 
@@ -86,8 +87,11 @@ void describe_machine(const Ring& ring)
 
 void describe_contents(Ring& ring)
 {
-    const Family& family = families().back();
-    const Layout layout = layout_of(family.groups.back().exports.front().access, {720, 576});
+    constexpr Size kSize{720, 576};
+    const Coverage subtitle = coverage_of(subtitle_alpha(kSize));
+    benchmark::AddCustomContext("subtitle_pixels", std::to_string(subtitle.pixels));
+    benchmark::AddCustomContext("subtitle_blocks", std::to_string(subtitle.blocks));
+    const Layout layout = layout_of(band_access(), kSize);
     ring.cut(slot_bytes(layout));
     benchmark::AddCustomContext("band_edges_share", std::to_string(edge_share(layout, ring.first(layout))));
     ring.paint(layout, Content::natural, 1);
@@ -157,25 +161,28 @@ private:
                                        "x" + std::to_string(size.height) + "/";
             for (const Group& group : family.groups) {
                 const auto list = options_.stores ? store_contenders : contenders;
-                run_group(prefix, regime, group, list(family, group, size));
+                run_group(prefix, regime, group, size, list(family, group, size));
             }
         }
     }
 
-    void run_group(const std::string& prefix, const std::string& regime, const Group& group,
+    void run_group(const std::string& prefix, const std::string& regime, const Group& group, Size size,
                    std::vector<Contender> list)
     {
         std::erase_if(list, [&](const Contender& c) { return !std::regex_search(prefix + c.name, wanted_); });
         if (list.empty()) return;
         any_ = true;
-        size_t slot = 0;
+        size_t slot = slot_bytes(layout_of(group.exports.front().access, size));
         for (const Contender& contender : list) slot = std::max(slot, slot_bytes(contender.layout));
         ring_.cut(slot);
         const size_t used = regime == "cold" ? ring_.slots() : 1;
-        const Layout& layout = list.front().layout;
+        const Layout layout = layout_of(group.exports.front().access, size);
+        const bool covered = layout.access.cover != Cover::none;
         if (group.content != Content::noise) ring_.paint(layout, group.content, used);
+        if (covered) ring_.cover(layout, group.content, used);
         run_interleaved(prefix, regime, list);
         if (group.content != Content::noise) ring_.paint(layout, Content::noise, used);
+        if (covered) ring_.uncover(layout, used);
         if (options_.stores) {
             summary_.print_stores(prefix, list);
         } else if (options_.brief) {

@@ -1,0 +1,10 @@
+// The record that a subpicture's exports are given, filled anew for every call.
+#pragma once
+#include "bench/picture.h"
+#include "frame/vsurf.h"
+
+namespace bench {
+
+MIX_INFO job_for(const Layout& layout, const Picture& picture, ajust_contrast_info* info);
+
+} // namespace bench
