@@ -4,7 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -37,6 +38,7 @@ protected:
 };
 
 class JobInPlace : public JobExactness {};
+class JobBelowZero : public JobExactness {};
 
 TEST_P(JobExactness, every_width_and_height)
 {
@@ -140,18 +142,37 @@ TEST_P(JobInPlace, whole_blocks_at_equal_pitches)
     }
 }
 
-std::string name_of(const testing::TestParamInfo<JobExport>& tested) { return tested.param.name; }
-
-std::vector<JobExport> in_place()
+// One line, one pass, or one strip.
+TEST_P(JobBelowZero, sizes_count_as_the_least)
 {
-    std::vector<JobExport> found;
-    for (const JobExport& each : harness::job_exports()) {
-        if (each.works_in_place()) found.push_back(each);
+    Random random(47);
+    for (const int size : {-1, -2, -3, -4, -15, -16, -17, -100, -65536, -0x40000000}) {
+        JobCase c = any(48, size, random);
+        ASSERT_TRUE(check(c, harness::flush()));
+        if (!GetParam().sizes.signed_width) continue;
+        c.width = size;
+        ASSERT_TRUE(check(c, harness::flush()));
     }
-    return found;
 }
 
+std::string name_of(const testing::TestParamInfo<JobExport>& tested) { return tested.param.name; }
+
+auto those_that(bool (*fit)(const JobExport&))
+{
+    std::vector<JobExport> found;
+    std::copy_if(harness::job_exports().begin(), harness::job_exports().end(), std::back_inserter(found), fit);
+    return testing::ValuesIn(found);
+}
+
+bool works_in_place(const JobExport& tested)
+{
+    return tested.kind == JobKind::kPlanarMixer || tested.kind == JobKind::kMask;
+}
+
+bool has_signed_height(const JobExport& tested) { return tested.sizes.least_height < 0; }
+
 INSTANTIATE_TEST_SUITE_P(Jobs, JobExactness, testing::ValuesIn(harness::job_exports()), name_of);
-INSTANTIATE_TEST_SUITE_P(Jobs, JobInPlace, testing::ValuesIn(in_place()), name_of);
+INSTANTIATE_TEST_SUITE_P(Jobs, JobInPlace, those_that(works_in_place), name_of);
+INSTANTIATE_TEST_SUITE_P(Jobs, JobBelowZero, those_that(has_signed_height), name_of);
 
 } // namespace

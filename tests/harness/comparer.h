@@ -21,7 +21,7 @@ protected:
     uint8_t* stretch(Content content, uint64_t seed);
 
     // For the model to write on: noise, and a copy of it.
-    model::Plane show_canvas(PlaneMemory& memory, size_t canvas);
+    model::Plane show_canvas(PlaneMemory& memory, size_t number);
     uint8_t* canvas(size_t number);
     const uint8_t* ground() const { return ground_.data() + reach_; }
 

@@ -50,7 +50,7 @@ std::optional<std::string> JobChecker::run(const JobCase& c, const std::vector<P
     case_ = &c;
     show();
     run_model();
-    const auto wrong = compare(placements, tables);
+    auto wrong = compare(placements, tables);
     if (drawing_.touched()) {
         std::copy(ground() + drawing_.low(), ground() + drawing_.high(), canvas(kDrawingCanvas) + drawing_.low());
     }

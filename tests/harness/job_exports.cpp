@@ -37,6 +37,7 @@ void imitate(void (*f)(model::Plane&, model::Plane&, const model::Replacement&),
 
 constexpr JobSizes kAny = {};
 constexpr JobSizes kBlocks8 = {.least_width = 8};
+constexpr JobSizes kStrips = {.signed_width = true};
 constexpr JobSizes kUnsigned = {.least_height = 0};
 constexpr JobSizes kField = {.signed_picture = false};
 constexpr JobSizes kUnsignedField = {.least_height = 0, .signed_picture = false};
@@ -82,9 +83,9 @@ const std::vector<JobExport>& job_exports()
         {ROW(mix_ayuy2_rgb32_p_ajust), kMixer, 4},
         {ROW(mix_ayuy2_rgb24_p_ajust), kMixer, 3},
         {ROW(mix_ayuy2_rgb16_p_ajust), kMixer, 2, kAny, true},
-        {ROW(mix_ayuy2_rgb32_i_ajust), kMixer, 4},
-        {ROW(mix_ayuy2_rgb24_i_ajust), kMixer, 3},
-        {ROW(mix_ayuy2_rgb16_i_ajust), kMixer, 2, kAny, true},
+        {ROW(mix_ayuy2_rgb32_i_ajust), kMixer, 4, kStrips},
+        {ROW(mix_ayuy2_rgb24_i_ajust), kMixer, 3, kStrips},
+        {ROW(mix_ayuy2_rgb16_i_ajust), kMixer, 2, kStrips, true},
         {ROW(mix_ayv12_yv12_p), kPlanarMixer, 1, kUnsigned},
         {ROW(mix_ayv12_yv12_p_ajust), kPlanarMixer, 1, kUnsigned},
         {ROW(mix_ayv12_yv12_i), kPlanarMixer, 1, kUnsignedField},

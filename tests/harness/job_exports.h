@@ -40,6 +40,7 @@ enum class JobKind {
 struct JobSizes {
     int least_width = 0, least_height = -2;
     bool signed_picture = true; // whether picture_pitch may be negative
+    bool signed_width = false;
 };
 
 struct JobExport {
@@ -53,7 +54,6 @@ struct JobExport {
     bool reads_layout = false;
 
     std::vector<JobPlane> destinations() const;
-    bool works_in_place() const { return kind == JobKind::kPlanarMixer || kind == JobKind::kMask; }
 };
 
 // In the order of the index, which lists them after those of `exports`.
