@@ -16,6 +16,7 @@ int bar_height(const Surface& screen)
     return std::min(std::max(kLeastBar, screen.shown_height() / kBarsPerHeight / 2 * 2), screen.height());
 }
 
+// The fourth byte of a pixel is no colour.
 int colour_bytes(SurfaceFormat format) { return std::min(traits(format).bytes_per_pixel, 3); }
 
 } // namespace
@@ -26,12 +27,15 @@ Surface& Overlay::area(const Surface& video)
     return screen_;
 }
 
-void Overlay::paint_key(Stats& stats) { fill(kKeyByte, screen_.height(), stats); }
+void Overlay::paint_key(Stats& stats)
+{
+    stats.time([&] { return fill(kKeyByte, screen_.height()); });
+}
 
 void Overlay::paint_bar(std::optional<double> played, Stats& stats)
 {
     const int height = bar_height(screen_), border = height / 4;
-    fill(kBarByte, height, stats);
+    fill(kBarByte, height);
     if (!played) return;
     const int bytes_per_pixel = traits(screen_.format()).bytes_per_pixel, line = screen_.width() * bytes_per_pixel;
     const auto pitch = static_cast<std::size_t>(screen_.pitch());
@@ -45,18 +49,16 @@ void Overlay::paint_bar(std::optional<double> played, Stats& stats)
     });
 }
 
-void Overlay::fill(uint32_t byte, int height, Stats& stats)
+const char* Overlay::fill(uint32_t byte, int height)
 {
     auto run = [&](const char* name, auto load, uint32_t colour) {
-        stats.time([&] {
-            load(colour, screen_.bytes(), screen_.width(), height, 0, screen_.pitch());
-            return name;
-        });
+        load(colour, screen_.bytes(), screen_.width(), height, 0, screen_.pitch());
+        return name;
     };
     switch (screen_.format()) {
-    case SurfaceFormat::rgb32: run("LoadColorKeyRgb32", kernels_.LoadColorKeyRgb32, byte * 0x01010101); break;
-    case SurfaceFormat::rgb24: run("LoadColorKeyRgb24", kernels_.LoadColorKeyRgb24, byte * 0x010101); break;
-    default: run("LoadColorKeyRgb16", kernels_.LoadColorKeyRgb16, byte * 0x0101);
+    case SurfaceFormat::rgb32: return run("LoadColorKeyRgb32", kernels_.LoadColorKeyRgb32, byte * 0x01010101);
+    case SurfaceFormat::rgb24: return run("LoadColorKeyRgb24", kernels_.LoadColorKeyRgb24, byte * 0x010101);
+    default: return run("LoadColorKeyRgb16", kernels_.LoadColorKeyRgb16, byte * 0x0101);
     }
 }
 

@@ -24,7 +24,7 @@ public:
     const RgbImage& over(const RgbImage& video);
 
 private:
-    void fill(uint32_t byte, int height, Stats& stats);
+    const char* fill(uint32_t byte, int height); // returns the name of the export that did it
 
     const vsurf::Kernels& kernels_;
     Surface screen_;
