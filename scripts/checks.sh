@@ -157,7 +157,7 @@ check_neon()
 check_i686()
 {
     need_or_skip i686
-    cross_check i686 i686-linux-gnu -DVSURF_MAX_ISA=avx2
+    cross_check i686 i686-linux-gnu -DVSURF_MAX_ISA=sse2
 }
 
 check_lint()
