@@ -194,7 +194,8 @@ TEST_F(Tracks, count_once_however_often_a_film_is_played)
     add_tracks(scratch_ / "video.mkv", scratch_ / "film.mkv", {boxes(box)});
     const auto pictures = dump({"--loop", "--subtitle-track", "1", (scratch_ / "film.mkv").string()}, 8);
     EXPECT_GT(largest_difference(pictures[0], pictures[1])[0], 20);
-    for (const std::size_t i : {std::size_t{1}, std::size_t{2}}) EXPECT_EQ(largest_difference(pictures[i], pictures[i + 3])[0], 0) << i;
+    for (const std::size_t i : {std::size_t{1}, std::size_t{2}})
+        EXPECT_EQ(largest_difference(pictures[i], pictures[i + 3])[0], 0) << i;
     EXPECT_EQ(largest_difference(pictures[1], pictures[7])[0], 0);
 }
 
