@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which bytes an export reads and writes: the kind of its source and surface, the scale, and where its lines lie.
 #pragma once
 #include <cstddef>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whether peers and roofs do the work that their figures stand for.
 #pragma once
 #include <regex>

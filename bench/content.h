@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the measured pictures show.
 #pragma once
 #include <cstdint>

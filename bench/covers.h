@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Alpha planes and drawings of subpictures.
 #pragma once
 #include <vector>

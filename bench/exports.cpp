@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/exports.h"
 #include "bench/covers.h"
 #include "bench/jobs.h"

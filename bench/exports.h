@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The measured exports: what each reads and writes, and what is compared with what.
 #pragma once
 #include <optional>

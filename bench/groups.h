@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is measured: families of groups of exports. A group shares a source, a surface and peers, and is run
 // interleaved.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/jobs.h"
 
 #include "bench/covers.h"

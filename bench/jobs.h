@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The record that a subpicture's exports are given, filled anew for every call.
 #pragma once
 #include "bench/picture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/libyuv_loads.h"
 
 #include <libyuv.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // libyuv's nearest calls, one or several after the other.
 #pragma once
 #include <vector>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The steps that libyuv's ways to a surface are made of.
 #pragma once
 #include <libyuv.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/libyuv_subpictures.h"
 
 #include "bench/libyuv_steps.h"

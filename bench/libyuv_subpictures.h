@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // libyuv's nearest calls for subpictures and colour keys.
 #pragma once
 #include "bench/peers.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The measurements of a vsurf_bench run, read from its JSON output: fastest repetition, ratios."""
 import json
 from dataclasses import dataclass, field

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <libyuv.h>
 
 #include "bench/libyuv_loads.h"

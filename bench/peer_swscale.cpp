@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 extern "C" {
 #include <libavutil/cpu.h>
 #include <libavutil/log.h>

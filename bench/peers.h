@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Other libraries' nearest calls: the same source, the same surface, one thread.
 #pragma once
 #include <functional>

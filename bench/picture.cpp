@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/picture.h"
 
 #include <benchmark/benchmark.h>

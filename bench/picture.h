@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures and surfaces to measure with: their places in memory, and a ring of them larger than the caches.
 #pragma once
 #include <cstdint>

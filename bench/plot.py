@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The plots of a vsurf_bench run: every export's speed relative to the roof and to the best peer."""
 import matplotlib
 

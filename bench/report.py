@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Turns the JSON output of vsurf_bench into report.md and a plot for each family of exports."""
 import argparse
 import sys

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the report says besides its tables."""
 
 INTRODUCTION = """# How fast vsurf is

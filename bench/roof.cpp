@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/roof.h"
 
 #include "bench/roof_walk.h"

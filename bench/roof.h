@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The streaming roof: loops that read and write exactly the bytes that a loader reads and writes, and compute nothing.
 // No loader that moves these bytes through vector registers can be faster.
 #pragma once

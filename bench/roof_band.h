@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the roof's inner loops are given. Free of the standard library, because these loops are
 // compiled once per instruction set.
 #pragma once

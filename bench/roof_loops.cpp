@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The roof's inner loops, compiled once per instruction set.
 #include "bench/roof_band.h"
 #include "bench/roof_registers.h"

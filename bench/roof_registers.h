@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The registers that the roof's inner loops move bytes through, for the instruction set that they are compiled for.
 #pragma once
 #include <stdint.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the roof reads and writes, in bands of lines for its inner loops.
 #pragma once
 #include <array>

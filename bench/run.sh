@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Builds the benchmarks where needed, runs them all, and writes a report and its plots, which lie beside it.
 #
 #   bench/run.sh [--quick] [--build DIR] [--output FILE] [--filter REGEX]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/subpictures.h"
 
 namespace bench {

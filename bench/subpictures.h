@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The measured exports that deal with subpictures and colour keys.
 #pragma once
 #include "bench/exports.h"

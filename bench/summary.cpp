@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/summary.h"
 
 #include <algorithm>

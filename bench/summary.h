@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Collects what Google Benchmark measures and prints it as ratios: to the roof, to the best peer, to the plain twin.
 #pragma once
 #include <benchmark/benchmark.h>

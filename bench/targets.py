@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What every class of exports is to reach, and whether it did."""
 import re
 from dataclasses import dataclass

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The library's pixel exports beside a streaming roof and beside other libraries, on pictures that stay in the caches
 // ("hot") and on pictures that do not ("cold"). Groups of contenders run interleaved; the fastest repetition counts.
 #include <benchmark/benchmark.h>

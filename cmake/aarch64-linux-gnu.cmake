@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # 64-bit Arm on another Linux machine: Debian's cross compiler, and qemu's user emulation for what the build runs.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)

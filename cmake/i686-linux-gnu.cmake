@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Cross build for 32-bit x86. Debian's gcc-multilib cannot stand beside the aarch64 compiler, this one can. An x86-64
 # machine runs the programs through the cross compiler's own loader and C library.
 set(CMAKE_SYSTEM_NAME Linux)

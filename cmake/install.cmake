@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What `cmake --install` puts where, and what a project needs to find it again: a CMake package and a pkg-config file.
 include(CMakePackageConfigHelpers)
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Colour keys: the rectangle in which an overlay shows the video, and bytes replaced where a mask says so.
 #include "frame/dispatch.h"
 #include "frame/passes.h"

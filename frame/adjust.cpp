@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "frame/adjust.h"
 #include "frame/vsurf.h"
 
@@ -6,7 +7,7 @@ constinit Adjustment adjustment_state = {}; // all zero until the first `get_con
 }
 
 // Only the low 16 bits of each field count, and the two addends of an offset wrap.
-extern "C" VSURF_API void get_contrast_data(void* info)
+extern "C" VSURF_API void VSURF_CALL get_contrast_data(void* info)
 {
     const auto& from = *static_cast<const ajust_contrast_info*>(info);
     auto write = [](int16_t& to, int32_t a, int32_t b) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The picture adjustment: the process-wide state and, for the kernels, what it does to a sample.
 #pragma once
 #include <stdint.h>

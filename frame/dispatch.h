@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tables of exports, one per instruction set, and the choice among them.
 #pragma once
 #include "frame/vsurf.h"
@@ -51,7 +52,7 @@ struct Isa {
     bool (*runs_here)(); // whether processor and operating system support it
 };
 
-extern const Isa isas[]; // best first; the last one is scalar and always runs
+extern const Isa isas[]; // best first; the last one always runs
 extern const int isa_count;
 const Isa& active_isa(); // the one that the exported functions use
 

@@ -1,9 +1,11 @@
+// SPDX-License-Identifier: MIT
 // The exported functions, and the choice of the instruction set that serves them.
 #include "frame/dispatch.h"
 
 namespace vsurf {
 
-// The build lists its instruction sets, best first, as VSURF_ISAS: ISA(avx2) ISA(sse2) ... ISA(scalar).
+// The build lists its instruction sets, best first, as VSURF_ISAS: ISA(avx512) ISA(avx2) ISA(sse2). The last runs on
+// every processor that the build is for.
 #define ISA(name)                 \
     namespace name {              \
     extern const Kernels kernels; \
@@ -31,7 +33,7 @@ VSURF_ISAS
 }
 #endif
 [[maybe_unused]] static bool can_run_neon() { return true; }
-static bool can_run_scalar() { return true; }
+[[maybe_unused]] static bool can_run_scalar() { return true; }
 
 #define ISA(name) {#name, &name::kernels, can_run_##name},
 extern constinit const Isa isas[] = {VSURF_ISAS};
@@ -52,6 +54,6 @@ const Isa& active_isa() { return *active; }
 
 extern "C" {
 #define EXPORT_(name, params, args) \
-    VSURF_API void name params { vsurf::active->kernels->name args; }
+    VSURF_API void VSURF_CALL name params { vsurf::active->kernels->name args; }
 #include "frame/exports.inc"
 }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sinks: what becomes of a block's luma and chroma on the surface. Each tells its bytes a pixel, the weave that its
 // stores expect, what it makes of the chroma, and how it stores the pixels of one line.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the two lines of a pass are walked, whatever is done to their pixels.
 //
 // A Step does N source pixels, kWidest of them at the most and 16 at the least: `chroma<N>(at, x)` is what both lines

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // YUV to RGB: BT.601 studio range in 16-bit fixed point.
 //
 //   L = 1.164 (Y - 16),  R = L + 1.596 (V - 128),  G = L - 0.391 (U - 128) - 0.813 (V - 128),  B = L + 2.018 (U - 128)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "frame/streaming.h"
 
 namespace vsurf {

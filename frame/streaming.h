@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // When stores go past the caches.
 #pragma once
 #include <stddef.h>

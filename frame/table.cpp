@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "frame/dispatch.h"
 
 namespace vsurf::VSURF_ISA {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // vsurf: decoded video pictures onto display surfaces.
 //
 // A video player calls one of these functions per picture. It reads a decoded picture (planar YV12 or packed YUY2),
@@ -52,15 +53,23 @@
 #include <stddef.h>
 #include <stdint.h>
 
-#if defined _WIN32 && defined VSURF_BUILDING
-#define VSURF_API __declspec(dllexport)
-#elif defined VSURF_BUILDING
-#define VSURF_API __attribute__((visibility("default")))
+// Linkage.  Functions have C linkage; on Windows, C++ compilers whose names are decorated the platform's own way (they
+//   define _MSC_VER) see C++ functions instead, and the DLL exports both names. Define VSURF_STATIC there to link the
+//   static library.
+#if !defined _WIN32
+#define VSURF_CALL
 #else
-#define VSURF_API
+#define VSURF_CALL __cdecl
 #endif
-
-#ifdef __cplusplus
+#if defined VSURF_BUILDING && !defined _WIN32
+#define VSURF_API __attribute__((visibility("default")))
+#elif defined VSURF_BUILDING || defined VSURF_STATIC || !defined _WIN32
+#define VSURF_API
+#else
+#define VSURF_API __declspec(dllimport)
+#endif
+#if defined __cplusplus && (!defined _MSC_VER || defined VSURF_STATIC)
+#define VSURF_C_LINKAGE
 extern "C" {
 #endif
 
@@ -164,7 +173,7 @@ VSURF_OFFSET(tagVideoFrame, pitch, 16, 32);
 //     luma_gain = y_gain                          chroma_gain = uv_gain
 //     luma_offset = y_offset_a + y_offset_b       u_offset, v_offset likewise        all modulo 65536, signed
 // Faults on null. Offsets of 30000 and 30000 make -5536, since the sum wraps.
-VSURF_API void get_contrast_data(void* info);
+VSURF_API void VSURF_CALL get_contrast_data(void* info);
 
 // Planar loaders: a YV12 picture onto a surface of the same size.
 //
@@ -181,8 +190,8 @@ VSURF_API void get_contrast_data(void* info);
 
 // YV12 to YUY2, as the family. On the second line of every pass the first 8 bytes of each 32-byte block are not
 // written: pixels 0 to 3 of every 16 keep what the surface held.
-VSURF_API void loadimage_yuy2(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch,
-                              ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_yuy2(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
+                                         int dst_pitch, ajust_contrast_info* info);
 
 // YV12 to YV12, with pointers of its own (docs/contract.md). Luma pass j copies 16 * blocks bytes from
 // y + j * (2 * y_pitch + 2 * dst_pitch - width + r) to dst + j * 16 * blocks, and from `width` bytes further in the
@@ -191,59 +200,59 @@ VSURF_API void loadimage_yuy2(void* y, void* u, void* v, void* dst, int width, i
 // 8 * max(1, ceil((width >> 1) / 8)) bytes, pitches halved, so that `height` chroma lines of each plane are read and
 // written, twice what it holds, and the second half of V lands on the place of U and stays there. A plain copy of the
 // picture it is not, and is not meant to be. Both pitches must be at least half the width: their halves are unsigned.
-VSURF_API void loadimage_yv12(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch,
-                              ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_yv12(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
+                                         int dst_pitch, ajust_contrast_info* info);
 
 // YV12 to RGB32, as the family.
-VSURF_API void loadimage_rgb32(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch,
-                               ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_rgb32(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
+                                          int dst_pitch, ajust_contrast_info* info);
 
 // YV12 to RGB24, as the family.
-VSURF_API void loadimage_rgb24(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch,
-                               ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_rgb24(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
+                                          int dst_pitch, ajust_contrast_info* info);
 
 // YV12 to RGB16, as the family, in the layout `info->rgb16_layout`. Any value but 0..3 returns at once. `info` must be
 // valid; nothing else of it is read.
-VSURF_API void loadimage_rgb16(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch,
-                               ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_rgb16(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
+                                          int dst_pitch, ajust_contrast_info* info);
 
 // `loadimage_rgb32` of adjusted samples: every byte is adjusted before the conversion.
-VSURF_API void loadimage_rgb32_ajust(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
-                                     int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_rgb32_ajust(void* y, void* u, void* v, void* dst, int width, int height,
+                                                int y_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // `loadimage_rgb24` of adjusted samples.
-VSURF_API void loadimage_rgb24_ajust(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
-                                     int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_rgb24_ajust(void* y, void* u, void* v, void* dst, int width, int height,
+                                                int y_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // `loadimage_rgb16` of adjusted samples, with its layouts and guard.
-VSURF_API void loadimage_rgb16_ajust(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
-                                     int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_rgb16_ajust(void* y, void* u, void* v, void* dst, int width, int height,
+                                                int y_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // YV12 to YUY2, adjusted; unlike `loadimage_yuy2` it writes both lines whole. A height of 8 or less (signed), or odd,
 // returns at once. Lines are done one at a time: line l is read at y + l * (y_pitch + r) and written at
 // dst + l * (dst_pitch + 2 * r), so that the drift is r pixels a line here; chroma, re-read for the second line of each
 // pass, drifts along (docs/contract.md).
-VSURF_API void loadimage_yuy2_ajust(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
-                                    int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_yuy2_ajust(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
+                                               int dst_pitch, ajust_contrast_info* info);
 
 // YV12 to a grey YUY2 picture: adjusted luma, every chroma byte 128. Lines as in `loadimage_yuy2_ajust`, without its
 // guard. `u` and `v` are ignored.
-VSURF_API void loadimage_yuy2_mono_ajust(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
-                                         int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_yuy2_mono_ajust(void* y, void* u, void* v, void* dst, int width, int height,
+                                                    int y_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // YV12 to a part of a YV12 surface, adjusted. With H = info->surface_height and T = info->lines_to_bottom, luma goes to
 // `dst`, then V to Vd = dst + T * dst_pitch + (((H - T) * dst_pitch) >> 2), then U to Ud = Vd + ((H * dst_pitch) >> 2),
 // chroma at half width, height and destination pitch. A plane's line is done in blocks of 8 bytes, its height line by
 // line (at least one). Source planes are read as packed rows of the width rounded up to 8: `y_pitch` is ignored. The V
 // plane is adjusted with u_offset and the U plane with v_offset. `info` must be valid.
-VSURF_API void loadimage_yv12_ajust(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
-                                    int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_yv12_ajust(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
+                                               int dst_pitch, ajust_contrast_info* info);
 
 // YV12 to YUY2 at half width, every line kept, adjusted. Neighbouring samples are averaged, (a + b + 1) >> 1, then
 // adjusted: 8 output pixels (16 bytes) a block. Lines as in `loadimage_yuy2_ajust`, without its guard, at
 // dst + l * (dst_pitch + r).
-VSURF_API void loadimage_half_yuy2_ajust(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
-                                         int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_half_yuy2_ajust(void* y, void* u, void* v, void* dst, int width, int height,
+                                                    int y_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // YV12 to YV12 at half width, every line kept, adjusted. The odd-numbered samples are kept (1, 3, 5, ...), the others
 // dropped. Luma goes to `dst`, then V to dst + height * dst_pitch, then U (dst_pitch >> 1) * (height >> 1) further,
@@ -251,8 +260,8 @@ VSURF_API void loadimage_half_yuy2_ajust(void* y, void* u, void* v, void* dst, i
 // width >> 1 bytes (at least one line), is done in whole blocks of 16 source bytes, at least one, and where t bytes
 // remain in one more block that ends at the line's end: 16 back and t on in the source, 8 back and t >> 1 on in the
 // destination. A width below 32 so reads and writes beyond the chroma line and drifts.
-VSURF_API void loadimage_half_yv12_ajust(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
-                                         int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL loadimage_half_yv12_ajust(void* y, void* u, void* v, void* dst, int width, int height,
+                                                    int y_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // Packed loaders: a YUY2 picture onto a surface of the same size.
 //
@@ -267,36 +276,36 @@ VSURF_API void loadimage_half_yv12_ajust(void* y, void* u, void* v, void* dst, i
 
 // YUY2 to YUY2: a copy, but for the chroma of every second line, which becomes the upper line's. Blocks of 8 pixels:
 // max(1, ceil(width / 8)) of 16 bytes a line.
-VSURF_API void LoadYUY2_YUY2(void* src, void* unused_u, void* unused_v, void* dst, int width, int height, int src_pitch,
-                             int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL LoadYUY2_YUY2(void* src, void* unused_u, void* unused_v, void* dst, int width, int height,
+                                        int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // `LoadYUY2_YUY2` of adjusted samples.
-VSURF_API void LoadYUY2_YUY2_adjust(void* src, void* unused_u, void* unused_v, void* dst, int width, int height,
-                                    int src_pitch, int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL LoadYUY2_YUY2_adjust(void* src, void* unused_u, void* unused_v, void* dst, int width,
+                                               int height, int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // YUY2 to RGB32, as the family.
-VSURF_API void LoadYUY2_RGB32(void* src, void* unused_u, void* unused_v, void* dst, int width, int height,
-                              int src_pitch, int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL LoadYUY2_RGB32(void* src, void* unused_u, void* unused_v, void* dst, int width, int height,
+                                         int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // YUY2 to RGB24, as the family.
-VSURF_API void LoadYUY2_RGB24(void* src, void* unused_u, void* unused_v, void* dst, int width, int height,
-                              int src_pitch, int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL LoadYUY2_RGB24(void* src, void* unused_u, void* unused_v, void* dst, int width, int height,
+                                         int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // YUY2 to RGB16 in the layout `info->rgb16_layout`; any value but 0..3 returns at once. `info` must be valid.
-VSURF_API void LoadYUY2_RGB16(void* src, void* unused_u, void* unused_v, void* dst, int width, int height,
-                              int src_pitch, int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL LoadYUY2_RGB16(void* src, void* unused_u, void* unused_v, void* dst, int width, int height,
+                                         int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // `LoadYUY2_RGB32` of adjusted samples: every byte is adjusted before the conversion.
-VSURF_API void LoadYUY2_RGB32_adjust(void* src, void* unused_u, void* unused_v, void* dst, int width, int height,
-                                     int src_pitch, int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL LoadYUY2_RGB32_adjust(void* src, void* unused_u, void* unused_v, void* dst, int width,
+                                                int height, int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // `LoadYUY2_RGB24` of adjusted samples.
-VSURF_API void LoadYUY2_RGB24_adjust(void* src, void* unused_u, void* unused_v, void* dst, int width, int height,
-                                     int src_pitch, int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL LoadYUY2_RGB24_adjust(void* src, void* unused_u, void* unused_v, void* dst, int width,
+                                                int height, int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // `LoadYUY2_RGB16` of adjusted samples, with its layouts and guard.
-VSURF_API void LoadYUY2_RGB16_adjust(void* src, void* unused_u, void* unused_v, void* dst, int width, int height,
-                                     int src_pitch, int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL LoadYUY2_RGB16_adjust(void* src, void* unused_u, void* unused_v, void* dst, int width,
+                                                int height, int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // Plane enlargers: single planes, whole YV12 pictures and bands of a frame.
 //
@@ -311,8 +320,8 @@ VSURF_API void LoadYUY2_RGB16_adjust(void* src, void* unused_u, void* unused_v, 
 // one line below the enlarged plane, and leaves its part of D(2h-1) unwritten. Reads 8 * strips bytes of each source
 // line, writes 16 * strips of each line down to D(2h-2). Height at least 2: less works as 2, but shifts every strip
 // after the first down by 2 - h source lines and twice as many output lines. `dst` needs room for 2h + 1 lines.
-VSURF_API void strech_pic_2X2(unsigned char* src, unsigned char* dst, int width, int height, int src_pitch,
-                              int dst_pitch);
+VSURF_API void VSURF_CALL strech_pic_2X2(unsigned char* src, unsigned char* dst, int width, int height, int src_pitch,
+                                         int dst_pitch);
 
 // Doubles a plane both ways and adjusts every output byte after the averages: with luma_gain for every plane, and with
 // luma_offset, u_offset or v_offset as `plane` is 1, 2 or 3 (any other: as 1). `info` is ignored. Made for packed
@@ -330,8 +339,8 @@ VSURF_API void strech_pic_2X2(unsigned char* src, unsigned char* dst, int width,
 //     and, right after its bytes, which is D(2h-1) only where dp = 2w, such a line once more, from sp before where the
 //     source then stands: the same line only where sp = 8 * ceil(w / 8).
 // Height 1 runs one round. The width should be a multiple of 8.
-VSURF_API void strech_pic_2X2_adjust(unsigned char* src, unsigned char* dst, int width, int height, int src_pitch,
-                                     int dst_pitch, ajust_contrast_info* info, int plane);
+VSURF_API void VSURF_CALL strech_pic_2X2_adjust(unsigned char* src, unsigned char* dst, int width, int height,
+                                                int src_pitch, int dst_pitch, ajust_contrast_info* info, int plane);
 
 // Doubles the lines of a plane and adjusts every output byte, with the gains and offsets of `strech_pic_2X2_adjust`.
 // `info` is ignored. It writes, all adjusted:
@@ -341,19 +350,19 @@ VSURF_API void strech_pic_2X2_adjust(unsigned char* src, unsigned char* dst, int
 // Rounds work on blocks of 16 bytes over w rounded down to 16, at least one block, and with r = w mod 16 not 0 on one
 // more, back by 16 and on by r; both pitches are followed. First and last lines are done in blocks of 8. Height 1 runs
 // one round. The width should be a multiple of 8.
-VSURF_API void strech_pic_1X2_adjust(unsigned char* src, unsigned char* dst, int width, int height, int src_pitch,
-                                     int dst_pitch, ajust_contrast_info* info, int plane);
+VSURF_API void VSURF_CALL strech_pic_1X2_adjust(unsigned char* src, unsigned char* dst, int width, int height,
+                                                int src_pitch, int dst_pitch, ajust_contrast_info* info, int plane);
 
 // Enlarges a YV12 picture both ways onto a YV12 surface of 2h lines: three calls of `strech_pic_2X2_adjust`,
 //     y to dst with plane 1; v to Vd = dst + 2h * dp with plane 2; u to Vd + ((2h * dp) >> 2) with plane 3,
 // the chroma calls with width, height and both pitches halved (arithmetically). Through the plane numbers V takes
 // u_offset and U takes v_offset, both with luma_gain. `info` is ignored.
-VSURF_API void strech_picture_2X2_yv12_ajust(void* y, void* u, void* v, void* dst, int width, int height, int src_pitch,
-                                             int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL strech_picture_2X2_yv12_ajust(void* y, void* u, void* v, void* dst, int width, int height,
+                                                        int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // Doubles the lines of a YV12 picture: the same three calls, same arguments and places, of `strech_pic_1X2_adjust`.
-VSURF_API void strech_picture_1X2_yv12_ajust(void* y, void* u, void* v, void* dst, int width, int height, int src_pitch,
-                                             int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL strech_picture_1X2_yv12_ajust(void* y, void* u, void* v, void* dst, int width, int height,
+                                                        int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // Doubles the height of a band of a planar 4:2:0 frame along its edges and writes YUY2, adjusted after interpolation.
 // `lines` counts Y lines of the band (of the field in field mode); below 8 returns at once. With P = frame->pitch, the
@@ -369,8 +378,8 @@ VSURF_API void strech_picture_1X2_yv12_ajust(void* y, void* u, void* v, void* ds
 // (a window that starts at p; among equals the smallest k). P must be a multiple of 16 and at least 48: below,
 // interpolated lines still have 48 pixels. `start` counts lines of the enlarged picture where the whole frame is meant,
 // and should be a multiple of 4 there: others take chroma from within a line. `info` is ignored.
-VSURF_API void strech_opt_yuy2_ajust(tagVideoFrame* frame, int start, int lines, unsigned char* dst, int dst_pitch,
-                                     ajust_contrast_info* info);
+VSURF_API void VSURF_CALL strech_opt_yuy2_ajust(tagVideoFrame* frame, int start, int lines, unsigned char* dst,
+                                                int dst_pitch, ajust_contrast_info* info);
 
 // Enlarged loaders: a picture onto a YUY2 or RGB surface while it is enlarged.
 //
@@ -385,54 +394,58 @@ VSURF_API void strech_opt_yuy2_ajust(tagVideoFrame* frame, int start, int lines,
 // but at the bottom, r = h-2, D(2r+2) = D(2r+3) = Y[h-1], C[c].
 
 // YV12 to YUY2 of twice the height: the basic pattern, 2 * width bytes a line. A height below 8 returns at once.
-VSURF_API void strech_picture_1X2_yuy2(void* y, void* u, void* v, void* dst, int width, int height, int src_pitch,
-                                       int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL strech_picture_1X2_yuy2(void* y, void* u, void* v, void* dst, int width, int height,
+                                                  int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // The same, adjusted after interpolation, and with a four-tap filter in place of most averages:
 //     F(a, b, c, d) = clamp0..255((5 * b + 5 * c - (a + d)) >> 3) of four lines in order
 // for luma between Y[s] and Y[s+1] with 2 <= s <= h-3, and for chroma between C[c] and C[c+1] with 1 <= c <= h/2 - 3;
 // elsewhere averages. A height below 8 returns at once.
-VSURF_API void strech_picture_1X2_yuy2_ajust(void* y, void* u, void* v, void* dst, int width, int height, int src_pitch,
-                                             int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL strech_picture_1X2_yuy2_ajust(void* y, void* u, void* v, void* dst, int width, int height,
+                                                        int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // YV12 to YUY2 of twice the width and height: every line of each plane is doubled by H first (the last sample is its
 // own right neighbour), then the basic pattern applies to the doubled lines; 4 * width bytes a line. A height below 8
 // returns at once. Width 16 reads and writes a block beyond the line.
-VSURF_API void strech_picture_2X2_yuy2(void* y, void* u, void* v, void* dst, int width, int height, int src_pitch,
-                                       int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL strech_picture_2X2_yuy2(void* y, void* u, void* v, void* dst, int width, int height,
+                                                  int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // The same of adjusted samples: adjusted as they are loaded, before any average. The U sample that looks ahead into the
 // next 8 (it only enters the last doubled U of each 8) is adjusted with v_offset. A height below 16 returns at once.
-VSURF_API void strech_picture_2X2_yuy2_ajust(void* y, void* u, void* v, void* dst, int width, int height, int src_pitch,
-                                             int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL strech_picture_2X2_yuy2_ajust(void* y, void* u, void* v, void* dst, int width, int height,
+                                                        int src_pitch, int dst_pitch, ajust_contrast_info* info);
 
 // YV12 to RGB32 of twice the height (the "yuy2" in the name notwithstanding): samples are adjusted, then the basic
 // pattern is formed, then every line converted; 4 * width bytes a line. A height below 12 returns at once.
-VSURF_API void strech_picture_1X2_yuy2_ajust_rgb32(void* y, void* u, void* v, void* dst, int width, int height,
-                                                   int src_pitch, int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL strech_picture_1X2_yuy2_ajust_rgb32(void* y, void* u, void* v, void* dst, int width,
+                                                              int height, int src_pitch, int dst_pitch,
+                                                              ajust_contrast_info* info);
 
 // The same to RGB24, 3 * width bytes a line.
-VSURF_API void strech_picture_1X2_yuy2_ajust_rgb24(void* y, void* u, void* v, void* dst, int width, int height,
-                                                   int src_pitch, int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL strech_picture_1X2_yuy2_ajust_rgb24(void* y, void* u, void* v, void* dst, int width,
+                                                              int height, int src_pitch, int dst_pitch,
+                                                              ajust_contrast_info* info);
 
 // The same to RGB16, 2 * width bytes a line, in the layout `info->rgb16_layout`; after the height guard any value but
 // 0..3 returns at once. `info` must be valid, unless the height is below 12.
-VSURF_API void strech_picture_1X2_yuy2_ajust_rgb16(void* y, void* u, void* v, void* dst, int width, int height,
-                                                   int src_pitch, int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL strech_picture_1X2_yuy2_ajust_rgb16(void* y, void* u, void* v, void* dst, int width,
+                                                              int height, int src_pitch, int dst_pitch,
+                                                              ajust_contrast_info* info);
 
 // A packed YUY2 picture `src` of `line_bytes` (2 * width) a line, without gaps, to YUY2 of twice the width and height:
 // luma, U and V of every line are doubled by H (the last sample is its own right neighbour), giving L[s];
 // D(2s) = L[s], D(2s+1) = avg(L[s], L[s+1]), D(2h-1) = L[h-1]. 2 * line_bytes a line. `line_bytes` a multiple of 32 and
 // at least 64, else rounded up to that; height even, else the last line is left out; the two pointers are ignored. A
 // height below 16 returns at once.
-VSURF_API void yuy2_strech_picture_2X2_yuy2(void* src, void* unused_u, void* unused_v, void* dst, int line_bytes,
-                                            int height, int dst_pitch);
+VSURF_API void VSURF_CALL yuy2_strech_picture_2X2_yuy2(void* src, void* unused_u, void* unused_v, void* dst,
+                                                       int line_bytes, int height, int dst_pitch);
 
 // The same of adjusted samples: adjusted before any average. The U and V samples that look ahead into the next 16
 // pixels have their offsets exchanged; they only enter the last doubled pair of each 16 source pixels but a line's
 // last. `info` is ignored. A height below 8 returns at once, half the bound of the plain form.
-VSURF_API void yuy2_strech_picture_2X2_yuy2_ajust(void* src, void* unused_u, void* unused_v, void* dst, int line_bytes,
-                                                  int height, int dst_pitch, ajust_contrast_info* info);
+VSURF_API void VSURF_CALL yuy2_strech_picture_2X2_yuy2_ajust(void* src, void* unused_u, void* unused_v, void* dst,
+                                                             int line_bytes, int height, int dst_pitch,
+                                                             ajust_contrast_info* info);
 
 // Subpicture preparation: from an RGB drawing to AYUY2 planes, and back for display.
 //
@@ -449,60 +462,60 @@ VSURF_API void yuy2_strech_picture_2X2_yuy2_ajust(void* src, void* unused_u, voi
 // width bytes of Y and width/2 of U and V a line (subpicture_pitch, at least width; chroma steps by width/2 and the
 // halved rest). Moves subpic_y, subpic_u and subpic_v to the region's end, and subpic_alpha, although it never touches
 // the alpha plane, by (subpicture_pitch - width) * height.
-VSURF_API void Convert_RGB32_To_AYUY2(MIX_INFO* job);
+VSURF_API void VSURF_CALL Convert_RGB32_To_AYUY2(MIX_INFO* job);
 
 // The same from RGB24, X = 0. The key is compared with 24 bits, so its top byte must be 0. Reads one byte beyond each
 // line's last pixel.
-VSURF_API void Convert_RGB24_To_AYUY2(MIX_INFO* job);
+VSURF_API void VSURF_CALL Convert_RGB24_To_AYUY2(MIX_INFO* job);
 
 // The same from RGB16 in layout 0, X = 0: components are shifted up and not replicated, so white is 248, 252, 248. The
 // key is its low 16 bits.
-VSURF_API void Convert_RGB16_565_To_AYUY2(MIX_INFO* job);
+VSURF_API void VSURF_CALL Convert_RGB16_565_To_AYUY2(MIX_INFO* job);
 
 // The blue bytes of an RGB32 surface to the alpha plane, in blocks of 8 pixels, `height` lines. The alpha plane's line
 // step is width + ((picture_pitch - width) >> 1), not subpicture_pitch. Width a multiple of 8, height at least 1. The
 // record is left alone.
-VSURF_API void Restore_RGB32_To_Alpha(MIX_INFO* job);
+VSURF_API void VSURF_CALL Restore_RGB32_To_Alpha(MIX_INFO* job);
 
 // The same from RGB24, but alpha i is byte 3i+3 of the line, the blue of the pixel to the right: at the end of a line,
 // the byte after it. Counts `height` down to 0.
-VSURF_API void Restore_RGB24_To_Alpha(MIX_INFO* job);
+VSURF_API void VSURF_CALL Restore_RGB24_To_Alpha(MIX_INFO* job);
 
 // The same from RGB16 in layout 0: the five blue bits, 0..31, in blocks of 16 pixels; width a multiple of 16. The
 // record is left alone.
-VSURF_API void Restore_RGB16_565_To_Alpha(MIX_INFO* job);
+VSURF_API void VSURF_CALL Restore_RGB16_565_To_Alpha(MIX_INFO* job);
 
 // The alpha plane to RGB32, so that it can be drawn on: blue = alpha, all else 0. Blocks of 16 pixels, width a multiple
 // of 16; the alpha plane's line step is the restores'. The record is left alone.
-VSURF_API void load_subpicture_alpha_rgb32(MIX_INFO* job);
+VSURF_API void VSURF_CALL load_subpicture_alpha_rgb32(MIX_INFO* job);
 
 // The same to RGB24, bytes alpha, 0, 0; counts `height` down to 0. Restoring it moves alpha one pixel to the left.
-VSURF_API void load_subpicture_alpha_rgb24(MIX_INFO* job);
+VSURF_API void VSURF_CALL load_subpicture_alpha_rgb24(MIX_INFO* job);
 
 // The same to 16-bit pixels of the value alpha (above 31 it reaches into green).
-VSURF_API void load_subpicture_alpha_rgb16_565(MIX_INFO* job);
+VSURF_API void VSURF_CALL load_subpicture_alpha_rgb16_565(MIX_INFO* job);
 
 // The subpicture alone to RGB32: converted colour where alpha is 1..127, black where it is 128..255, and where it is 0
 // the key, its bytes reversed: blue is byte 2 of color_key, green byte 1, red byte 0. The line length in pixels is
 // picture_pitch (a multiple of 16), `width` is not read, and the planes are read as packed at that length, chroma at
 // half of it, one chroma line a line. `height` lines. The record is left alone.
-VSURF_API void load_subpicture_yuy2_rgb32(MIX_INFO* job);
+VSURF_API void VSURF_CALL load_subpicture_yuy2_rgb32(MIX_INFO* job);
 
 // The same to RGB24: blue, green, red.
-VSURF_API void load_subpicture_yuy2_rgb24(MIX_INFO* job);
+VSURF_API void VSURF_CALL load_subpicture_yuy2_rgb24(MIX_INFO* job);
 
 // The same to RGB16 in the layout contrast_info->rgb16_layout (any value but 0..3 returns at once). Alpha 0 gives the
 // low 16 bits of color_key as they are, any other alpha the colour.
-VSURF_API void load_subpicture_yuy2_rgb16(MIX_INFO* job);
+VSURF_API void VSURF_CALL load_subpicture_yuy2_rgb16(MIX_INFO* job);
 
 // `load_subpicture_yuy2_rgb32` of adjusted samples.
-VSURF_API void load_subpicture_yuy2_rgb32_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL load_subpicture_yuy2_rgb32_ajust(MIX_INFO* job);
 
 // `load_subpicture_yuy2_rgb24` of adjusted samples.
-VSURF_API void load_subpicture_yuy2_rgb24_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL load_subpicture_yuy2_rgb24_ajust(MIX_INFO* job);
 
 // `load_subpicture_yuy2_rgb16` of adjusted samples.
-VSURF_API void load_subpicture_yuy2_rgb16_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL load_subpicture_yuy2_rgb16_ajust(MIX_INFO* job);
 
 // Mixers: the subpicture blended onto a YV12 picture while it is written to the surface.
 //
@@ -525,75 +538,79 @@ VSURF_API void load_subpicture_yuy2_rgb16_ajust(MIX_INFO* job);
 // 4. The subpicture moves one line per output line, its chroma by subpicture_pitch >> 1.
 
 // Onto YUY2, progressive.
-VSURF_API void mix_ayuy2_yuy2_p_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL mix_ayuy2_yuy2_p_ajust(MIX_INFO* job);
 
 // Onto YUY2 at half width, progressive: pixels 1, 3, 5, ... of each line, chroma samples 1, 3, 5, ... with the alpha of
 // pixel 4k+3; 16 bytes a block and line. The lower line of the picture is reached by subpicture_pitch, by which the
 // picture's chroma also steps: give both the same pitch.
-VSURF_API void mix_ayuy2_half_yuy2_p_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL mix_ayuy2_half_yuy2_p_ajust(MIX_INFO* job);
 
 // Onto YUY2, interlaced. A height below 4 mixes nothing and leaves the record; 4 to 7 mix four lines. `height` ends at
 // 0, picture_u and picture_v end picture_pitch >> 1 further per group, the last one included, and the four subpicture
 // pointers behind the last line. The drift comes with every line. picture_pitch must not be negative.
-VSURF_API void mix_ayuy2_yuy2_i_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL mix_ayuy2_yuy2_i_ajust(MIX_INFO* job);
 
 // Onto RGB32, progressive.
-VSURF_API void mix_ayuy2_rgb32_p_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL mix_ayuy2_rgb32_p_ajust(MIX_INFO* job);
 
 // Onto RGB24, progressive.
-VSURF_API void mix_ayuy2_rgb24_p_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL mix_ayuy2_rgb24_p_ajust(MIX_INFO* job);
 
 // Onto RGB16, progressive, in the layout contrast_info->rgb16_layout; any value but 0..3 returns at once and leaves the
 // record.
-VSURF_API void mix_ayuy2_rgb16_p_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL mix_ayuy2_rgb16_p_ajust(MIX_INFO* job);
 
 // Onto RGB32, interlaced. A pair's chroma takes the rounded average of its two alphas. Heights below 8, even below 4,
 // mix four lines. Nothing drifts, and the record is left alone.
-VSURF_API void mix_ayuy2_rgb32_i_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL mix_ayuy2_rgb32_i_ajust(MIX_INFO* job);
 
 // Onto RGB24, interlaced, otherwise as RGB32.
-VSURF_API void mix_ayuy2_rgb24_i_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL mix_ayuy2_rgb24_i_ajust(MIX_INFO* job);
 
 // Onto RGB16, interlaced, otherwise as RGB32, with the layouts and the guard of `mix_ayuy2_rgb16_p_ajust`.
-VSURF_API void mix_ayuy2_rgb16_i_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL mix_ayuy2_rgb16_i_ajust(MIX_INFO* job);
 
 // Onto the YV12 planes surface, surface_v and surface_u, progressive, not adjusted. Luma in blocks of 8 pixels,
 // `height` lines (at least one); then V, then U, in blocks of 8 samples, half the height. Chroma and its alpha come
 // from the subpicture's even lines, each sample with the alpha of its odd pixel. Halves `height` in the record. The
 // surface may be the picture itself, at equal pitches.
-VSURF_API void mix_ayv12_yv12_p(MIX_INFO* job);
+VSURF_API void VSURF_CALL mix_ayv12_yv12_p(MIX_INFO* job);
 
 // The same, each blended sample adjusted: V with v_offset, U with u_offset.
-VSURF_API void mix_ayv12_yv12_p_ajust(MIX_INFO* job);
+VSURF_API void VSURF_CALL mix_ayv12_yv12_p_ajust(MIX_INFO* job);
 
 // Onto YV12, interlaced, not adjusted: in each plane line 2j takes the field's line j, line 2j+1 the rounded average of
 // lines j and j+1, to the end: the line after the field's last is read. Height a multiple of 4, picture_pitch not
 // negative. Halves `height` and `width` in the record.
-VSURF_API void mix_ayv12_yv12_i(MIX_INFO* job);
+VSURF_API void VSURF_CALL mix_ayv12_yv12_i(MIX_INFO* job);
 
 // Colour key: the area in which an overlay shows the video.
 
 // Fills a rectangle of an RGB32 surface with `colour`: 64 * blocks bytes a line, two lines a pass, drifting by r pixels
 // a pass. Height 0 returns at once. `reserved` is ignored.
-VSURF_API void LoadColorKeyRgb32(unsigned int colour, void* surface, int width, int height, int reserved, int pitch);
+VSURF_API void VSURF_CALL LoadColorKeyRgb32(unsigned int colour, void* surface, int width, int height, int reserved,
+                                            int pitch);
 
 // The same for RGB24, 48 * blocks bytes a line: with c = colour and 64-bit shifts that drop what leaves the word, the
 // little-endian words W0 W1 W2 W0 W1 W2 a block,
 //     W0 = c << 40 | c << 16 | c >> 8       W1 = c << 56 | c << 32 | c << 8 | c >> 16       W2 = c << 48 | c << 24 | c
 // whose bytes do not repeat every three: 0x00332211 gives 22 33 11 22 33 11 22 33, 33 11 22 33 11 22 33 11,
 // 11 22 33 11 22 33 11 22.
-VSURF_API void LoadColorKeyRgb24(unsigned int colour, void* surface, int width, int height, int reserved, int pitch);
+VSURF_API void VSURF_CALL LoadColorKeyRgb24(unsigned int colour, void* surface, int width, int height, int reserved,
+                                            int pitch);
 
 // The same for 16-bit pixels, 32 * blocks bytes a line: the low 16 bits of `colour`.
-VSURF_API void LoadColorKeyRgb16(unsigned int colour, void* surface, int width, int height, int reserved, int pitch);
+VSURF_API void VSURF_CALL LoadColorKeyRgb16(unsigned int colour, void* surface, int width, int height, int reserved,
+                                            int pitch);
 
 // Where a byte of `mask` equals the low byte of `match`, the byte of `dst` becomes the low byte of `key`; the others
 // are read and written back. `height` lines, one at a time and at least one, of `width` bytes in blocks of 16; both
 // pictures have `pitch`, drift by r bytes a line, and may be the same.
-VSURF_API void RelaceMaskWithColorKey(unsigned char* dst, unsigned char* mask, unsigned int match, unsigned int key,
-                                      int width, int pitch, int height);
+VSURF_API void VSURF_CALL RelaceMaskWithColorKey(unsigned char* dst, unsigned char* mask, unsigned int match,
+                                                 unsigned int key, int width, int pitch, int height);
 
-#ifdef __cplusplus
+#ifdef VSURF_C_LINKAGE
+#undef VSURF_C_LINKAGE
 }
 #endif
 #endif

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The block rule: which blocks of which lines a loader handles, and in which order.
 //
 // A line is handled in blocks of 16 pixels and a picture in passes of two lines; both counters are lowered first and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Copies of lines, streamed or not, at any alignment.
 #pragma once
 #include "frame/walk.h"

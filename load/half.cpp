@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Planar YV12 pictures at half their width.
 #include "frame/passes.h"
 #include "load/loader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The argument list that all loaders share, and the choice between plain and adjusted samples.
 #pragma once
 #include "frame/adjust.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Packed YUY2 pictures into packed surfaces. The planes for U and V mean nothing to a packed picture.
 #include "load/packed.h"
 #include "load/loader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Packed YUY2 pictures into packed surfaces. The second line of a pass keeps its luma and takes the first one's chroma.
 #pragma once
 #include "frame/adjust.h"

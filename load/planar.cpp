@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Planar YV12 pictures into packed surfaces.
 #include "load/planar.h"
 #include "load/loader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Planar YV12 pictures into packed surfaces.
 #pragma once
 #include "frame/adjust.h"

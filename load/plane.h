@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lines of single planes: copied, adjusted, or halved in width.
 #pragma once
 #include "frame/adjust.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Planar YV12 pictures into YV12 surfaces.
 #include "load/copy.h"
 #include "load/loader.h"

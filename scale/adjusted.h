@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Samples that are adjusted before they are interpolated: each once, into lines on the stack.
 #pragma once
 #include "scale/plane.h"

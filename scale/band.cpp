@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A band of a frame or field, doubled in height along its edges.
 #include "frame/dispatch.h"
 #include "scale/edges.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lines doubled in width: between every two samples their average, rounded up.
 #pragma once
 #include "scale/rows.h"

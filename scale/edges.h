@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // New lines between two lines of a plane, interpolated along the edges of the picture.
 //
 // Where four neighbours of the upper line differ little from the four below them, they are averaged straight down.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Packed YUY2 pictures, enlarged both ways. Every line has chroma of its own, interpolated like its luma.
 //
 // Steps count the source's bytes: of every two the even one is luma. Its right neighbour lies two bytes on, that of a

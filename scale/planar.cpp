@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Planar YV12 pictures into enlarged YUY2 and RGB surfaces.
 #include "scale/planar.h"
 #include "load/loader.h"

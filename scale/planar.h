@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Planar YV12 pictures, enlarged: which lines make each line of the surface.
 //
 // Source line `y` makes two lines of the surface: itself, and what goes between it and the line below. The chroma of

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Single planes, enlarged line by line.
 #pragma once
 #include "frame/walk.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Single planes and planar YV12 pictures, enlarged plane by plane.
 #include "load/loader.h"
 #include "scale/plane.h"

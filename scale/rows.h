@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The lines of an enlarged picture, written two at a time.
 #pragma once
 #include "frame/pack.h"

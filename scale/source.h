@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the samples of a new line come from: a line of a plane, or what is formed of several, adjusted afterwards.
 //
 // `bytes<N, W>(x)` gives N samples from x on, woven by W; `words<N, W>(x)` gives N/2 of them as words, the form in

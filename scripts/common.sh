@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # shellcheck shell=bash
 # Sourced by the scripts beside it: the packages that each kind of work needs, and steps of one line each.
 set -euo pipefail
@@ -14,8 +15,6 @@ declare -A packages=(
     [bench]="libbenchmark-dev libyuv-dev"
     [clang]="clang"
     [lint]="clang clang-format clang-tidy python3 git"
-    [neon]="g++-aarch64-linux-gnu qemu-user-static googletest"
-    [i686]="g++-i686-linux-gnu googletest"
 )
 
 is_installed()

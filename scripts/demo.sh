@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # scripts/demo.sh [FILE] [PLAYER OPTION...]: installs what is missing, builds the player, and plays FILE or a built-in
 # clip; in a window where there is a display, into PNG files under out/ where there is none.
 invoked_from=$PWD

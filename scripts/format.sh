@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # scripts/format.sh [FILE...]: brings the named sources, or all of them, into the project's format.
 source "$(dirname "$0")/common.sh"
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # scripts/lint.sh [--all | FILE...]: clang-format and clang-tidy on the named sources; on what changed against the upstream
 # branch (or, when that holds nothing new, against the commit before) where none is named; on all where there is no base.
 source "$(dirname "$0")/common.sh"
@@ -15,7 +16,10 @@ changed_sources()
     if [[ -z $base ]]; then
         all_sources
     else
-        git diff --name-only --diff-filter=d "$base" -- '*.h' '*.c' '*.cpp'
+        # What changed in its comments alone is of no interest.
+        git diff --name-only --diff-filter=d "$base" -- '*.h' '*.c' '*.cpp' | while read -r name; do
+            [[ -z $(git diff -U0 -I'^[[:space:]]*//' "$base" -- "$name") ]] || echo "$name"
+        done
         git ls-files --others --exclude-standard -- '*.h' '*.c' '*.cpp'
     fi
 }

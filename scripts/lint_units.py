@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """lint_units.py TREE SOURCE...: prints the files that clang-tidy has to read so that it sees every SOURCE.
 
 A changed header is seen through a file that includes it. Kernels are compiled once per instruction set, and the tests

@@ -1,22 +1,11 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # scripts/test.sh [CHECK...]: installs what is missing, builds, and runs the named checks; 'all', the default, stands for
 # every check but lint. Ends with a line 'N passed, N failed' and a non-zero status where something failed.
 source "$(dirname "$0")/common.sh"
+declare -A titles=()
 source scripts/checks.sh
 
-declare -A titles=(
-    [native]="g++: build everything, run every test"
-    [demo]="scripts/demo.sh without a display"
-    [clang]="clang++: build everything without a warning"
-    [install]="install, then build C programs against the result"
-    [asan]="AddressSanitizer and UBSan"
-    [tsan]="ThreadSanitizer"
-    [scalar]="a build limited to scalar"
-    [sse2]="a build limited to SSE2"
-    [neon]="aarch64 cross build, tests under qemu-user"
-    [i686]="32-bit x86 cross build"
-    [lint]="clang-format and clang-tidy on the changed files"
-)
 all=(native demo clang install asan tsan scalar sse2 neon i686)
 
 checks=()

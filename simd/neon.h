@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // 128-bit vectors: NEON of AArch64. The structured stores weave by themselves and packed order is sample order.
 #pragma once
 #include <arm_neon.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The layer without intrinsics, on the compiler's portable vectors: what an unknown processor runs. The compiler lowers
 // them to whatever the target has, single words at the least.
 #pragma once

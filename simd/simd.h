@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The vector layer: the widest vectors of this build, the narrower ones for the end of a line, and what is written
 // once for all of them.
 //

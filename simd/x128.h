@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // 128-bit vectors: SSE2, and the newer byte shuffles where the build has them.
 #pragma once
 #include <immintrin.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // 256-bit vectors: AVX2. Two 128-bit lanes.
 #pragma once
 #include "simd/x128.h"

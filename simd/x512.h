@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // 512-bit vectors: AVX-512 with BW, VL and VBMI. Four 128-bit lanes.
 #pragma once
 #include "simd/x256.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What all x86 widths share, written once on the lane operations; the pixel stores above all.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Alpha as the blue of RGB drawings: taken from them, and drawn for them.
 #include "frame/dispatch.h"
 #include "subpicture/lines.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The blend of a subpicture's sample s with a picture's sample p at alpha a: ((16 - a) p + a s) >> 4.
 //
 // The scale of alpha ends at 16. Beyond it the results are no picture, yet they are defined: products keep their low 16

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // RGB drawings into the Y, U and V planes of a subpicture.
 #include "frame/dispatch.h"
 #include "subpicture/lines.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Subpictures by themselves, in the key colour where they are transparent.
 #include "frame/dispatch.h"
 #include "frame/pack.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Mixed YUY2 pixels at half the picture's width: of pixels and of chroma samples every second one, the odd ones.
 #pragma once
 #include "subpicture/pairs.h"

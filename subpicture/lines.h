@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lines of a surface that are drawn one by one.
 #pragma once
 #include "frame/walk.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Subpictures on pictures, two lines at a time: mixed lines of samples on the stack, from which the surface is written.
 //
 // `PairAlpha` is the alpha of a pair's chroma, and a writer shows the samples on the surface.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Mixers onto YUY2 surfaces.
 #include "subpicture/half_width.h"
 #include "subpicture/pairs.h"

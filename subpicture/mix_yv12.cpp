@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Mixers onto YV12 surfaces, plane by plane.
 #include "frame/dispatch.h"
 #include "subpicture/lines.h"

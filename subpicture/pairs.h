@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which lines a mixer handles together, and how the record's pointers follow them.
 #pragma once
 #include "scale/source.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lines of planes under lines of a subpicture. They count pixels, which each have an alpha, and do kUnit of them at
 // once: without the subpicture (`alone`), with alphas on the scale (`on_scale`), or, in blocks down to 8 samples, with
 // whatever alphas there are (`exact`).

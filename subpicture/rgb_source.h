@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // RGB drawings as a source: N pixels in four registers of b g r 0 a pixel, or whatever their fourth byte is.
 #pragma once
 #include "simd/simd.h"

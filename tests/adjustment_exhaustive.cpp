@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every sample under every 16-bit gain, and under every 16-bit offset at telling gains.
 #include "harness/effort.h"
 #include "harness/random.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The band that is doubled along its edges: every kind of picture in every place of a frame.
 #include "harness/exactness.h"
 

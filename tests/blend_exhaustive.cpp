@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every sample of a picture under every sample of a subpicture at every alpha, as luma and as chroma.
 #include "harness/effort.h"
 #include "harness/variants.h"

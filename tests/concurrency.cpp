@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pixel routines on several threads, and a state that changes under them. Build with -fsanitize=thread to see races:
 //   cmake -S . -B build-tsan -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_C_FLAGS=-fsanitize=thread
 //         -DCMAKE_CXX_FLAGS=-fsanitize=thread && ctest --test-dir build-tsan -R Concurrency

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The comparison itself: the model, dressed as a table of exports, passes; each way of spoiling it is caught.
 #include "harness/checker.h"
 #include "harness/job_exports.h"

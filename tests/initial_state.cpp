@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The state before the first `get_contrast_data`; a program of its own, since nothing brings that state back.
 #include "harness/variants.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every export for subpictures and colour keys on every instruction set against the model.
 #include "harness/effort.h"
 #include "harness/job_checker.h"

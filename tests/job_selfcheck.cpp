@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The comparison of jobs itself: the model, dressed as a table of exports, passes; each way of spoiling it is caught.
 #include "harness/effort.h"
 #include "harness/job_checker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Surfaces large enough for other ways of storing: whole cache lines past the caches, whatever the alignment.
 #include "harness/exactness.h"
 #include "harness/job_checker.h"

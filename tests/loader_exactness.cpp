@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every loader on every instruction set against the model, over the whole range of small pictures.
 #include "harness/exactness.h"
 

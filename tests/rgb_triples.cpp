@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // All 2^24 combinations of Y, U and V through each RGB format, at even and at odd pixels, on both lines of a pass.
 #include "harness/exports.h"
 #include "harness/variants.h"

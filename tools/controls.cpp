@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/controls.h"
 #include <algorithm>
 

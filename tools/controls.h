@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The picture controls that the viewer turns, and the record that the library takes for them.
 #pragma once
 #include "frame/vsurf.h"

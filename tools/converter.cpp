@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/converter.h"
 #include "tools/error.h"
 #include <new>

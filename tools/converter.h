@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any decoded pixel format as 4:2:0 in studio range, which is what the planar loaders take.
 #pragma once
 #include "tools/ffmpeg.h"

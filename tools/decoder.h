@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pictures of a source, one after the other, and an account of what was damaged.
 #pragma once
 #include "tools/source.h"

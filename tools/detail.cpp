@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // vsurf-detail: a detail of a PNG picture, every pixel as a square that can be counted.
 #include "tools/error.h"
 #include "tools/png_writer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/drawing.h"
 #include <algorithm>
 #include <cmath>

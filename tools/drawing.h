@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The layers of a subtitle as the two RGB32 drawings from which the library makes a subpicture.
 #pragma once
 #include "frame/dispatch.h"

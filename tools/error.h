@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What ends the program with one line on stderr.
 #pragma once
 #include <stdexcept>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // FFmpeg's objects with owners, and its error codes in words.
 #pragma once
 #include <memory>

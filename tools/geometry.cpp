@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/geometry.h"
 #include <algorithm>
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sizes of one picture's way: what the loader reads, what it writes, what is shown of it.
 #pragma once
 #include "tools/surface.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A picture onto a surface.
 #pragma once
 #include "frame/dispatch.h"

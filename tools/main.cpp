@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // vsurf-play: a video through vsurf's loaders, in a window or as PNG files.
 #include "tools/player.h"
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/mixer.h"
 #include "tools/loader.h"
 

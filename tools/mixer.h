@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A subpicture over a picture, or alone.
 #pragma once
 #include "tools/controls.h"

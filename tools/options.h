@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command line.
 #pragma once
 #include "frame/dispatch.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/overlay.h"
 #include <algorithm>
 #include <cmath>

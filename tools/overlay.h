@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A screen whose hardware shows the video wherever the screen holds the key colour.
 #pragma once
 #include "frame/dispatch.h"

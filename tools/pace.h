@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // When a picture is due.
 #pragma once
 #include <chrono>

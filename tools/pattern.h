@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The test pattern: FFmpeg's moving one, and a still card with edges in every direction.
 #pragma once
 #include "tools/source.h"

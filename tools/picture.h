@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A decoded picture as a loader may read it.
 #pragma once
 #include "tools/ffmpeg.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Plays a source: decodes, paces, renders, shows and dumps, and obeys the keys.
 #pragma once
 #include "tools/decoder.h"

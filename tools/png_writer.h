@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // PNG files, also as a numbered sequence in a directory.
 #pragma once
 #include "tools/rgb_image.h"

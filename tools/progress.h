@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A line on the terminal that follows the pictures.
 #pragma once
 #include <chrono>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Decoded pictures and subtitles onto surfaces, through the library.
 #pragma once
 #include "tools/converter.h"

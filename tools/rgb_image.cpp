@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/rgb_image.h"
 #include "tools/error.h"
 #include <cstring>

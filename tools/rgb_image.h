@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A surface's shown part as 8-bit R, G, B: for PNG files, and for surfaces that no texture format matches.
 #pragma once
 #include "tools/ffmpeg.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/source.h"
 #include "tools/error.h"
 #include "tools/pattern.h"

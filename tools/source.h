@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is played: a file, standard input, or a test pattern.
 #pragma once
 #include "tools/ffmpeg.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/stats.h"
 #include <algorithm>
 #include <cstdio>

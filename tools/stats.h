@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The time that pictures spend in the library.
 #pragma once
 #include <chrono>

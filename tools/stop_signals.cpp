@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/stop_signals.h"
 #include <initializer_list>
 

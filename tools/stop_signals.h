@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Interrupt and termination, noticed between pictures, so that everything is put away before the process ends.
 #pragma once
 #include <csignal>

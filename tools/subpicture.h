@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What lies over the picture, as the planes that the mixers take.
 #pragma once
 #include "tools/drawing.h"

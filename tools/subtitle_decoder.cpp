@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/subtitle_decoder.h"
 #include "tools/error.h"
 #include <cstring>

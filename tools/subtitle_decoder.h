@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text subtitles of a file as the events of an ASS script.
 #pragma once
 #include "tools/ffmpeg.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/subtitles.h"
 #include "tools/error.h"
 #include <cmath>

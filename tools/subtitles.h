@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text subtitles, drawn by libass.
 #pragma once
 #include "tools/source.h"

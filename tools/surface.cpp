@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/surface.h"
 #include <cstring>
 #include <new>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A display surface in memory: the format, the bytes, and how much of it is picture.
 #pragma once
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the viewer wants to see the pictures.
 #pragma once
 #include "tools/controls.h"

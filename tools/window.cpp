@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/window.h"
 #include "tools/error.h"
 #include <algorithm>

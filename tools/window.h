@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window: shows surfaces, turns keys into commands.
 #pragma once
 #include "tools/geometry.h"

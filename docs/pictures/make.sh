@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Makes the pictures of ../subpictures.md: make.sh [BUILD_DIRECTORY]
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)

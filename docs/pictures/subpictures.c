@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Draws the pictures of ../subpictures.md with the library: subpictures DIRECTORY */
 #include <png.h>
 #include <stdio.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is special about the adjusted loaders: a guard on the height, a grey picture, exchanged chroma offsets.
 #include "harness/arena.h"
 #include "harness/fixture.h"

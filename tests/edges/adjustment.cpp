@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the adjustment does to a sample, and which parts of its record count.
 #include "harness/fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Alpha restored from the blue of a drawing, and shown in one.
 #include "edges/bytes.h"
 #include "edges/job.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which lines a band of a frame is made of, and where it starts.
 #include "edges/band.h"
 

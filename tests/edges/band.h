@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // For tests of the band enlarger: frames whose lines are 48 samples, the least that the function takes, or more.
 #pragma once
 #include "harness/fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the lines between two lines follow the edges in them: by which threshold, in which direction, by which window.
 #include "edges/band.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How widths and heights round up to blocks and passes, and what that does to the pointers.
 #include "harness/fixture.h"
 

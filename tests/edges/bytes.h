@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Bytes of pixels and planes as tests put them together.
 #pragma once
 #include "harness/fixture.h"

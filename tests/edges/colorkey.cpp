@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rectangles filled with a colour key, and bytes replaced by one.
 #include "edges/bytes.h"
 

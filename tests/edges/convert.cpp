@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // RGB drawings converted to the planes of a subpicture.
 #include "edges/convert.h"
 

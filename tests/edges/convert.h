@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // For tests of the conversions to a subpicture's planes: colours, and what they become, worked out by hand.
 #pragma once
 #include "edges/bytes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What conversions leave as it is: blocks of the key colour.
 #include "edges/convert.h"
 

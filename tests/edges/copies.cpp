@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two loaders that only move samples, with the bytes that they leave, repeat or write over.
 #include "harness/fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A subpicture drawn alone on an RGB surface.
 #include "edges/draw.h"
 

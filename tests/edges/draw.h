@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // For tests of the subpicture drawers: samples and the pixels that they become, worked out by hand.
 #pragma once
 #include "edges/bytes.h"

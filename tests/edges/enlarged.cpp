@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Planar pictures onto YUY2 surfaces of twice their height: which lines, filtered how, adjusted when.
 #include "harness/fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Planar pictures onto RGB surfaces of twice their height: adjusted first, then averaged, then converted.
 #include "edges/pixels.h"
 

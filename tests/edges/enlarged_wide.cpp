@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Planar pictures onto YUY2 surfaces of twice their width and height: what lies between two samples.
 #include "harness/fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loaders that halve the width: one averages, the other keeps every second sample.
 #include "harness/fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // For tests of the functions that take a MIX_INFO: planes with room for what rounding up and drift may touch, records
 // that describe them, and the call.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // For tests of the mixers: planes whose bytes tell their place, and blends worked out by hand.
 #pragma once
 #include "edges/job.h"

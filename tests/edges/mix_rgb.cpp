@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Subpictures mixed onto progressive pictures in RGB.
 #include "edges/mix_rgb.h"
 #include "harness/random.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // For tests of the mixers onto RGB surfaces: the three formats, and lines of pixels.
 #pragma once
 #include "edges/mix.h"

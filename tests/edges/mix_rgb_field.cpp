@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Subpictures mixed onto single fields in RGB: by strips of sixteen pixels, with chroma weighted by both pixels.
 #include "edges/mix_rgb.h"
 

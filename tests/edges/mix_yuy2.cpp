@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Subpictures mixed onto progressive pictures in YUY2, at full width and at half.
 #include "edges/mix.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Subpictures mixed onto single fields in YUY2: which lines of the field each line is made of, and where all stand.
 #include "edges/mix.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Subpictures mixed onto pictures and fields in YV12, plane by plane.
 #include "edges/mix_yv12.h"
 

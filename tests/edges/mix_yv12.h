@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The mixers in YV12.
 #pragma once
 #include "edges/mix.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Subpictures mixed in YV12: where lines begin when pitches are odd and widths are no whole blocks.
 #include "edges/mix_yv12.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Packed pictures onto surfaces: the upper line's chroma serves both lines of a pass, and nothing drifts.
 #include "harness/fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Packed pictures at twice their width and height.
 #include "harness/fixture.h"
 

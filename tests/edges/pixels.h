@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // RGB pixels as tests expect them on a surface.
 #pragma once
 #include "edges/bytes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The plain plane enlarger, and the YV12 pictures that the adjusted ones make.
 #include "harness/fixture.h"
 

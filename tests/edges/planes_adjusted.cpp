@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The adjusted plane enlargers: a picture one line too low, a last line that is lost, a copy that lands in the padding.
 #include "harness/fixture.h"
 

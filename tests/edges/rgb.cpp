@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The conversion to RGB and the three packings, with figures worked out by hand.
 #include "harness/fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "harness/arena.h"
 
 #include <sys/mman.h>

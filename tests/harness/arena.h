@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Memory with inaccessible pages on both sides, mapped once and used for many cases.
 #pragma once
 #include <cstddef>

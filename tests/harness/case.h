@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One call of one export: everything that decides its result.
 #pragma once
 #include "harness/content.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "harness/checker.h"
 
 namespace harness {

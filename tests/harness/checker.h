@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Compares the exports that take pointers to planes with their models.
 #pragma once
 #include "harness/case.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "harness/comparer.h"
 
 #include "harness/random.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes one call on every table under test and compares what it leaves behind with what the model leaves.
 #pragma once
 #include "harness/content.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "harness/content.h"
 
 #include "harness/random.h"

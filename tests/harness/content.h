@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the planes of a case show.
 #pragma once
 #include <cstddef>

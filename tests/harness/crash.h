@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes a fault on a guard page name the call that caused it.
 #pragma once
 #include "harness/arena.h"

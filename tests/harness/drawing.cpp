@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "harness/drawing.h"
 
 #include <algorithm>

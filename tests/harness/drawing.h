@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a conversion reads: a drawing on the key colour.
 #pragma once
 #include "harness/job_case.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How much of the case space a run covers: VSURF_TEST_EFFORT=quick is for emulated machines.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the comparisons of every export share.
 #pragma once
 #include "harness/checker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "harness/exports.h"
 
 #include "harness/case.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the tests know of each export: its model, how it is called, and what its cases may vary.
 #pragma once
 #include "frame/dispatch.h"

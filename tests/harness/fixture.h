@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // For tests that state their expectations by hand: each runs on every table and through the exported functions.
 #pragma once
 #include "harness/exports.h"

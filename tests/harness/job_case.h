@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One call of an export for subpictures or colour keys: everything that decides its result.
 #pragma once
 #include "harness/case.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Compares the exports for subpictures and colour keys with their models.
 #pragma once
 #include "harness/comparer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "harness/job_exports.h"
 
 #include "harness/job_case.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the tests know of the exports for subpictures and colour keys.
 #pragma once
 #include "frame/dispatch.h"

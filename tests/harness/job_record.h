@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fields of a job's record, to go through them.
 #pragma once
 #include "harness/job_exports.h"

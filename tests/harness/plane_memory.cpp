@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "harness/plane_memory.h"
 
 #include <algorithm>

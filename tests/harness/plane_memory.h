@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The memory behind one pointer of a call: first the model works on it, then it lies between guard pages for the
 // tables.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A small generator with the same sequence everywhere, so that a seed in a failure report means something.
 #pragma once
 #include <cstddef>

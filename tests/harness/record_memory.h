@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A record flush against a guard page.
 #pragma once
 #include "harness/arena.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "harness/variants.h"
 
 #include "frame/streaming.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tables under test: each instruction set, with each way of storing.
 #pragma once
 #include "frame/dispatch.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The public header from C++11: alone, twice, every declaration, and one call that must reach the library.
 #include <vsurf.h>
 

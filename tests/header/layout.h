@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every field of the three records, by name, type and place: CHECK_FIELD(record, type, field, on 32 bits, on 64 bits).
 CHECK_FIELD(ajust_contrast_info, int32_t, y_gain, 0, 0)
 CHECK_FIELD(ajust_contrast_info, int32_t, uv_gain, 4, 4)

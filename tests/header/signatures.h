@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every export once more, by family. A declaration that differs from the header's does not compile.
 #ifdef __cplusplus
 extern "C" {

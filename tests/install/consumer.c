@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Loads a white and a black line into RGB32 and checks a pixel of each, and that nothing beyond them was written. */
 #include <stdio.h>
 #include <string.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A subpicture's alpha from the blue of a drawing, and back to one.
 #include "model/job.h"
 #include "model/pixels.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A band of a frame to twice its height, along the edges where two lines differ, as YUY2.
 #include "model/band.h"
 

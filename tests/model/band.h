@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The band enlarger as its contract tells it. The frame's pitch is `call.y_pitch`.
 #pragma once
 #include "model/call.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One call as the models see it: the memory behind its pointers, its numbers, and the record that it was handed.
 #pragma once
 #include "model/memory.h"

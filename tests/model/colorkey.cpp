@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rectangles of a colour key, and bytes replaced by a key where a mask says so.
 #include "model/colorkey.h"
 #include "model/pixels.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Colour-key fills and the replacement by a mask.
 #pragma once
 #include "model/memory.h"

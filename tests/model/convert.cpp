@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // RGB drawings to the Y, U and V planes of a subpicture, in blocks of 8 pixels.
 #include "model/job.h"
 #include "model/pixels.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures to surfaces of twice their height, or twice both ways. What is special about each function stands in it.
 #include "model/enlarged.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loaders that enlarge, as their contract tells them. A packed picture is read from `planes.y`; its `call.width`
 // is in pixels.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Subpicture jobs as the models see them: the memory behind the record's pointers, its numbers, and how far each
 // pointer has moved. A model works on the job as the contract says the record is worked on: where a function lowers
 // `height` in the record, it lowers `height` here.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whole lines of samples and what the enlarged loaders make of them.
 #pragma once
 #include "model/memory.h"

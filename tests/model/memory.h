@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The memory that the model works on: byte by byte, with a record of what was touched.
 #pragma once
 #include <algorithm>

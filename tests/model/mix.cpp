@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/mix.h"
 
 namespace model {

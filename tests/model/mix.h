@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the mixers onto YUY2 and RGB share: where they stand, the sixteen pixels of a block, and the mixture's samples.
 #pragma once
 #include "model/job.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Mixers onto RGB surfaces.
 #include "model/mix.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Mixers onto YUY2 surfaces.
 #include "model/mix.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Mixers onto YV12 surfaces: plane by plane.
 #include "model/job.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Packed YUY2 pictures to surfaces of the same size. The upper line's chroma serves both lines of a pass.
 #include "model/packed.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loaders of packed YUY2 pictures as their contract tells them. The picture is read from `planes.y`.
 #pragma once
 #include "model/call.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pixels of the RGB surfaces, and the walk along sixteen of them that every RGB writer shares.
 #pragma once
 #include "model/memory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The planar loaders as their contract tells them: block by block, pointer by pointer, store by store.
 #pragma once
 #include "model/call.h"

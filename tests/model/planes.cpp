@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Single planes to twice their size, plain in strips and adjusted line by line, and YV12 pictures made of them.
 #include "model/planes.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The plane enlargers as their contract tells them. A single plane is read from `planes.y`; `call.plane` is the
 // argument of that name, 1 to 3.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Planar pictures to RGB surfaces, plain and adjusted.
 #include "model/pixels.h"
 #include "model/planar.h"

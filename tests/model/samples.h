@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What happens to single samples: the picture adjustment, the conversion to RGB, the pixel formats.
 #pragma once
 #include "frame/vsurf.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Planar pictures to YUY2 surfaces: plain, adjusted, grey, and at half width.
 #include "model/planar.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Planar pictures to YV12 surfaces: copied, adjusted, and at half width.
 #include "model/planar.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/player/clip.h"
 #include "tests/player/process.h"
 #include "tools/ffmpeg.h"

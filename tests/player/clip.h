@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Clips of known content.
 #pragma once
 #include "tests/player/image.h"

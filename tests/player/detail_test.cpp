@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tool that cuts details out of pictures.
 #include "tests/player/image.h"
 #include "tests/player/process.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Layers of coverage with a colour, as one drawing of colours on a key and one of opacities.
 #include "tools/drawing.h"
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/player/dump.h"
 #include <algorithm>
 #include <ostream>

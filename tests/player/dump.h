@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Dumped pictures of every surface, and how near they must be to what is expected.
 #pragma once
 #include "tests/player/clip.h"

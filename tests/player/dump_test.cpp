@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Dumped pictures against the same pictures computed here, with real numbers, from the clip's own samples.
 #include "frame/dispatch.h"
 #include "tests/player/dump.h"

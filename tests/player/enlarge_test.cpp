@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Enlarged pictures, and pictures that come as YUY2, against the same pictures computed here.
 #include "tests/player/dump.h"
 #include "tests/player/enlarged.h"

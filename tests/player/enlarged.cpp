@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/player/enlarged.h"
 #include <algorithm>
 #include <cstdlib>

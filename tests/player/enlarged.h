@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What enlarged and halved pictures look like, sample by sample: written from what they should be, not from how they
 // are made.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Wrong usage and wrong input: one line on stderr, exit status 2, nothing left behind.
 #include "tests/player/process.h"
 #include <algorithm>

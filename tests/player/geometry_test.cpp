@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is read, written and shown of a picture.
 #include "tools/geometry.h"
 #include <gtest/gtest.h>

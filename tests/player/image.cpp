@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/player/image.h"
 #include <algorithm>
 #include <cstdlib>

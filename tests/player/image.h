@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures as 8-bit R, G, B, and how far two of them differ.
 #pragma once
 #include <array>

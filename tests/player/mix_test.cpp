@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Dumped pictures with subtitles over them, against the same pictures computed here.
 #include "tests/player/dump.h"
 #include "tests/player/enlarged.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Controls, options and statistics on their own.
 #include "tools/options.h"
 #include "tools/stats.h"

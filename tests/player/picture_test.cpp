@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Frames as the loaders may read them.
 #include "tests/player/clip.h"
 #include "tools/converter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/player/process.h"
 #include <chrono>
 #include <csignal>

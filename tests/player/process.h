@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs programs and collects what they say.
 #pragma once
 #include <filesystem>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/player/screen.h"
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A virtual screen, what is to be seen on it, and a hand on its keyboard.
 #pragma once
 #include "tests/player/image.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is really to be seen on a screen, and what the keys do.
 #include "tests/player/clip.h"
 #include "tests/player/screen.h"

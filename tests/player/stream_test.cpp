@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Streams that are damaged, that change on the way, or that hold another pixel format.
 #include "tests/player/clip.h"
 #include "tests/player/process.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Subtitles of every kind, from files of their own and from tracks: when they are seen, and whose they are.
 #include "tests/player/process.h"
 #include "tests/player/subtitled.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/player/subtitled.h"
 #include <algorithm>
 #include <cmath>

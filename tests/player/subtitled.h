@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Subtitles of known content, and what pictures look like with them: written from what they should be.
 #pragma once
 #include "tests/player/clip.h"

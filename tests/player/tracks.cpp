@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/player/tracks.h"
 #include "tools/ffmpeg.h"
 #include <cstring>

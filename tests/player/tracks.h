@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Clips with subtitle tracks in them.
 #pragma once
 #include "tests/player/image.h"

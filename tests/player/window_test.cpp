@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whole runs with a window, on SDL's dummy display.
 #include "tests/player/clip.h"
 #include "tests/player/process.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "selfcheck/fakes.h"
 
 #include "harness/job_record.h"

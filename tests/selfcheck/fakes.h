@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The models dressed as a table of exports, and ways to spoil what they do.
 #pragma once
 #include "frame/dispatch.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Included before everything else in the AVX-512 kernels: their 512-bit intrinsics become SIMDe's, which compute the
 // same values with AVX2, so that the kernels run where the processor has no AVX-512.
 #pragma once

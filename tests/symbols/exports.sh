@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Usage: exports.sh NM LIBRARY INDEX: the library's visible names are those of the index and `get_contrast_data`.
 set -eu
 nm=$1 library=$2 index=$3

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Usage: needed.sh READELF LIBRARY: the library needs at most libc, and bears the right name.
 set -eu
 dynamic=$("$1" -dW "$2")
