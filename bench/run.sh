@@ -5,7 +5,7 @@
 #   bench/run.sh [--quick] [--build DIR] [--output FILE] [--filter REGEX]
 #
 #   --quick    a rough picture in a minute: few and short repetitions, without the slowest contenders
-#   --build    the build directory (build)
+#   --build    the build directory (build/speed)
 #   --output   the report (bench/report.md; with --quick or --filter, report-part.md in the build directory)
 #   --filter   only the exports whose names match, such as 'strech_pic_', and no choice of stores
 set -eu
@@ -17,7 +17,7 @@ fail() {
 
 bench=$(cd "$(dirname "$0")" && pwd)
 root=$(dirname "$bench")
-build=$root/build output='' quick='' only=''
+build=$root/build/speed output='' quick='' only=''
 while [ $# -gt 0 ]; do
     case $1 in
     --quick) quick=yes ;;
@@ -55,7 +55,7 @@ export PYTHONDONTWRITEBYTECODE=1
 $python -c 'import matplotlib' 2>/dev/null || python=/usr/bin/python3
 $python -c 'import matplotlib' 2>/dev/null || fail 'the plot needs matplotlib (Debian: python3-matplotlib)'
 
-[ -f "$build/CMakeCache.txt" ] || cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release >&2
+cmake -S "$root" -B "$build" -DVSURF_WITH_SCALAR=ON -DVSURF_BUILD_BENCH=ON >&2
 grep -q '^CMAKE_BUILD_TYPE:[A-Z]*=Release$' "$build/CMakeCache.txt" || fail "$build is not a Release build"
 cmake --build "$build" --target vsurf_bench -j"$(nproc)" >&2
 program=$build/bench/vsurf_bench

@@ -11,7 +11,7 @@ template <class Format> struct RgbSink : Format {
     static constexpr bool kReadsChroma = true, kLeavesHoles = false;
     template <int N> OP ChromaTerms<N> chroma(half<N> u, half<N> v) { return chroma_terms(u, v); }
     template <Stores S, class Samples, int N>
-    OP void store(uint8_t* p, const Samples& samples, u8<N> y, const ChromaTerms<N>& chroma)
+    MEMBER void store(uint8_t* p, const Samples& samples, u8<N> y, const ChromaTerms<N>& chroma) const
     {
         auto px = to_rgb(samples.luma_times4(y), chroma);
         Format::template put<S>(p, pack(px.b), pack(px.g), pack(px.r));
@@ -28,19 +28,39 @@ struct Bgr {
     template <Stores S, int N> OP void put(uint8_t* p, u8<N> b, u8<N> g, u8<N> r) { store_bgr<S>(p, b, g, r); }
 };
 
-// The word is (R & red) << 8 | (G & green) << green_shift | (B & blue) >> blue_shift.
-template <int red, int green, int green_shift, int blue, int blue_shift> struct Word {
+// The word is (R & red) << 8 | (G & green) << green_shift | (B & blue) >> blue_shift. The layout is no template
+// argument: it costs a register or two, and saves three copies of all that writes words.
+struct WordLayout {
+    int red, green_shift, green_high, green_low, blue_shift, blue_low; // masks of the word's two bytes
+
+    static constexpr WordLayout of(int red, int green, int green_shift, int blue, int blue_shift)
+    {
+        const int green_word = green << green_shift;
+        return {red, green_shift, green_word >> 8, green_word & 255, blue_shift, blue >> blue_shift};
+    }
+};
+inline constexpr WordLayout kWordLayouts[] = {
+    WordLayout::of(0xf8, 0xfc, 3, 0xf8, 3), // 5-6-5
+    WordLayout::of(0xf8, 0xf8, 3, 0xf8, 2), // 5-5-5; bit 0 is the zero bit
+    WordLayout::of(0xfc, 0xfc, 2, 0xf0, 4), // 6-6-4
+    WordLayout::of(0xfc, 0xf8, 2, 0xf8, 3), // 6-5-5
+};
+
+struct Word {
     static constexpr int kBytes = 2, kWeave = 2;
-    static constexpr int kGreenWord = green << green_shift;
-    template <int N> OP u8<N> low(u8<N> b, u8<N> g)
+    WordLayout layout;
+
+    template <int N> MEMBER u8<N> low(u8<N> b, u8<N> g) const
     {
-        return bit_or(field<green_shift, kGreenWord & 255>(g), field<-blue_shift, (blue >> blue_shift)>(b));
+        return bit_or(shifted_left(g, layout.green_shift, layout.green_low),
+                      shifted_right(b, layout.blue_shift, layout.blue_low));
     }
-    template <int N> OP u8<N> high(u8<N> g, u8<N> r)
+    template <int N> MEMBER u8<N> high(u8<N> g, u8<N> r) const
     {
-        return bit_or(field<0, red>(r), field<green_shift - 8, (kGreenWord >> 8)>(g));
+        return bit_or(bit_and(r, u8<N>::splat(layout.red)),
+                      shifted_right(g, 8 - layout.green_shift, layout.green_high));
     }
-    template <Stores S, int N> OP void put(uint8_t* p, u8<N> b, u8<N> g, u8<N> r)
+    template <Stores S, int N> MEMBER void put(uint8_t* p, u8<N> b, u8<N> g, u8<N> r) const
     {
         store_packed_pairs<S>(p, low(b, g), high(g, r));
     }
@@ -48,20 +68,12 @@ template <int red, int green, int green_shift, int blue, int blue_shift> struct 
 
 using Rgb32 = RgbSink<Bgr0>;
 using Rgb24 = RgbSink<Bgr>;
-using Rgb565 = RgbSink<Word<0xf8, 0xfc, 3, 0xf8, 3>>;
-using Rgb555 = RgbSink<Word<0xf8, 0xf8, 3, 0xf8, 2>>; // bit 0 is the zero bit
-using Rgb664 = RgbSink<Word<0xfc, 0xfc, 2, 0xf0, 4>>;
-using Rgb655 = RgbSink<Word<0xfc, 0xf8, 2, 0xf8, 3>>;
+using Rgb16 = RgbSink<Word>;
 
 // Calls `work` with the sink of the layout; layouts beyond the four write nothing.
 template <class Work> OP void with_rgb16_sink(int layout, const Work& work)
 {
-    switch (layout) {
-    case 0: return work(Rgb565{});
-    case 1: return work(Rgb555{});
-    case 2: return work(Rgb664{});
-    case 3: return work(Rgb655{});
-    }
+    if (layout >= 0 && layout <= 3) work(Rgb16{{kWordLayouts[layout]}});
 }
 
 struct Yuy2 {

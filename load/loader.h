@@ -19,17 +19,17 @@ OP Picture picture(void* y, void* u, void* v, void* dst, int width, int height, 
 }
 
 // Step<Sink, Samples> does the pixels.
-template <template <class, class> class Step, class Sink, class W> OP void load_plain(const W& walk)
+template <template <class, class> class Step, class Sink, class W> OP void load_plain(const W& walk, Sink sink = {})
 {
-    do_walk(walk, Step<Sink, Plain>{});
+    do_walk(walk, Step<Sink, Plain>{{}, sink});
 }
 
 // What is rare is exact, not fast: gains that wrap, with which no picture looks right, and lines that overlap.
-template <template <class, class> class Step, class Sink, class W> OP void load_adjusted(const W& walk)
+template <template <class, class> class Step, class Sink, class W> OP void load_adjusted(const W& walk, Sink sink = {})
 {
     const auto by = adjustments_now();
-    if (CommonGain::suits(by) && !order_shows(walk)) do_freely(walk, Step<Sink, Adjusted<CommonGain>>{by});
-    else do_in_order(walk, Step<Sink, Adjusted<AnyGain>>{by});
+    if (CommonGain::suits(by) && !order_shows(walk)) do_freely(walk, Step<Sink, Adjusted<CommonGain>>{{by}, sink});
+    else do_in_order(walk, Step<Sink, Adjusted<AnyGain>>{{by}, sink});
 }
 
 } // namespace vsurf::VSURF_ISA

@@ -26,15 +26,14 @@ LOADER_EXPORT(LoadYUY2_RGB24_adjust) { load_adjusted<PackedStep, Rgb24>(walk_for
 
 LOADER_EXPORT(LoadYUY2_RGB16)
 {
-    const auto walk = walk_for<Rgb565>(PICTURE);
-    with_rgb16_sink(info->rgb16_layout, [&](auto sink) VSURF_INLINED { load_plain<PackedStep, decltype(sink)>(walk); });
+    const auto walk = walk_for<Rgb16>(PICTURE);
+    with_rgb16_sink(info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED { load_plain<PackedStep>(walk, sink); });
 }
 
 LOADER_EXPORT(LoadYUY2_RGB16_adjust)
 {
-    const auto walk = walk_for<Rgb565>(PICTURE);
-    with_rgb16_sink(info->rgb16_layout,
-                    [&](auto sink) VSURF_INLINED { load_adjusted<PackedStep, decltype(sink)>(walk); });
+    const auto walk = walk_for<Rgb16>(PICTURE);
+    with_rgb16_sink(info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED { load_adjusted<PackedStep>(walk, sink); });
 }
 
 } // namespace vsurf::VSURF_ISA

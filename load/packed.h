@@ -12,6 +12,7 @@ template <class Sink, class Samples> struct PackedStep {
     static constexpr int kWidest = kLanes, kBytes = Sink::kBytes;
     static constexpr bool kStreams = true;
     Samples samples;
+    Sink sink;
 
     template <int N> MEMBER auto chroma(Position at, ptrdiff_t x) const
     {
@@ -25,7 +26,7 @@ template <class Sink, class Samples> struct PackedStep {
     template <Stores S, Line, int N, class Chroma>
     MEMBER void store(Position at, ptrdiff_t x, u8<N> y, const Chroma& chroma) const
     {
-        Sink::template store<S>(at.dst + x * Sink::kBytes, samples, y, chroma);
+        sink.template store<S>(at.dst + x * Sink::kBytes, samples, y, chroma);
     }
 };
 

@@ -12,15 +12,14 @@ LOADER_EXPORT(loadimage_rgb24_ajust) { load_adjusted<PlanarStep, Rgb24>(walk_by_
 
 LOADER_EXPORT(loadimage_rgb16)
 {
-    const auto walk = walk_by_pass(PICTURE, Rgb565::kBytes);
-    with_rgb16_sink(info->rgb16_layout, [&](auto sink) VSURF_INLINED { load_plain<PlanarStep, decltype(sink)>(walk); });
+    const auto walk = walk_by_pass(PICTURE, Rgb16::kBytes);
+    with_rgb16_sink(info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED { load_plain<PlanarStep>(walk, sink); });
 }
 
 LOADER_EXPORT(loadimage_rgb16_ajust)
 {
-    const auto walk = walk_by_pass(PICTURE, Rgb565::kBytes);
-    with_rgb16_sink(info->rgb16_layout,
-                    [&](auto sink) VSURF_INLINED { load_adjusted<PlanarStep, decltype(sink)>(walk); });
+    const auto walk = walk_by_pass(PICTURE, Rgb16::kBytes);
+    with_rgb16_sink(info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED { load_adjusted<PlanarStep>(walk, sink); });
 }
 
 // Irregular: the first four pixels of every block of a lower line stay unwritten.

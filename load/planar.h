@@ -12,6 +12,7 @@ template <class Sink, class Samples> struct PlanarStep {
     static constexpr int kWidest = kLanes, kBytes = Sink::kBytes;
     static constexpr bool kStreams = !Sink::kLeavesHoles;
     Samples samples;
+    Sink sink;
 
     template <int N> MEMBER auto chroma(Position at, ptrdiff_t x) const
     {
@@ -27,8 +28,8 @@ template <class Sink, class Samples> struct PlanarStep {
     MEMBER void store(Position at, ptrdiff_t x, u8<N> y, const Chroma& chroma) const
     {
         auto to = at.dst + x * Sink::kBytes;
-        if constexpr (Sink::kLeavesHoles && line == Line::lower) Sink::store_with_holes(to, samples, y, chroma);
-        else Sink::template store<S>(to, samples, y, chroma);
+        if constexpr (Sink::kLeavesHoles && line == Line::lower) sink.store_with_holes(to, samples, y, chroma);
+        else sink.template store<S>(to, samples, y, chroma);
     }
 };
 

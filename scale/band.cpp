@@ -51,7 +51,7 @@ template <class Gain> OP void write_pair(const Band& band, const Adjustments& by
 {
     using Samples = Adjust<Gain, Row>;
     const SourcesStep<Yuy2, Gain::kWidest, Samples, Samples, Samples> step{
-        {by.luma, {p.upper}}, {by.luma, {p.lower}}, {by.u, {p.u}}, {by.v, {p.v}}};
+        {by.luma, {p.upper}}, {by.luma, {p.lower}}, {by.u, {p.u}}, {by.v, {p.v}}, {}};
     uint8_t* below = to + band.dst_pitch;
     if (!band.narrow()) return write_two_lines(step, to, below, p.upper_pixels, band.streamed);
     const Position upper{nullptr, nullptr, nullptr, to}, lower{nullptr, nullptr, nullptr, below};

@@ -66,7 +66,7 @@ OP u8<N> along_best(const Lines& lines, ptrdiff_t x, const Differences& differen
     best = least(best, ranked_costs.template operator()<0>());
     best = least(best, ranked_costs.template operator()<1>());
     best = least(best, ranked_costs.template operator()<2>());
-    const auto rank = field<0, 7>(low_bytes(best));
+    const auto rank = bit_and(low_bytes(best), u8<N>::splat(7));
 
     auto samples = average_along<N, 0>(lines, x);
     auto take = [&]<int k>() VSURF_INLINED {

@@ -9,40 +9,45 @@ OP ptrdiff_t whole_blocks(int width) { return rounds(width < 0 ? 0 : width, kBlo
 
 // Twice the height, by averages.
 template <class Sink>
-OUTLINED void write_taller(const Rows& r, uint8_t* upper, uint8_t* lower, ptrdiff_t pixels, bool, bool streamed)
+OUTLINED void write_taller(Sink sink, const Rows& r, uint8_t* upper, uint8_t* lower, ptrdiff_t pixels, bool streamed)
 {
     using Between = Average<Row>;
     const SourcesStep<Sink, kLanes, Row, Between, Between> step{
-        r.y, {r.y, r.y_below}, {r.u, r.u_below}, {r.v, r.v_below}};
+        r.y, {r.y, r.y_below}, {r.u, r.u_below}, {r.v, r.v_below}, sink};
     write_two_lines(step, upper, lower, pixels, streamed);
+}
+
+template <class Sink> OP auto taller(Sink sink)
+{
+    return [=](const Rows& r, uint8_t* upper, uint8_t* lower, ptrdiff_t pixels, bool, bool streamed)
+               VSURF_INLINED { write_taller(sink, r, upper, lower, pixels, streamed); };
 }
 
 LOADER_EXPORT(strech_picture_1X2_yuy2)
 {
     if (height < 8) return;
-    Enlargement::of(PICTURE, whole_blocks(width), Yuy2::kBytes).from_picture(write_taller<Yuy2>);
+    Enlargement::of(PICTURE, whole_blocks(width), Yuy2::kBytes).from_picture(taller(Yuy2{}));
 }
 
-template <class Sink> OP void write_taller_adjusted(const Picture& p)
+template <class Sink> OP void write_taller_adjusted(const Picture& p, Sink sink)
 {
     const auto e = Enlargement::of(p, whole_blocks(p.width), Sink::kBytes);
-    e.from_adjusted(adjustments_now(), LookAhead::none, write_taller<Sink>);
+    e.from_adjusted(adjustments_now(), LookAhead::none, taller(sink));
 }
 
 // The guards of the RGB forms are 12 lines, and come before `info` is read.
 LOADER_EXPORT(strech_picture_1X2_yuy2_ajust_rgb32)
 {
-    if (height >= 12) write_taller_adjusted<Rgb32>(PICTURE);
+    if (height >= 12) write_taller_adjusted(PICTURE, Rgb32{});
 }
 LOADER_EXPORT(strech_picture_1X2_yuy2_ajust_rgb24)
 {
-    if (height >= 12) write_taller_adjusted<Rgb24>(PICTURE);
+    if (height >= 12) write_taller_adjusted(PICTURE, Rgb24{});
 }
 LOADER_EXPORT(strech_picture_1X2_yuy2_ajust_rgb16)
 {
     if (height < 12) return;
-    with_rgb16_sink(info->rgb16_layout,
-                    [&](auto sink) VSURF_INLINED { write_taller_adjusted<decltype(sink)>(PICTURE); });
+    with_rgb16_sink(info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED { write_taller_adjusted(PICTURE, sink); });
 }
 
 // New lines of four lines, from `line` - 1 on.
@@ -60,7 +65,7 @@ template <class Gain> OP void write_filtered(const Enlargement& e, const Adjustm
         auto write = [&]<class Luma, class Chroma>(Luma luma, Chroma u, Chroma v) VSURF_INLINED {
             using Own = Adjust<Gain, Row>;
             using Step = SourcesStep<Yuy2, Gain::kWidest, Own, Adjust<Gain, Luma>, Adjust<Gain, Chroma>>;
-            const Step step{{by.luma, e.y(n.y)}, adjust(by.luma, luma), adjust(by.u, u), adjust(by.v, v)};
+            const Step step{{by.luma, e.y(n.y)}, adjust(by.luma, luma), adjust(by.u, u), adjust(by.v, v), {}};
             write_two_lines(step, upper, lower, e.width, e.streamed);
         };
         const Rows r = e.rows(n);

@@ -39,10 +39,11 @@ OP void write_last_blocks(const Step& step, uint8_t* upper, uint8_t* lower, ptrd
 // Two lines that share their chroma, each from sources of its own.
 template <class Sink, int widest, class Upper, class Lower, class Chroma> struct SourcesStep {
     static constexpr int kWidest = widest, kBytes = Sink::kBytes;
-    static constexpr bool kStreams = true;
+    static constexpr bool kStreams = widest == kLanes; // narrower steps are for what is rare
     Upper upper;
     Lower lower;
     Chroma u, v;
+    Sink sink;
 
     template <int N> MEMBER auto chroma(Position, ptrdiff_t x) const
     {
@@ -55,7 +56,7 @@ template <class Sink, int widest, class Upper, class Lower, class Chroma> struct
     }
     template <Stores S, Line, int N, class C> MEMBER void store(Position at, ptrdiff_t x, u8<N> y, const C& c) const
     {
-        Sink::template store<S>(at.dst + x * kBytes, Plain{}, y, c);
+        sink.template store<S>(at.dst + x * kBytes, Plain{}, y, c);
     }
 };
 

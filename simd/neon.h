@@ -118,12 +118,11 @@ OP u8<16> pixels_of_triples(u8<16> a)
 }
 template <int K> OP u8<16> drop_first(u8<16> a) { return {vextq_u8(a.v, vdupq_n_u8(0), K)}; }
 
-template <int shift, int mask, int N> OP u8<N> field(u8<N> a)
+template <int N> OP u8<N> shifted_left(u8<N> a, int count, int mask)
 {
-    if constexpr (shift > 0) a.v = vshlq_n_u8(a.v, shift);
-    if constexpr (shift < 0) a.v = vshrq_n_u8(a.v, -shift);
-    return {vandq_u8(a.v, vdupq_n_u8(mask))};
+    return {vandq_u8(vshlq_u8(a.v, vdupq_n_s8(static_cast<int8_t>(count))), vdupq_n_u8(static_cast<uint8_t>(mask)))};
 }
+template <int N> OP u8<N> shifted_right(u8<N> a, int count, int mask) { return shifted_left(a, -count, mask); }
 
 template <int N> OP half<N> evens(u8<N> a)
 {

@@ -135,11 +135,13 @@ template <int K> OP u8<16> drop_first(u8<16> a)
     return rest;
 }
 
-template <int shift, int mask, int N> OP u8<N> field(u8<N> a)
+template <int N> OP u8<N> shifted_left(u8<N> a, int count, int mask)
 {
-    if constexpr (shift > 0) a.v = a.v << shift;
-    if constexpr (shift < 0) a.v = a.v >> -shift;
-    return {a.v & static_cast<uint8_t>(mask)};
+    return {(a.v << static_cast<uint8_t>(count)) & static_cast<uint8_t>(mask)};
+}
+template <int N> OP u8<N> shifted_right(u8<N> a, int count, int mask)
+{
+    return {(a.v >> static_cast<uint8_t>(count)) & static_cast<uint8_t>(mask)};
 }
 
 template <int N> OP i16<N> split(u8<N> a)

@@ -39,6 +39,8 @@ OP half<16> least(half<16> a, half<16> b) { return {_mm_min_epi16(a.v, b.v)}; }
 OP half<16> most(half<16> a, half<16> b) { return {_mm_max_epi16(a.v, b.v)}; }
 template <int K> OP half<16> shl(half<16> a) { return {_mm_slli_epi16(a.v, K)}; }
 template <int K> OP half<16> shr(half<16> a) { return {_mm_srli_epi16(a.v, K)}; }
+OP half<16> shl(half<16> a, int count) { return {_mm_sll_epi16(a.v, _mm_cvtsi32_si128(count))}; }
+OP half<16> shr(half<16> a, int count) { return {_mm_srl_epi16(a.v, _mm_cvtsi32_si128(count))}; }
 template <int K> OP half<16> shr_signed(half<16> a) { return {_mm_srai_epi16(a.v, K)}; }
 
 OP u8<16> bit_or(u8<16> a, u8<16> b) { return {_mm_or_si128(a.v, b.v)}; }

@@ -41,6 +41,8 @@ OP half<32> least(half<32> a, half<32> b) { return {_mm256_min_epi16(a.v, b.v)};
 OP half<32> most(half<32> a, half<32> b) { return {_mm256_max_epi16(a.v, b.v)}; }
 template <int K> OP half<32> shl(half<32> a) { return {_mm256_slli_epi16(a.v, K)}; }
 template <int K> OP half<32> shr(half<32> a) { return {_mm256_srli_epi16(a.v, K)}; }
+OP half<32> shl(half<32> a, int count) { return {_mm256_sll_epi16(a.v, _mm_cvtsi32_si128(count))}; }
+OP half<32> shr(half<32> a, int count) { return {_mm256_srl_epi16(a.v, _mm_cvtsi32_si128(count))}; }
 template <int K> OP half<32> shr_signed(half<32> a) { return {_mm256_srai_epi16(a.v, K)}; }
 
 OP u8<32> bit_or(u8<32> a, u8<32> b) { return {_mm256_or_si256(a.v, b.v)}; }

@@ -32,6 +32,8 @@ OP half<64> least(half<64> a, half<64> b) { return {_mm512_min_epi16(a.v, b.v)};
 OP half<64> most(half<64> a, half<64> b) { return {_mm512_max_epi16(a.v, b.v)}; }
 template <int K> OP half<64> shl(half<64> a) { return {_mm512_slli_epi16(a.v, K)}; }
 template <int K> OP half<64> shr(half<64> a) { return {_mm512_srli_epi16(a.v, K)}; }
+OP half<64> shl(half<64> a, int count) { return {_mm512_sll_epi16(a.v, _mm_cvtsi32_si128(count))}; }
+OP half<64> shr(half<64> a, int count) { return {_mm512_srl_epi16(a.v, _mm_cvtsi32_si128(count))}; }
 template <int K> OP half<64> shr_signed(half<64> a) { return {_mm512_srai_epi16(a.v, K)}; }
 
 OP u8<64> bit_or(u8<64> a, u8<64> b) { return {_mm512_or_si512(a.v, b.v)}; }

@@ -52,13 +52,14 @@ template <int N, int W = 1> OP Yuyv<N> load_yuyv(const uint8_t* p)
 // Saturated bytes in packed order: in each lane its eight even samples, then its eight odd ones.
 template <int N> OP u8<N> pack(i16<N> a) { return pack(a.even, a.odd); }
 
-// Shifts each byte left by `shift` (right where negative) and keeps the bits of `mask`, which must lie inside the
-// bits that the shift leaves to a byte.
-template <int shift, int mask, int N> OP u8<N> field(u8<N> a)
+// Each byte shifted, as far as `mask` shows it, which must lie inside the bits that the shift leaves to a byte.
+template <int N> OP u8<N> shifted_left(u8<N> a, int count, int mask)
 {
-    if constexpr (shift > 0) a = bytes(shl<shift>(words(a)));
-    if constexpr (shift < 0) a = bytes(shr<-shift>(words(a)));
-    return bit_and(a, u8<N>::splat(mask));
+    return bit_and(bytes(shl(words(a), count)), u8<N>::splat(mask));
+}
+template <int N> OP u8<N> shifted_right(u8<N> a, int count, int mask)
+{
+    return bit_and(bytes(shr(words(a), count)), u8<N>::splat(mask));
 }
 
 template <Stores S, int N> OP void put_pairs(uint8_t* p, u8<N> lo, u8<N> hi)

@@ -24,15 +24,16 @@ template <class Sink> struct Keyed {
 };
 
 // 16-bit pixels take the key's low word as it stands, and every other alpha shows the colour.
-template <class Sink> struct KeyedWords {
-    static constexpr int kBytes = Sink::kBytes, kWeave = Sink::kWeave;
+struct KeyedWords {
+    static constexpr int kBytes = Word::kBytes, kWeave = Word::kWeave;
     uint32_t key;
+    Word word;
 
     template <Stores S, int N> MEMBER void put(uint8_t* p, u8<N> alpha, u8<N> b, u8<N> g, u8<N> r) const
     {
         auto transparent = equal(alpha, u8<N>::splat(0));
-        auto low = choose(transparent, u8<N>::splat(static_cast<int>(key)), Sink::low(b, g));
-        auto high = choose(transparent, u8<N>::splat(static_cast<int>(key >> 8)), Sink::high(g, r));
+        auto low = choose(transparent, u8<N>::splat(static_cast<int>(key)), word.low(b, g));
+        auto high = choose(transparent, u8<N>::splat(static_cast<int>(key >> 8)), word.high(g, r));
         store_packed_pairs<S>(p, low, high);
     }
 };
@@ -52,7 +53,7 @@ OP void draw_pixels(const Pixels& pixels, const Drawing& from, ptrdiff_t x, uint
 }
 
 template <class Pixels>
-OUTLINED void draw_part(const Pixels& pixels, const Drawing& from, ptrdiff_t width, uint8_t* to, bool streamed)
+OUTLINED void draw_part(Pixels pixels, Drawing from, ptrdiff_t width, uint8_t* to, bool streamed)
 {
     const ptrdiff_t whole = streamed ? width & -streaming_unit(Pixels::kBytes) : 0;
     for (ptrdiff_t x = 0; x < whole; x += kLanes) draw_pixels<Stores::streaming, kLanes>(pixels, from, x, to);
@@ -77,9 +78,8 @@ struct AdjustedFirst {
 };
 
 // Irregular: the picture's pitch is the length of a line, in which the planes are packed; the width is not read.
-template <class Pixels, class Samples> OP void draw(const MIX_INFO* job, const Samples& samples)
+template <class Pixels, class Samples> OP void draw(const MIX_INFO* job, const Pixels& pixels, const Samples& samples)
 {
-    const Pixels pixels{job->color_key};
     const ptrdiff_t width = rounds(job->picture_pitch, kBlock) * kBlock, lines = at_least_one(job->height);
     const ptrdiff_t step = Pixels::kBytes * (width - job->picture_pitch) + job->surface_pitch;
     const bool streamed = streams(job->surface, step, width * Pixels::kBytes, lines);
@@ -95,17 +95,22 @@ template <class Pixels, class Samples> OP void draw(const MIX_INFO* job, const S
     if (streamed) fence_streaming();
 }
 
+template <class Format, class Samples> OP void draw_bytes(const MIX_INFO* job, const Samples& samples)
+{
+    draw(job, Keyed<Format>{job->color_key}, samples);
+}
 template <class Samples> OP void draw_words(const MIX_INFO* job, const Samples& samples)
 {
-    with_rgb16_sink(job->contrast_info->rgb16_layout,
-                    [&](auto sink) VSURF_INLINED { draw<KeyedWords<decltype(sink)>>(job, samples); });
+    with_rgb16_sink(job->contrast_info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED {
+        draw(job, KeyedWords{job->color_key, sink}, samples);
+    });
 }
 
-void load_subpicture_yuy2_rgb32(MIX_INFO* job) { draw<Keyed<Rgb32>>(job, Unadjusted{}); }
-void load_subpicture_yuy2_rgb24(MIX_INFO* job) { draw<Keyed<Rgb24>>(job, Unadjusted{}); }
+void load_subpicture_yuy2_rgb32(MIX_INFO* job) { draw_bytes<Bgr0>(job, Unadjusted{}); }
+void load_subpicture_yuy2_rgb24(MIX_INFO* job) { draw_bytes<Bgr>(job, Unadjusted{}); }
 void load_subpicture_yuy2_rgb16(MIX_INFO* job) { draw_words(job, Unadjusted{}); }
-void load_subpicture_yuy2_rgb32_ajust(MIX_INFO* job) { draw<Keyed<Rgb32>>(job, AdjustedFirst{adjustments_now()}); }
-void load_subpicture_yuy2_rgb24_ajust(MIX_INFO* job) { draw<Keyed<Rgb24>>(job, AdjustedFirst{adjustments_now()}); }
+void load_subpicture_yuy2_rgb32_ajust(MIX_INFO* job) { draw_bytes<Bgr0>(job, AdjustedFirst{adjustments_now()}); }
+void load_subpicture_yuy2_rgb24_ajust(MIX_INFO* job) { draw_bytes<Bgr>(job, AdjustedFirst{adjustments_now()}); }
 void load_subpicture_yuy2_rgb16_ajust(MIX_INFO* job) { draw_words(job, AdjustedFirst{adjustments_now()}); }
 
 } // namespace vsurf::VSURF_ISA

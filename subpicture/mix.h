@@ -61,27 +61,38 @@ OP void adjust_samples(const MixedLine<Source>& upper, const MixedLine<Source>& 
 
 // Writes lines of samples, in whole blocks.
 template <class Sink> struct Writer {
-    static constexpr int kBytes = Sink::kBytes;
-    using Step = PlanarStep<Sink, Plain>;
+    OP PlanarStep<Sink, Plain> step(const void* sink) { return {{}, *static_cast<const Sink*>(sink)}; }
 
     // Two lines that share the upper one's chroma.
-    OUTLINED_MEMBER void pair(Position upper, Position lower, ptrdiff_t pixels, bool streamed)
+    OUTLINED_MEMBER void pair(const void* sink, Position upper, Position lower, ptrdiff_t pixels, bool streamed)
     {
-        write_pass(Step{}, upper, lower, pixels, streamed);
+        write_pass(step(sink), upper, lower, pixels, streamed);
     }
-    OUTLINED_MEMBER void line(Position at, ptrdiff_t x, ptrdiff_t end, bool streamed)
+    OUTLINED_MEMBER void line(const void* sink, Position at, ptrdiff_t x, ptrdiff_t end, bool streamed)
     {
-        write_line(Step{}, at, x, end, streamed);
+        write_line(step(sink), at, x, end, streamed);
     }
 };
 
 // One of them, chosen when a mixer is called: all else is the same code for every surface.
 struct AnyWriter {
+    const void* sink;
     int bytes; // a pixel
-    void (*pair)(Position, Position, ptrdiff_t, bool);
-    void (*line)(Position, ptrdiff_t, ptrdiff_t, bool);
+    void (*pair_with)(const void*, Position, Position, ptrdiff_t, bool);
+    void (*line_with)(const void*, Position, ptrdiff_t, ptrdiff_t, bool);
 
-    template <class Writer> OP AnyWriter of() { return {Writer::kBytes, Writer::pair, Writer::line}; }
+    template <class Sink> OP AnyWriter of(const Sink& sink)
+    {
+        return {&sink, Sink::kBytes, Writer<Sink>::pair, Writer<Sink>::line};
+    }
+    MEMBER void pair(Position upper, Position lower, ptrdiff_t pixels, bool streamed) const
+    {
+        pair_with(sink, upper, lower, pixels, streamed);
+    }
+    MEMBER void line(Position at, ptrdiff_t x, ptrdiff_t end, bool streamed) const
+    {
+        line_with(sink, at, x, end, streamed);
+    }
 };
 
 // Which pixels of a picture follow each other; it shows where lines overlap.
@@ -110,7 +121,7 @@ template <class Sink> struct Directly {
     {
         using From = Adjust<CommonGain, Source>;
         const SourcesStep<Sink, kLanes, From, From, From> step{
-            {by.luma, upper.y + x}, {by.luma, lower.y + x}, {by.u, upper.u + x / 2}, {by.v, upper.v + x / 2}};
+            {by.luma, upper.y + x}, {by.luma, lower.y + x}, {by.u, upper.u + x / 2}, {by.v, upper.v + x / 2}, {}};
         const ptrdiff_t at = x * Sink::kBytes;
         write_two_lines(step, upper.dst + at, lower.dst + at, pixels, streamed);
     }

@@ -4,13 +4,10 @@
 
 namespace vsurf::VSURF_ISA {
 
-template <class Sink> OP AnyWriter writer() { return AnyWriter::of<Writer<Sink>>(); }
-
 // Calls `mixer` with the writer of the layout; layouts beyond the four mix nothing.
 template <class Mixer> OP void mix_words(const MIX_INFO* job, const Mixer& mixer)
 {
-    with_rgb16_sink(job->contrast_info->rgb16_layout,
-                    [&](auto sink) VSURF_INLINED { mixer(writer<decltype(sink)>()); });
+    with_rgb16_sink(job->contrast_info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED { mixer(AnyWriter::of(sink)); });
 }
 
 OUTLINED void mix_frame(MIX_INFO* job, const AnyWriter& writer)
@@ -20,8 +17,8 @@ OUTLINED void mix_frame(MIX_INFO* job, const AnyWriter& writer)
     consume(job, pairs);
 }
 
-void mix_ayuy2_rgb32_p_ajust(MIX_INFO* job) { mix_frame(job, writer<Rgb32>()); }
-void mix_ayuy2_rgb24_p_ajust(MIX_INFO* job) { mix_frame(job, writer<Rgb24>()); }
+void mix_ayuy2_rgb32_p_ajust(MIX_INFO* job) { mix_frame(job, AnyWriter::of(Rgb32{})); }
+void mix_ayuy2_rgb24_p_ajust(MIX_INFO* job) { mix_frame(job, AnyWriter::of(Rgb24{})); }
 void mix_ayuy2_rgb16_p_ajust(MIX_INFO* job)
 {
     mix_words(job, [=](const AnyWriter& words) { mix_frame(job, words); });
@@ -36,8 +33,8 @@ OUTLINED void mix_field(const MIX_INFO* job, const AnyWriter& writer)
     mix<AverageAlpha, ThroughSamples>(pairs, writer);
 }
 
-void mix_ayuy2_rgb32_i_ajust(MIX_INFO* job) { mix_field(job, writer<Rgb32>()); }
-void mix_ayuy2_rgb24_i_ajust(MIX_INFO* job) { mix_field(job, writer<Rgb24>()); }
+void mix_ayuy2_rgb32_i_ajust(MIX_INFO* job) { mix_field(job, AnyWriter::of(Rgb32{})); }
+void mix_ayuy2_rgb24_i_ajust(MIX_INFO* job) { mix_field(job, AnyWriter::of(Rgb24{})); }
 void mix_ayuy2_rgb16_i_ajust(MIX_INFO* job)
 {
     mix_words(job, [=](const AnyWriter& words) { mix_field(job, words); });

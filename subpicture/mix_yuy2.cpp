@@ -8,7 +8,7 @@ namespace vsurf::VSURF_ISA {
 void mix_ayuy2_yuy2_p_ajust(MIX_INFO* job)
 {
     const auto pairs = frame_pairs(job, Yuy2::kBytes, job->picture_pitch);
-    mix<OddAlpha, Directly<Yuy2>>(pairs, AnyWriter::of<Writer<Yuy2>>());
+    mix<OddAlpha, Directly<Yuy2>>(pairs, AnyWriter::of(Yuy2{}));
     consume(job, pairs);
 }
 
@@ -27,7 +27,7 @@ void mix_ayuy2_yuy2_i_ajust(MIX_INFO* job)
     const ptrdiff_t half_width = rounds(logical_half(job->width), kBlock / 2) * (kBlock / 2), width = 2 * half_width;
     const auto pairs = field_pairs<MixOrder::line_by_line>(job, Yuy2::kBytes, width, width - job->width,
                                                            half_width - (job->width >> 1));
-    mix<OddAlpha, Directly<Yuy2>>(pairs, AnyWriter::of<Writer<Yuy2>>());
+    mix<OddAlpha, Directly<Yuy2>>(pairs, AnyWriter::of(Yuy2{}));
 
     const ptrdiff_t lines = 4 * pairs.groups, chroma = pairs.groups * pairs.chroma_pitch + lines * pairs.chroma_drift;
     job->picture_u += chroma;

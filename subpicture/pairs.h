@@ -98,7 +98,7 @@ template <MixOrder order> struct FieldPairs {
     MEMBER bool streamed() const { return streams(start.dst, surface_step, line_bytes, 4 * groups); }
 
     MEMBER Average<Row> average(const uint8_t* line, ptrdiff_t to_other) const { return {{line}, {line + to_other}}; }
-    template <int of_group> MEMBER MixedLine<Average<Row>> line(ptrdiff_t group) const
+    MEMBER MixedLine<Average<Row>> line(ptrdiff_t group, int of_group) const
     {
         const ptrdiff_t n = 4 * group + of_group;
         const bool looks_on = group < groups - 1 || of_group < 2;
@@ -112,10 +112,8 @@ template <MixOrder order> struct FieldPairs {
     }
     template <class Work> MEMBER void each(const Work& work) const
     {
-        for (ptrdiff_t group = 0; group < groups; group++) {
-            work(line<0>(group), line<1>(group));
-            work(line<2>(group), line<3>(group));
-        }
+        for (ptrdiff_t group = 0; group < groups; group++)
+            for (int pair = 0; pair < 4; pair += 2) work(line(group, pair), line(group, pair + 1));
     }
 };
 

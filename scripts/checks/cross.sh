@@ -3,7 +3,7 @@
 titles[neon]="aarch64 cross build, tests under qemu-user"
 titles[i686]="32-bit x86 cross build"
 packages[neon]="g++-aarch64-linux-gnu qemu-user-static googletest"
-packages[i686]="g++-i686-linux-gnu googletest"
+packages[i686]="g++-i686-linux-gnu googletest qemu-user-static"
 
 # The tests of a cross build bring GoogleTest's own sources, where g++ 12 sees an overlap that is none.
 # cross_check NAME TOOLCHAIN CMAKE-ARGUMENT...
@@ -26,4 +26,8 @@ check_i686()
 {
     need_or_skip i686
     cross_check i686 i686-linux-gnu -DVSURF_MAX_ISA=sse2
+
+    build_active_isa build/check/i686 i686-linux-gnu-g++
+    chooses build/check/i686/active_isa qemu-i386-static scalar pentium3
+    chooses build/check/i686/active_isa qemu-i386-static sse2 n270
 }

@@ -8,8 +8,7 @@ limited_build()
 {
     local isa=$1 wider=$2 tree=build/check/$1
     build_tree "$isa" -DVSURF_MAX_ISA="$isa" "${library_only[@]}"
-    printf '#include "frame/dispatch.h"\n#include <cstdio>\nint main() { std::puts(vsurf::active_isa().name); }\n' |
-        g++ -std=c++20 -I. -x c++ - -x none "$tree/libvsurf.a" -o "$tree/active_isa"
+    build_active_isa "$tree" g++
     echo "the dispatch chooses: $("$tree/active_isa")"
     [[ $("$tree/active_isa") == "$isa" ]]
     if objdump -d --no-show-raw-insn "$tree/libvsurf.so" | grep -E "$wider" | head -n 5 | grep .; then
