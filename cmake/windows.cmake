@@ -12,11 +12,11 @@ else()
     # Callers align the stack to 4 bytes.
     target_compile_options(vsurf_options INTERFACE -mincoming-stack-boundary=2)
 endif()
-set(definition ${PROJECT_SOURCE_DIR}/frame/exports-${windows_arch}.def)
+set(windows_exports ${PROJECT_SOURCE_DIR}/frame/exports-${windows_arch}.def)
 
 enable_language(RC)
 configure_file(${PROJECT_SOURCE_DIR}/frame/vsurf.rc.in ${PROJECT_BINARY_DIR}/vsurf.rc @ONLY)
-target_sources(vsurf PRIVATE frame/dllmain.cpp ${definition} ${PROJECT_BINARY_DIR}/vsurf.rc)
+target_sources(vsurf PRIVATE frame/dllmain.cpp ${windows_exports} ${PROJECT_BINARY_DIR}/vsurf.rc)
 set_target_properties(vsurf PROPERTIES PREFIX "")
 # The compiler's own library goes in; time stamps stay out, so that equal sources give equal files.
 target_link_options(vsurf PRIVATE -static-libgcc -Wl,--no-insert-timestamp)
@@ -27,8 +27,8 @@ find_program(LLVM_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14 DOC "Makes vsurf.li
 if(LLVM_DLLTOOL)
     set(import_library ${PROJECT_BINARY_DIR}/vsurf.lib)
     add_custom_command(OUTPUT ${import_library}
-        COMMAND ${LLVM_DLLTOOL} -m ${dlltool_machine} -d ${definition} -l ${import_library}
-        DEPENDS ${definition} VERBATIM)
+        COMMAND ${LLVM_DLLTOOL} -m ${dlltool_machine} -d ${windows_exports} -l ${import_library}
+        DEPENDS ${windows_exports} VERBATIM)
     add_custom_target(vsurf_lib ALL DEPENDS ${import_library})
     install(FILES ${import_library} DESTINATION ${CMAKE_INSTALL_LIBDIR})
 else()
