@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "harness/crash.h"
 
-#include <signal.h>
-#include <unistd.h>
+#include "harness/system.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace harness {
 namespace {
@@ -15,36 +13,21 @@ const Placement* current_placement = nullptr;
 const Variant* current_table = nullptr;
 
 // The fault comes from a kernel, which allocates nothing and holds no lock, so building a string here is safe.
-void report(int number, siginfo_t* details, void*)
+void report(const void* address)
 {
     if (current_call != nullptr) {
         const std::string text =
             current_call->describe() + "\n  on " + current_table->name + ", " + describe(*current_placement);
-        std::fprintf(stderr, "fault at %p in %s\n", details->si_addr, text.c_str());
+        std::fprintf(stderr, "fault at %p in %s\n", address, text.c_str());
     } else {
-        std::fprintf(stderr, "fault at %p outside any call\n", details->si_addr);
+        std::fprintf(stderr, "fault at %p outside any call\n", address);
     }
     std::fflush(stderr);
-    signal(number, SIG_DFL);
-    raise(number);
 }
 
 void install()
 {
-    static const bool installed = [] {
-        static char stack[1 << 16];
-        stack_t alternative = {};
-        alternative.ss_sp = stack;
-        alternative.ss_size = sizeof stack;
-        sigaltstack(&alternative, nullptr);
-        struct sigaction action = {};
-        action.sa_sigaction = report;
-        action.sa_flags = SA_SIGINFO | SA_ONSTACK | SA_NODEFER;
-        sigaction(SIGSEGV, &action, nullptr);
-        sigaction(SIGBUS, &action, nullptr);
-        sigaction(SIGILL, &action, nullptr);
-        return true;
-    }();
+    static const bool installed = (report_faults(report), true);
     static_cast<void>(installed);
 }
 

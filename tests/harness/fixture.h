@@ -77,7 +77,7 @@ inline void set_adjustment(Gains gains, Offsets a = {}, Offsets b = {})
 inline std::vector<Variant> variants_and_exports()
 {
     std::vector<Variant> all = variants();
-    all.push_back({"exports", &exported(), all.front().apply});
+    if (all.front().kernels != &exported()) all.push_back({"exports", &exported(), all.front().apply});
     return all;
 }
 

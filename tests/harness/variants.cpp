@@ -50,14 +50,4 @@ const std::vector<Variant>& variants()
     return all;
 }
 
-const vsurf::Kernels& exported()
-{
-    static const vsurf::Kernels table = {
-#define EXPORT_(name, params, args) ::name,
-#include "frame/exports.inc"
-#undef EXPORT_
-    };
-    return table;
-}
-
 } // namespace harness
