@@ -1,6 +1,10 @@
 # SPDX-License-Identifier: MIT
 # What `cmake --install` puts where, and what a project needs to find it again: a CMake package and a pkg-config file.
+# Components: runtime (the shared library), development, tools.
 include(CMakePackageConfigHelpers)
+
+set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
+    GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)      # whatever the umask
 
 foreach(library vsurf vsurf_static)
     target_include_directories(${library} INTERFACE
@@ -8,22 +12,53 @@ foreach(library vsurf vsurf_static)
 endforeach()
 set_target_properties(vsurf_static PROPERTIES OUTPUT_NAME vsurf)
 
-install(TARGETS vsurf vsurf_static EXPORT vsurf-targets
-    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(FILES ${PROJECT_SOURCE_DIR}/frame/vsurf.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(TARGETS vsurf vsurf_static EXPORT vsurfTargets
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+install(FILES ${PROJECT_SOURCE_DIR}/frame/vsurf.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vsurf)
-install(EXPORT vsurf-targets NAMESPACE vsurf:: DESTINATION ${package_dir})
-configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/vsurf-config.cmake.in ${PROJECT_BINARY_DIR}/vsurf-config.cmake
+install(EXPORT vsurfTargets NAMESPACE vsurf:: DESTINATION ${package_dir} COMPONENT development)
+configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/vsurfConfig.cmake.in ${PROJECT_BINARY_DIR}/vsurfConfig.cmake
     INSTALL_DESTINATION ${package_dir} NO_SET_AND_CHECK_MACRO)
-write_basic_package_version_file(${PROJECT_BINARY_DIR}/vsurf-config-version.cmake COMPATIBILITY SameMajorVersion)
-install(FILES ${PROJECT_BINARY_DIR}/vsurf-config.cmake ${PROJECT_BINARY_DIR}/vsurf-config-version.cmake
-    DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/vsurfConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/vsurfConfig.cmake ${PROJECT_BINARY_DIR}/vsurfConfigVersion.cmake
+    DESTINATION ${package_dir} COMPONENT development)
 
 # Relative to the file itself, so that an installed tree may be moved and `--prefix` at install time counts.
+set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 file(RELATIVE_PATH up_to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" up_to_prefix "${up_to_prefix}")
+file(RELATIVE_PATH libdir_in_prefix ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
+file(RELATIVE_PATH includedir_in_prefix ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
+# On x86 the compiler's own runtime tells which processor this is. Compilers link it unasked; with `-nodefaultlibs` it
+# has to be named.
+set(private_libraries)
+if(baseline STREQUAL sse2 OR CMAKE_SYSTEM_PROCESSOR MATCHES "i.86")
+    list(FILTER CMAKE_C_IMPLICIT_LINK_LIBRARIES INCLUDE REGEX "^gcc$")
+    if(CMAKE_C_IMPLICIT_LINK_LIBRARIES)
+        set(private_libraries -lgcc)
+    endif()
+endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/vsurf.pc.in ${PROJECT_BINARY_DIR}/vsurf.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/vsurf.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${PROJECT_BINARY_DIR}/vsurf.pc DESTINATION ${pkgconfig_dir} COMPONENT development)
+
+# Pages and documents.
+file(GLOB pages_of_functions CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/man/*.3)
+file(GLOB pages_of_programs CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/man/*.1)
+if(pages_of_functions)
+    install(FILES ${pages_of_functions} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development)
+endif()
+if(pages_of_programs AND VSURF_BUILD_TOOLS)
+    install(FILES ${pages_of_programs} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
+endif()
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/README.md
+    DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
+    FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.jpg" PATTERN "*.svg")
+
+if(NOT TARGET uninstall)
+    add_custom_target(uninstall VERBATIM
+        COMMAND ${CMAKE_COMMAND} -P ${CMAKE_CURRENT_LIST_DIR}/uninstall.cmake)
+endif()

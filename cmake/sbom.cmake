@@ -1,0 +1,26 @@
+# SPDX-License-Identifier: MIT
+# The bill of materials of a build (SPDX 2.3, JSON): what was built, from which sources, with the checksums of both.
+set(sbom ${PROJECT_BINARY_DIR}/vsurf.spdx.json)
+foreach(folder frame load scale simd subpicture colorkey)
+    file(GLOB found CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
+        ${folder}/*.cpp ${folder}/*.h ${folder}/*.inc ${folder}/*.map)
+    list(APPEND library_sources ${found})
+endforeach()
+
+# Each built file behind the folder that it is installed to.
+set(built ${CMAKE_INSTALL_INCLUDEDIR} ${PROJECT_SOURCE_DIR}/frame/vsurf.h
+    ${CMAKE_INSTALL_LIBDIR} $<TARGET_FILE:vsurf_static>)
+if(WIN32)
+    list(APPEND built ${CMAKE_INSTALL_BINDIR} $<TARGET_FILE:vsurf> ${CMAKE_INSTALL_LIBDIR} $<TARGET_LINKER_FILE:vsurf>)
+else()
+    list(APPEND built ${CMAKE_INSTALL_LIBDIR} $<TARGET_FILE:vsurf>)
+endif()
+
+add_custom_command(OUTPUT ${sbom} VERBATIM
+    COMMAND ${CMAKE_COMMAND} -D "output=${sbom}" -D "name=${PROJECT_NAME}" -D "version=${PROJECT_VERSION}"
+        -D "built=${built}" -D "source_folder=${PROJECT_SOURCE_DIR}" -D "sources=${library_sources}"
+        -P ${CMAKE_CURRENT_LIST_DIR}/write_sbom.cmake
+    DEPENDS vsurf vsurf_static ${library_sources} ${CMAKE_CURRENT_LIST_DIR}/write_sbom.cmake
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} COMMENT "Writing the bill of materials")
+add_custom_target(sbom ALL DEPENDS ${sbom})
+install(FILES ${sbom} DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
