@@ -44,6 +44,7 @@ clang-format --dry-run --Werror "${sources[@]}" || status=1
 # clang's own view of the flags; the units are chosen so that every changed header is seen by one of them at least.
 tree=build/check/lint
 cmake -S . -B "$tree" -DCMAKE_BUILD_TYPE=Release -DCMAKE_EXPORT_COMPILE_COMMANDS=ON \
+    -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON \
     -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ >"$scratch/configure" || { cat "$scratch/configure"; exit 1; }
 python3 scripts/lint_units.py "$tree" "${sources[@]}" >"$scratch/units"
 echo "clang-tidy on $(wc -l <"$scratch/units") files, for ${#sources[@]} changed ones"
