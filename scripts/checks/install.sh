@@ -37,8 +37,7 @@ run_linked()
     "$1"
 }
 
-# use_pkg_config COMPILER SOURCE: once with the shared library, twice with the static one: that alone, or all.
-# PKG_CONFIG_PATH is set.
+# use_pkg_config COMPILER SOURCE: once with the shared library, twice with the static one: that alone, or all static.
 use_pkg_config()
 {
     local compile=("$1" -Wall -Wextra -Wpedantic -Werror "$2" -o "$scratch/program") flags libraries all_libraries
@@ -46,34 +45,44 @@ use_pkg_config()
     read -ra libraries < <(pkg-config --libs vsurf)
     read -ra all_libraries < <(pkg-config --static --libs vsurf)
     "${compile[@]}" "${flags[@]}" "${libraries[@]}"
-    LD_LIBRARY_PATH=$(pkg-config --variable=libdir vsurf) run_linked "$scratch/program" 1
+    run_linked "$scratch/program" 1
     "${compile[@]}" "${flags[@]}" -Wl,-Bstatic "${all_libraries[@]}" -Wl,-Bdynamic
     run_linked "$scratch/program" 0
     "${compile[@]}" "${flags[@]}" -static "${all_libraries[@]}"
     run_linked "$scratch/program" 0
 }
 
-# use_tree PREFIX: C and C++ programs, through CMake and pkg-config, shared and static, with g++ and clang++.
-use_tree()
+# find_here PREFIX: pkg-config and programs shall find vsurf there.
+find_here()
 {
-    local compiler libraries
-    use_cmake "$1" C
-    use_cmake "$1" CXX
-    use_cmake "$1" "C;CXX"
     PKG_CONFIG_PATH=$(dirname "$(find "$1" -name vsurf.pc)")
     export PKG_CONFIG_PATH
-    for compiler in gcc clang; do
-        use_pkg_config "$compiler" tests/install/consumer.c
-    done
-    for compiler in g++ clang++; do
-        use_pkg_config "$compiler" tests/install/consumer.cpp
-    done
+    LD_LIBRARY_PATH=$(pkg-config --variable=libdir vsurf)
+    export LD_LIBRARY_PATH
+}
+
+# use_vsurf PREFIX: C and C++ programs, through CMake and pkg-config, shared and static.
+use_vsurf()
+{
+    use_cmake "$1" "C;CXX"
+    use_pkg_config gcc tests/install/consumer.c
+    use_pkg_config g++ tests/install/consumer.cpp
+}
+
+# The same where there is no other language or another compiler.
+use_otherwise()
+{
+    local libraries
+    use_cmake "$1" C
+    use_cmake "$1" CXX
+    use_pkg_config clang tests/install/consumer.c
+    use_pkg_config clang++ tests/install/consumer.cpp
     # What pkg-config names is all that there is to name beside the C library.
     read -ra libraries < <(pkg-config --static --cflags --libs vsurf)
     gcc -nodefaultlibs tests/install/consumer.c -o "$scratch/program" -Wl,-Bstatic "${libraries[@]}" -Wl,-Bdynamic -lc
 }
 
-# use_example DOCUMENT: the C program in it, compiled as it stands there. PKG_CONFIG_PATH is set.
+# use_example DOCUMENT: the C program in it, compiled as it stands there.
 use_example()
 {
     local flags
@@ -81,7 +90,7 @@ use_example()
     sed -n '/^```c$/,/^```$/p' "$1" | sed '/^```/d' >"$scratch/example.c"
     [[ -s $scratch/example.c ]]
     gcc -std=c99 -Wall -Wextra -Wpedantic -Werror "$scratch/example.c" -o "$scratch/example" "${flags[@]}"
-    (cd "$scratch" && LD_LIBRARY_PATH=$(pkg-config --variable=libdir vsurf) ./example)
+    (cd "$scratch" && ./example)
 }
 
 # The header alone, in the oldest languages that it knows.
@@ -126,14 +135,17 @@ check_install()
     names "$prefix" >"$scratch/names"
     "$prefix/bin/vsurf-play" --version
     tests/install/check_sbom.py "$prefix/share/doc/vsurf/vsurf.spdx.json" "$prefix" .
-    use_tree "$prefix"
+    find_here "$prefix"
+    use_vsurf "$prefix"
+    use_otherwise "$prefix"
     use_example README.md
     use_example docs/subpictures.md
     use_header "$prefix/include"
 
     mkdir -p "$scratch/elsewhere"
     mv "$prefix" "$scratch/elsewhere/moved"
-    use_tree "$scratch/elsewhere/moved"
+    find_here "$scratch/elsewhere/moved"
+    use_vsurf "$scratch/elsewhere/moved"
 
     check_uninstall "$prefix" "$scratch/names"
     DESTDIR=$scratch/stage check_uninstall /opt/anywhere "$scratch/names"
