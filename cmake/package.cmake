@@ -9,7 +9,7 @@ set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_PACKAGE_FILE_NAME ${PROJECT_NAME}-${PROJECT_VERSION}-${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR})
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS ${CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS})
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/finish_package.cmake)
-set(CPACK_POST_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/order_archive.cmake)
+set(CPACK_POST_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/repack.cmake)
 set(CPACK_VERBATIM_VARIABLES ON)
 
 set(CPACK_COMPONENTS_ALL runtime development)
@@ -31,11 +31,11 @@ else()
     endif()
 endif()
 
-set(about "vsurf is a C library that video players and other renderers call to put decoded
-pictures (planar YV12 or packed YUY2) onto display surfaces: RGB32, RGB24,
-RGB16, YUY2 or YV12. On the way it can adjust brightness, contrast and
-saturation, enlarge or halve the picture, and mix subtitles onto it. Its output
-is the same to the byte on every processor.
+set(about "vsurf is a C library that video players and other renderers call to put
+decoded pictures (planar YV12 or packed YUY2) onto display surfaces: RGB32,
+RGB24, RGB16, YUY2 or YV12. On the way it can adjust brightness, contrast and
+saturation, enlarge or halve the picture, and mix subtitles onto it. Its
+output is the same to the byte on every processor.
 ")
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "decoded video pictures onto display surfaces
 ${about}
@@ -46,8 +46,9 @@ This package holds the header, the static library, the files with which CMake
 and pkg-config find the library, and its documentation.")
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION "video player that shows what the vsurf library does
 ${about}
-This package holds vsurf-play, which shows any file that FFmpeg reads, or a test
-pattern, through the library: with every surface format, enlarger and mixer.")
+This package holds vsurf-play, which shows any file that FFmpeg reads, or a
+test pattern, through the library: with every surface format, enlarger and
+mixer.")
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

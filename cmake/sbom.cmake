@@ -16,11 +16,18 @@ else()
     list(APPEND built ${CMAKE_INSTALL_LIBDIR} $<TARGET_FILE:vsurf>)
 endif()
 
+# In a file of its own: the document is made anew when one of these changes.
+set(input ${PROJECT_BINARY_DIR}/sbom-input.cmake)
+file(GENERATE OUTPUT ${input} CONTENT "set(name ${PROJECT_NAME})
+set(version ${PROJECT_VERSION})
+set(built \"${built}\")
+set(source_folder \"${PROJECT_SOURCE_DIR}\")
+set(sources \"${library_sources}\")
+")
+set(writer ${CMAKE_CURRENT_LIST_DIR}/write_sbom.cmake)
 add_custom_command(OUTPUT ${sbom} VERBATIM
-    COMMAND ${CMAKE_COMMAND} -D "output=${sbom}" -D "name=${PROJECT_NAME}" -D "version=${PROJECT_VERSION}"
-        -D "built=${built}" -D "source_folder=${PROJECT_SOURCE_DIR}" -D "sources=${library_sources}"
-        -P ${CMAKE_CURRENT_LIST_DIR}/write_sbom.cmake
-    DEPENDS vsurf vsurf_static ${library_sources} ${CMAKE_CURRENT_LIST_DIR}/write_sbom.cmake
+    COMMAND ${CMAKE_COMMAND} -D input=${input} -D output=${sbom} -P ${writer}
+    DEPENDS vsurf vsurf_static ${library_sources} ${writer} ${input}
     WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} COMMENT "Writing the bill of materials")
 add_custom_target(sbom ALL DEPENDS ${sbom})
 install(FILES ${sbom} DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)

@@ -1,8 +1,9 @@
 # SPDX-License-Identifier: MIT
-# cmake -D output=FILE -D name=NAME -D version=X.Y.Z -D "built=FOLDER;FILE;..." -D source_folder=FOLDER
-#     -D "sources=FILE;..." -P write_sbom.cmake
+# cmake -D input=FILE -D output=FILE -P write_sbom.cmake: the input sets name, version, built (folder and file, in turn),
+# source_folder and sources.
 # Time: SOURCE_DATE_EPOCH, if set, else now. The same files and time give the same document.
 cmake_minimum_required(VERSION 3.20)
+include(${input})
 set(files)
 set(file_count 0)
 set(relationships)

@@ -1,35 +1,152 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2154
-titles[install]="install, then build C programs against the result"
+titles[install]="install, move, uninstall; C and C++ programs with the result"
+packages[install]="python3"
+
+# Sets `tree` to what is installed and packed: the tree of check `native`, brought up to date, where that is there; else
+# one up to SSE2.
+shipped_tree()
+{
+    tree=build
+    if [[ $(grep -csE '^(VSURF_BUILD_TOOLS:BOOL=ON|CMAKE_BUILD_TYPE:STRING=Release)$' build/CMakeCache.txt) == 2 ]]; then
+        cmake --build build --parallel "$jobs"
+        return
+    fi
+    tree=build/check/shipped
+    build_tree shipped -DVSURF_MAX_ISA=sse2 -DVSURF_BUILD_TESTS=OFF -DVSURF_BUILD_BENCH=OFF
+}
+
+# use_cmake PREFIX LANGUAGES: the project in tests/install, shared and static.
+use_cmake()
+{
+    local consumer
+    consumer=$(mktemp -d -p "$scratch")
+    cmake -S tests/install -B "$consumer" -DCMAKE_PREFIX_PATH="$1" -DCMAKE_BUILD_TYPE=Release -DLANGUAGES="$2"
+    cmake --build "$consumer"
+    run_tests "$consumer"
+    # A C program stays free of the C++ runtime, whatever it is linked with.
+    if [[ $2 == *C\;* ]] && readelf -dW "$consumer"/C_with_* | grep 'NEEDED.*libstdc++'; then
+        return 1
+    fi
+}
+
+# run_linked PROGRAM COUNT: runs it; COUNT is 1 where it needs the shared library, else 0.
+run_linked()
+{
+    [[ $(readelf -dW "$1" | grep -c 'NEEDED.*\[libvsurf\.so\.0\]') == "$2" ]] || { echo "linked the wrong way: $1"; return 1; }
+    "$1"
+}
+
+# use_pkg_config COMPILER SOURCE: once with the shared library, twice with the static one: that alone, or all static.
+use_pkg_config()
+{
+    local compile=("$1" -Wall -Wextra -Wpedantic -Werror "$2" -o "$scratch/program") flags libraries all_libraries
+    read -ra flags < <(pkg-config --cflags vsurf)
+    read -ra libraries < <(pkg-config --libs vsurf)
+    read -ra all_libraries < <(pkg-config --static --libs vsurf)
+    "${compile[@]}" "${flags[@]}" "${libraries[@]}"
+    run_linked "$scratch/program" 1
+    "${compile[@]}" "${flags[@]}" -Wl,-Bstatic "${all_libraries[@]}" -Wl,-Bdynamic
+    run_linked "$scratch/program" 0
+    "${compile[@]}" "${flags[@]}" -static "${all_libraries[@]}"
+    run_linked "$scratch/program" 0
+}
+
+# find_here PREFIX: pkg-config and programs shall find vsurf there.
+find_here()
+{
+    PKG_CONFIG_PATH=$(dirname "$(find "$1" -name vsurf.pc)")
+    export PKG_CONFIG_PATH
+    LD_LIBRARY_PATH=$(pkg-config --variable=libdir vsurf)
+    export LD_LIBRARY_PATH
+}
+
+# use_vsurf PREFIX: C and C++ programs, through CMake and pkg-config, shared and static.
+use_vsurf()
+{
+    use_cmake "$1" "C;CXX"
+    use_pkg_config gcc tests/install/consumer.c
+    use_pkg_config g++ tests/install/consumer.cpp
+}
+
+# The same where there is no other language or another compiler.
+use_otherwise()
+{
+    local libraries
+    use_cmake "$1" C
+    use_cmake "$1" CXX
+    use_pkg_config clang tests/install/consumer.c
+    use_pkg_config clang++ tests/install/consumer.cpp
+    # What pkg-config names is all that there is to name beside the C library.
+    read -ra libraries < <(pkg-config --static --cflags --libs vsurf)
+    gcc -nodefaultlibs tests/install/consumer.c -o "$scratch/program" -Wl,-Bstatic "${libraries[@]}" -Wl,-Bdynamic -lc
+}
+
+# use_example DOCUMENT: the C program in it, compiled as it stands there.
+use_example()
+{
+    local flags
+    read -ra flags < <(pkg-config --cflags --libs vsurf)
+    sed -n '/^```c$/,/^```$/p' "$1" | sed '/^```/d' >"$scratch/example.c"
+    [[ -s $scratch/example.c ]]
+    gcc -std=c99 -Wall -Wextra -Wpedantic -Werror "$scratch/example.c" -o "$scratch/example" "${flags[@]}"
+    (cd "$scratch" && ./example)
+}
+
+# The header alone, in the oldest languages that it knows.
+use_header()
+{
+    local compiler language
+    for compiler in gcc clang; do
+        for language in "c -std=c99" "c++ -std=c++11"; do
+            printf '#include <vsurf.h>\n' |
+                "$compiler" -x "${language% *}" "${language#* }" -Wall -Wextra -Wpedantic -Werror -fsyntax-only -I"$1" -
+        done
+    done
+}
+
+# names FOLDER: the files and links below it.
+names() { (cd "$1" && find . ! -type d | LC_ALL=C sort); }
+
+# check_uninstall PREFIX NAMES: installs there, under DESTDIR if that is set, finds NAMES, and removes them again.
+check_uninstall()
+{
+    local place=${DESTDIR:-}$1 left
+    cmake --install "$tree" --prefix "$1" >"$scratch/installed"
+    diff "$2" <(names "$place")
+    touch "$place/lib/of-somebody-else"
+    cmake --build "$tree" --target uninstall >"$scratch/uninstalled"
+    left=$(names "$place"; find "$place" -path '*/vsurf' -type d)
+    [[ $left == ./lib/of-somebody-else ]] || { echo "left by uninstall: $left"; return 1; }
+    cmake --build "$tree" --target uninstall | grep 'has not been installed'
+}
 
 check_install()
 {
+    need install
     local prefix=$scratch/prefix
-    cmake --install build --prefix "$prefix"
+    shipped_tree
+    # What somebody installed from this tree before can still be uninstalled afterwards.
+    mkdir "$scratch/manifests"
+    find "$tree" -maxdepth 1 -name 'install_manifest*.txt' -exec mv {} "$scratch/manifests" \;
+    trap 'find "$scratch/manifests" -type f -exec cp {} "$tree" \;' EXIT
 
-    cmake -S tests/install -B "$scratch/consumer" -DCMAKE_PREFIX_PATH="$prefix"
-    cmake --build "$scratch/consumer"
-    run_tests "$scratch/consumer"
+    cmake --install "$tree" --prefix "$prefix"
+    names "$prefix" >"$scratch/names"
+    "$prefix/bin/vsurf-play" --version
+    tests/install/check_sbom.py "$prefix/share/doc/vsurf/vsurf.spdx.json" "$prefix" .
+    find_here "$prefix"
+    use_vsurf "$prefix"
+    use_otherwise "$prefix"
+    use_example README.md
+    use_example docs/subpictures.md
+    use_header "$prefix/include"
 
-    local link_options library_path
-    PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name vsurf.pc)")
-    export PKG_CONFIG_PATH
-    read -ra link_options < <(pkg-config --cflags --libs vsurf)
-    library_path=$(pkg-config --variable=libdir vsurf)
-    gcc -std=c99 -Wall -Wextra -Wpedantic -Werror tests/install/consumer.c -o "$scratch/with_pkg_config" "${link_options[@]}"
-    LD_LIBRARY_PATH=$library_path "$scratch/with_pkg_config"
+    mkdir -p "$scratch/elsewhere"
+    mv "$prefix" "$scratch/elsewhere/moved"
+    find_here "$scratch/elsewhere/moved"
+    use_vsurf "$scratch/elsewhere/moved"
 
-    # The example that README.md shows is compiled as it stands there.
-    sed -n '/^```c$/,/^```$/p' README.md | sed '/^```/d' >"$scratch/readme.c"
-    [[ -s $scratch/readme.c ]]
-    gcc -std=c99 -Wall -Wextra -Wpedantic -Werror "$scratch/readme.c" -o "$scratch/readme" "${link_options[@]}"
-    (cd "$scratch" && LD_LIBRARY_PATH=$library_path ./readme)
-
-    local compiler
-    for compiler in gcc clang; do
-        printf '#include <vsurf.h>\n' | "$compiler" -std=c99 -Wall -Wextra -Wpedantic -Werror -fsyntax-only \
-            -I"$prefix/include" -x c -
-        printf '#include <vsurf.h>\n' | "$compiler" -std=c++11 -Wall -Wextra -Wpedantic -Werror -fsyntax-only \
-            -I"$prefix/include" -x c++ -
-    done
+    check_uninstall "$prefix" "$scratch/names"
+    DESTDIR=$scratch/stage check_uninstall /opt/anywhere "$scratch/names"
 }

@@ -1,0 +1,54 @@
+# SPDX-License-Identifier: MIT
+# shellcheck shell=bash disable=SC2154
+titles[abi]="exported names and types, size of the shared library"
+packages[abi]="abigail-tools"
+
+# The largest that the stripped shared library may be, with every instruction set of x86-64 in it.
+readonly abi_size_limit=1100000
+
+# describe_abi LIBRARY: its exported functions and their types, without anything of this machine.
+describe_abi()
+{
+    abidw --exported-interfaces-only --headers-dir frame --drop-private-types --drop-undefined-syms --no-elf-needed \
+        --no-corpus-path --no-comp-dir-path --no-show-locs --no-parameter-names --no-write-default-sizes \
+        --type-id-style hash "$1"
+}
+
+# The plain C++ kernels compile fastest; the types of the exports are those of every build.
+abi_library()
+{
+    build_tree abi -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS="-g -O0" -DVSURF_MAX_ISA=scalar -DVSURF_WITH_SCALAR=ON \
+        "${library_only[@]}"
+}
+
+# print_sizes TREE: of the stripped library, which has a limit, and of what each instruction set brings.
+print_sizes()
+{
+    local folder size
+    cp "$1/libvsurf.so" "$scratch/stripped.so"
+    strip "$scratch/stripped.so"
+    for folder in "$1"/CMakeFiles/vsurf_{scalar,sse2,avx2,avx512,neon}.dir; do
+        [[ ! -d $folder ]] || find "$folder" -name '*.o' -exec size --totals {} + |
+            awk -v isa="${folder##*/vsurf_}" 'END { sub(".dir", "", isa); printf "%-8s %8d bytes of code and tables\n", isa, $1 }'
+    done
+    size=$(stat -c %s "$scratch/stripped.so")
+    echo "libvsurf.so of $1, stripped: $size bytes; the limit is $abi_size_limit"
+    ((size <= abi_size_limit))
+}
+
+check_abi()
+{
+    need_or_skip abi
+    if [[ $(uname -m) != x86_64 ]]; then
+        echo "the description of the interface is that of x86-64"
+        exit "$skipped"
+    fi
+    if [[ -e build/libvsurf.so ]]; then
+        print_sizes build
+    else
+        echo "no size: check 'native' has not built the library that users get"
+    fi
+    abi_library
+    tests/symbols/exports.sh nm build/check/abi/libvsurf.so frame/exports.inc frame/vsurf.map
+    abidiff --no-show-locs --harmless frame/libvsurf.abi build/check/abi/libvsurf.so
+}

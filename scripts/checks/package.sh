@@ -1,0 +1,111 @@
+# SPDX-License-Identifier: MIT
+# shellcheck shell=bash disable=SC2154
+titles[package]="Debian packages and archive: contents, installation, removal"
+packages[package]="dpkg-dev file lintian python3"
+
+readonly debian_packages=(libvsurf0 libvsurf-dev vsurf-play)
+
+# pack GENERATOR: from `tree` into $scratch/packages.
+pack() { cpack --config "$tree/CPackConfig.cmake" -G "$1" -B "$scratch/packages"; }
+
+restore_layout()
+{
+    cp "$scratch/CMakeCache.txt" "$tree/CMakeCache.txt"
+    cmake -S . -B "$tree"
+    cmake --build "$tree" --target sbom
+}
+
+# Debian's folders are those of /usr; nothing is compiled again for their sake.
+pack_debian()
+{
+    cp "$tree/CMakeCache.txt" "$scratch/CMakeCache.txt"
+    trap restore_layout EXIT
+    cmake -S . -B "$tree" -DCMAKE_INSTALL_PREFIX=/usr
+    pack DEB
+    trap - EXIT
+    restore_layout
+}
+
+# What the packages shall hold: the checked-in list, the documents and the pages.
+expected_files()
+{
+    sed "/^#/d; s/@ARCH@/$(dpkg-architecture -q DEB_HOST_MULTIARCH)/" tests/install/debian_files.txt
+    find docs -name '*.md' -o -name '*.png' -o -name '*.jpg' -o -name '*.svg' |
+        sed 's,^,libvsurf-dev /usr/share/doc/libvsurf-dev/,'
+    find man -name '*.3' 2>/dev/null | sed 's,^man/\(.*\),libvsurf-dev /usr/share/man/man3/\1.gz,'
+    find man -name '*.1' | sed 's,^man/\(.*\),vsurf-play /usr/share/man/man1/\1.gz,'
+}
+
+found_files()
+{
+    local name
+    for name in "${debian_packages[@]}"; do
+        dpkg-deb --fsys-tarfile "$scratch/packages/$name"_*.deb | tar -t | sed "/\/\$/d; s,^\.,$name ,"
+    done
+}
+
+check_contents()
+{
+    local name
+    diff <(expected_files | LC_ALL=C sort) <(found_files | LC_ALL=C sort)
+    for name in "${debian_packages[@]}"; do
+        dpkg-deb --info "$scratch/packages/$name"_*.deb
+        dpkg-deb --extract "$scratch/packages/$name"_*.deb "$scratch/unpacked"
+    done
+    tests/install/check_sbom.py "$scratch/unpacked/usr/share/doc/libvsurf-dev/vsurf.spdx.json" "$scratch/unpacked/usr" .
+    # On x86 the library needs no other, not even libc.
+    lintian --fail-on error,warning --suppress-tags shared-library-lacks-prerequisites \
+        "$scratch"/packages/*.deb
+}
+
+# The archive holds what `cmake --install` puts in place, and serves from where it is unpacked.
+check_archive()
+{
+    cmake --install "$tree" --prefix "$scratch/prefix" >/dev/null
+    mkdir "$scratch/archive"
+    tar -xzf "$scratch"/packages/*.tar.gz -C "$scratch/archive" --strip-components=1
+    diff -r --no-dereference "$scratch/prefix" "$scratch/archive"
+    find_here "$scratch/archive"
+    use_vsurf "$scratch/archive"
+    unset PKG_CONFIG_PATH LD_LIBRARY_PATH
+}
+
+# Who has vsurf here from elsewhere keeps it.
+check_absence()
+{
+    local found
+    found=$(ldconfig -p | grep libvsurf; command -v vsurf-play; find /usr/include /usr/local/include -name vsurf.h) || true
+    [[ -z $found ]] || { echo "the Debian packages are not installed, as vsurf is here already: $found"; exit "$skipped"; }
+    [[ $(id -u) == 0 ]] || sudo -n true || { echo "the Debian packages are not installed without root rights"; exit "$skipped"; }
+}
+
+remove_packages() { as_root apt-get -q -y purge "${debian_packages[@]}"; }
+
+check_installation()
+{
+    trap remove_packages EXIT
+    as_root apt-get -q -y --no-install-recommends install "$scratch"/packages/*.deb
+    vsurf-play --version
+    use_vsurf /usr
+    use_example README.md
+    trap - EXIT
+    remove_packages
+    found_files | while read -r _ path; do
+        [[ ! -e $path && ! -L $path ]] || { echo "left by the removal: $path"; exit 1; }
+    done
+    if ldconfig -p | grep libvsurf; then
+        return 1
+    fi
+}
+
+check_package()
+{
+    need_or_skip package
+    shipped_tree
+    pack TGZ
+    check_archive
+    pack_debian
+    check_contents
+    check_absence
+    check_installation
+}
