@@ -3,7 +3,8 @@
 """Doxygen's input filter for Markdown pages, run in the repository's root: markdown.py FILE
 
 Headings get the names that a repository browser gives them, links from page to page become references by these names,
-which Doxygen checks, and names of exports become links to what the header says of them."""
+which Doxygen checks, and names of exports become links to what the header says of them. Bold text is marked so that it may
+hold code."""
 import os
 import re
 import sys
@@ -13,6 +14,7 @@ with open("frame/exports.inc", encoding="utf-8") as index:
     EXPORTS = {"get_contrast_data"} | set(re.findall(r"^EXPORT\((\w+)", index.read(), re.M))
 LINK = re.compile(r"(!?)\[([^\]]*)\]\(([^)\s]+)\)")
 CODE = re.compile(r"`([^`]+)`")
+BOLD = re.compile(r"\*\*((?:[^*]|\*(?!\*))+)\*\*")
 
 
 def page_name(path):
@@ -60,7 +62,7 @@ class Page:
             if i % 2:
                 headed[i] = re.sub(r"(#+) (.*)", self.heading, part)
             else:
-                headed[i] = CODE.sub(code, LINK.sub(self.link, part))
+                headed[i] = CODE.sub(code, BOLD.sub(r"<b>\1</b>", LINK.sub(self.link, part)))
         return "".join(headed)
 
     def text(self, text):
