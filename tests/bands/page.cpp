@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// The page on threads names the exports that these tests cut, no more and no fewer.
+#include "bands/names.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <regex>
+#include <set>
+
+namespace {
+
+std::set<std::string> named_in_section(const std::string& page, const std::string& title)
+{
+    std::ifstream text(page);
+    EXPECT_TRUE(text) << page;
+    std::set<std::string> names;
+    bool within = false;
+    const std::regex name("`([A-Za-z]\\w*_\\w+|LoadColorKeyRgb\\d+|RelaceMaskWithColorKey)`");
+    for (std::string line; std::getline(text, line);) {
+        if (line.starts_with("## ")) within = line == "## " + title;
+        if (!within || !line.starts_with("|")) continue;
+        const std::string first_cell = line.substr(0, line.find('|', 1));
+        for (std::sregex_iterator at(first_cell.begin(), first_cell.end(), name), end; at != end; ++at) {
+            names.insert((*at)[1]);
+        }
+    }
+    return names;
+}
+
+TEST(BandsPage, names_the_exports_that_are_cut)
+{
+    std::set<std::string> cut;
+    for (const auto& names : {bands::loads(), bands::jobs()}) cut.insert(names.begin(), names.end());
+    EXPECT_EQ(named_in_section(VSURF_THREADS_PAGE, "Exports that can be cut"), cut);
+}
+
+} // namespace
