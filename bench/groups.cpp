@@ -71,14 +71,15 @@ void add_library(std::vector<Contender>& to, const Contender& like, const Export
     }
 }
 
+// It keeps the mixer's places of planes and surface: where its own surface would lie, the mixer has its alpha.
 void add_loader(std::vector<Contender>& to, const Contender& like, const Export& loader, Size size)
 {
+    const Layout layout = layout_of(loader.access, size);
     Contender contender = like;
     contender.name += "/loader:" + loader.name;
-    contender.layout = layout_of(loader.access, size);
-    contender.traffic = traffic_of(contender.layout);
+    contender.traffic = traffic_of(layout);
     contender.own_traffic = false;
-    contender.load = load_with(vsurf::active_isa(), loader, contender.layout);
+    contender.load = load_with(vsurf::active_isa(), loader, layout);
     to.push_back(contender);
 }
 

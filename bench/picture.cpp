@@ -155,6 +155,14 @@ void Ring::uncover(const Layout& layout, size_t slots)
     repeat(memory_ + places.variants, places.variants_bytes(), slots);
 }
 
+// FNV-1a.
+uint64_t Ring::digest(const Layout& layout) const
+{
+    uint64_t sum = 0xcbf29ce484222325;
+    for (const uint8_t* p = memory_; p < memory_ + places_of(layout).surface; p++) sum = (sum ^ *p) * 0x100000001b3;
+    return sum;
+}
+
 Picture Ring::next(const Layout& layout)
 {
     current_ = (current_ + 1) % slots_;

@@ -181,7 +181,10 @@ private:
         const bool covered = layout.access.cover != Cover::none;
         if (group.content != Content::noise) ring_.paint(layout, group.content, used);
         if (covered) ring_.cover(layout, group.content, used);
+        const auto before = ring_.digest(layout);
         run_interleaved(prefix, regime, list);
+        if (ring_.digest(layout) != before)
+            throw std::runtime_error("what " + prefix + group.exports.front().name + " reads was written to");
         if (group.content != Content::noise) ring_.paint(layout, Content::noise, used);
         if (covered) ring_.uncover(layout, used);
         if (options_.stores) {
