@@ -215,7 +215,7 @@ VSURF_OFFSET(tagVideoFrame, pitch, 16, 32);
 ///     luma_offset = y_offset_a + y_offset_b        u_offset, v_offset likewise
 ///
 /// Offsets of 30000 and 30000 make -5536, since the sum wraps. The values cannot be read back.
-/// @param[in] info an #ajust_contrast_info, not null
+/// @param[in] info an ajust_contrast_info, not null
 /// @par Reads and writes
 /// The first 32 bytes of `info`, and no memory of the caller's.
 VSURF_API void VSURF_CALL get_contrast_data(void* info);
@@ -811,8 +811,8 @@ VSURF_API void VSURF_CALL yuy2_strech_picture_2X2_yuy2_ajust(void* src, void* un
 ///     subpic_y            up to w bytes at i * sp
 ///     subpic_u, subpic_v  up to w / 2 bytes at i * (w / 2 + ((sp - w) >> 1))
 ///
-/// Moves `subpic_y`, `subpic_u` and `subpic_v` to the region's end, h lines further, and `subpic_alpha`, although it
-/// never touches the alpha plane, by (sp - w) * h.
+/// A conversion moves `subpic_y`, `subpic_u` and `subpic_v` to the region's end, h lines further, and `subpic_alpha`,
+/// although it never touches the alpha plane, by (sp - w) * h.
 ///
 /// @anchor alpha_lines
 /// @par Lines of alpha
