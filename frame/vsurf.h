@@ -215,7 +215,7 @@ VSURF_OFFSET(tagVideoFrame, pitch, 16, 32);
 ///     luma_offset = y_offset_a + y_offset_b        u_offset, v_offset likewise
 ///
 /// Offsets of 30000 and 30000 make -5536, since the sum wraps. The values cannot be read back.
-/// @param[in] info an #ajust_contrast_info, not null
+/// @param[in] info an ajust_contrast_info, not null
 /// @par Reads and writes
 /// The first 32 bytes of `info`, and no memory of the caller's.
 VSURF_API void VSURF_CALL get_contrast_data(void* info);
@@ -811,8 +811,8 @@ VSURF_API void VSURF_CALL yuy2_strech_picture_2X2_yuy2_ajust(void* src, void* un
 ///     subpic_y            up to w bytes at i * sp
 ///     subpic_u, subpic_v  up to w / 2 bytes at i * (w / 2 + ((sp - w) >> 1))
 ///
-/// Moves `subpic_y`, `subpic_u` and `subpic_v` to the region's end, h lines further, and `subpic_alpha`, although it
-/// never touches the alpha plane, by (sp - w) * h.
+/// A conversion moves `subpic_y`, `subpic_u` and `subpic_v` to the region's end, h lines further, and `subpic_alpha`,
+/// although it never touches the alpha plane, by (sp - w) * h.
 ///
 /// @anchor alpha_lines
 /// @par Lines of alpha
@@ -837,17 +837,22 @@ VSURF_API void VSURF_CALL Convert_RGB32_To_AYUY2(MIX_INFO* job);
 /// RGB24 to the subpicture's Y, U and V planes, X = 0.
 ///
 /// The key is compared with 24 bits, so its top byte must be 0, or nothing is transparent.
-/// @copydetails Convert_RGB32_To_AYUY2
-/// @par Differs
-/// B = 3. One byte beyond each line's last pixel is read, without effect.
+/// @param[in,out] job the record, as Convert_RGB32_To_AYUY2()
+/// @par Reads and writes
+/// As @ref conversion_to_yuv "Conversion to AYUY2" tells, B = 3; reads the byte beyond each line's last pixel, without
+/// effect.
+/// @par Irregular
+/// `subpic_alpha` moves though nothing is written there.
 VSURF_API void VSURF_CALL Convert_RGB24_To_AYUY2(MIX_INFO* job);
 
 /// RGB16 in layout 0 to the subpicture's Y, U and V planes, X = 0.
 ///
 /// Components are shifted up and not replicated, so white is 248, 252, 248. The key is its low 16 bits.
-/// @copydetails Convert_RGB32_To_AYUY2
-/// @par Differs
-/// B = 2. `contrast_info` is not looked at.
+/// @param[in,out] job the record, as Convert_RGB32_To_AYUY2(); `contrast_info` is not looked at
+/// @par Reads and writes
+/// As @ref conversion_to_yuv "Conversion to AYUY2" tells, B = 2.
+/// @par Irregular
+/// `subpic_alpha` moves though nothing is written there.
 VSURF_API void VSURF_CALL Convert_RGB16_565_To_AYUY2(MIX_INFO* job);
 
 /// The blue bytes of an RGB32 surface to the alpha plane.
@@ -868,9 +873,11 @@ VSURF_API void VSURF_CALL Restore_RGB32_To_Alpha(MIX_INFO* job);
 VSURF_API void VSURF_CALL Restore_RGB24_To_Alpha(MIX_INFO* job);
 
 /// The five blue bits of RGB16 in layout 0 to the alpha plane: 0..31.
-/// @copydetails Restore_RGB32_To_Alpha
-/// @par Differs
-/// B = 2; blocks of 16 pixels.
+/// @param[in] job the record, as Restore_RGB32_To_Alpha()
+/// @par Reads and writes
+/// @ref alpha_lines "Lines of alpha", B = 2, in blocks of 16 pixels. The record is left alone.
+/// @par Irregular
+/// The alpha plane's line step is made of pp, not sp. Mixers do not clamp what is above 16.
 VSURF_API void VSURF_CALL Restore_RGB16_565_To_Alpha(MIX_INFO* job);
 /// @}
 
@@ -911,9 +918,11 @@ VSURF_API void VSURF_CALL load_subpicture_alpha_rgb32(MIX_INFO* job);
 VSURF_API void VSURF_CALL load_subpicture_alpha_rgb24(MIX_INFO* job);
 
 /// The alpha plane to 16-bit pixels of the value alpha (above 31 it reaches into green).
-/// @copydetails load_subpicture_alpha_rgb32
-/// @par Differs
-/// B = 2.
+/// @param[in] job the record, as load_subpicture_alpha_rgb32()
+/// @par Reads and writes
+/// @ref alpha_lines "Lines of alpha", B = 2, in blocks of 16 pixels. The record is left alone.
+/// @par Irregular
+/// The alpha plane's line step is made of pp, not sp.
 VSURF_API void VSURF_CALL load_subpicture_alpha_rgb16_565(MIX_INFO* job);
 
 /// The subpicture alone to RGB32.
@@ -926,9 +935,11 @@ VSURF_API void VSURF_CALL load_subpicture_alpha_rgb16_565(MIX_INFO* job);
 VSURF_API void VSURF_CALL load_subpicture_yuy2_rgb32(MIX_INFO* job);
 
 /// The subpicture alone to RGB24: blue, green, red.
-/// @copydetails load_subpicture_yuy2_rgb32
-/// @par Differs
-/// B = 3, and so there is no fourth byte.
+/// @param[in] job the record, as load_subpicture_yuy2_rgb32()
+/// @par Reads and writes
+/// As @ref drawer "The subpicture alone" tells, B = 3. The record is left alone.
+/// @par Irregular
+/// pp is the width, and the pitch of packed planes. The key comes with its bytes reversed. Alpha is signed.
 VSURF_API void VSURF_CALL load_subpicture_yuy2_rgb24(MIX_INFO* job);
 
 /// The subpicture alone to RGB16, in the layout `contrast_info->rgb16_layout`.
@@ -1005,9 +1016,9 @@ VSURF_API void VSURF_CALL mix_ayuy2_yuy2_p_ajust(MIX_INFO* job);
 ///
 /// Pixels 1, 3, 5, ... of each line, chroma samples 1, 3, 5, ... with the alpha of pixel 4k+3; 16 bytes a block and
 /// line.
-/// @copydetails mix_ayuy2_yuy2_p_ajust
-/// @par Differs
-/// B = 1 for every pixel read.
+/// @param[in,out] job the record, as mix_ayuy2_yuy2_p_ajust()
+/// @par Reads and writes
+/// As @ref progressive "progressive mixers", but w bytes of each surface line: two for every pixel that is left.
 /// @par Irregular
 /// The lower line of the picture is reached by sp, by which the picture's chroma also steps: give both the same pitch.
 VSURF_API void VSURF_CALL mix_ayuy2_half_yuy2_p_ajust(MIX_INFO* job);
@@ -1050,17 +1061,21 @@ VSURF_API void VSURF_CALL mix_ayuy2_rgb16_p_ajust(MIX_INFO* job);
 VSURF_API void VSURF_CALL mix_ayuy2_rgb32_i_ajust(MIX_INFO* job);
 
 /// Onto RGB24, interlaced.
-/// @copydetails mix_ayuy2_rgb32_i_ajust
-/// @par Differs
-/// B = 3.
+/// @param[in] job the record, as mix_ayuy2_rgb32_i_ajust()
+/// @par Reads and writes
+/// As @ref interlaced "interlaced mixers", B = 3. Nothing drifts.
+/// @par Irregular
+/// As mix_ayuy2_rgb32_i_ajust().
 VSURF_API void VSURF_CALL mix_ayuy2_rgb24_i_ajust(MIX_INFO* job);
 
 /// Onto RGB16, interlaced, in the layout `contrast_info->rgb16_layout`.
-/// @copydetails mix_ayuy2_rgb32_i_ajust
-/// @par Differs
-/// B = 2; bytes 32 to 35 of `contrast_info` are read.
+/// @param[in] job the record, as mix_ayuy2_rgb32_i_ajust(), and `contrast_info`
+/// @par Reads and writes
+/// As @ref interlaced "interlaced mixers", B = 2, and bytes 32 to 35 of `contrast_info`. Nothing drifts.
 /// @par Returns at once
 /// for a layout other than 0..3.
+/// @par Irregular
+/// As mix_ayuy2_rgb32_i_ajust().
 VSURF_API void VSURF_CALL mix_ayuy2_rgb16_i_ajust(MIX_INFO* job);
 
 /// Onto the YV12 planes `surface`, `surface_v` and `surface_u`, progressive, not adjusted.
@@ -1097,6 +1112,11 @@ VSURF_API void VSURF_CALL mix_ayv12_yv12_i(MIX_INFO* job);
 
 /// @defgroup color_keys Colour keys
 /// The area in which an overlay shows the video.
+///
+/// @anchor fill_passes
+/// @par Fills
+/// They read no memory. Pass j from 0 writes 16 * B * blocks bytes at surface + j * (2 * pitch + r * B), and as many
+/// `pitch` further.
 /// @{
 
 /// @defgroup fill_arguments Arguments of the fills
@@ -1111,8 +1131,7 @@ VSURF_API void VSURF_CALL mix_ayv12_yv12_i(MIX_INFO* job);
 /// Fills a rectangle of an RGB32 surface with `colour`.
 /// @copydetails fill_arguments
 /// @par Reads and writes
-/// Reads no memory. For each pass j from 0 writes 16 * B * blocks bytes, B = 4, at surface + j * (2 * pitch + r * B),
-/// and the same pitch further.
+/// @ref fill_passes "As the family" with B = 4.
 VSURF_API void VSURF_CALL LoadColorKeyRgb32(unsigned int colour, void* surface, int width, int height, int reserved,
                                             int pitch);
 
@@ -1122,9 +1141,9 @@ VSURF_API void VSURF_CALL LoadColorKeyRgb32(unsigned int colour, void* surface, 
 /// block,
 ///
 ///     W0 = c << 40 | c << 16 | c >> 8       W1 = c << 56 | c << 32 | c << 8 | c >> 16       W2 = c << 48 | c << 24 | c
-/// @copydetails LoadColorKeyRgb32
-/// @par Differs
-/// B = 3.
+/// @copydetails fill_arguments
+/// @par Reads and writes
+/// @ref fill_passes "As the family" with B = 3.
 /// @par Irregular
 /// The bytes do not repeat every three: 0x00332211 gives 22 33 11 22 33 11 22 33, 33 11 22 33 11 22 33 11,
 /// 11 22 33 11 22 33 11 22. Only greys fill evenly.
@@ -1132,9 +1151,9 @@ VSURF_API void VSURF_CALL LoadColorKeyRgb24(unsigned int colour, void* surface, 
                                             int pitch);
 
 /// Fills a rectangle of 16-bit pixels with the low 16 bits of `colour`.
-/// @copydetails LoadColorKeyRgb32
-/// @par Differs
-/// B = 2.
+/// @copydetails fill_arguments
+/// @par Reads and writes
+/// @ref fill_passes "As the family" with B = 2.
 VSURF_API void VSURF_CALL LoadColorKeyRgb16(unsigned int colour, void* surface, int width, int height, int reserved,
                                             int pitch);
 

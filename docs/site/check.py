@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Checks a built site: every export is documented with each of its parameters, and every link inside leads somewhere.
-check.py HTML_FOLDER XML_FOLDER INDEX_OF_EXPORTS"""
+"""Checks a built site: every export is documented with each of its parameters, and every link inside leads somewhere, in
+the site as in the pages that it is made of. Run in the repository's root: check.py HTML_FOLDER XML_FOLDER"""
+import glob
 import os
 import re
 import sys
@@ -9,11 +10,13 @@ import xml.etree.ElementTree as ElementTree
 from html.parser import HTMLParser
 from urllib.parse import unquote, urlsplit
 
+INDEX = "frame/exports.inc"
+PAGES = ("*.md", "docs/*.md", "bench/*.md")
 LINKS = {"a": "href", "area": "href", "link": "href", "img": "src", "script": "src", "object": "data", "iframe": "src"}
 
 
-def exports(index):
-    with open(index, encoding="utf-8") as text:
+def exports():
+    with open(INDEX, encoding="utf-8") as text:
         return ["get_contrast_data"] + re.findall(r"^EXPORT\((\w+)", text.read(), re.MULTILINE)
 
 
@@ -45,9 +48,9 @@ def what_lacks(member):
     return lacking
 
 
-def undocumented(folder, index):
+def undocumented(folder):
     found = functions(folder)
-    for name in exports(index):
+    for name in exports():
         if name not in found:
             yield f"{name}: not documented in any family"
         else:
@@ -84,11 +87,20 @@ def dead_links(folder):
                 yield f"{page}: {link} leads to no place in {target}"
 
 
+def dead_paths():
+    """Links of the pages as a repository browser follows them; the names of sections are checked by Doxygen."""
+    for page in (name for pattern in PAGES for name in sorted(glob.glob(pattern))):
+        with open(page, encoding="utf-8") as text:
+            for target in re.findall(r"\]\(([^)\s#]+)[^)\s]*\)", text.read()):
+                if "://" not in target and not os.path.exists(os.path.join(os.path.dirname(page), target)):
+                    yield f"{page}: {target} does not exist"
+
+
 def main():
-    html, xml, index = sys.argv[1:]
-    faults = list(undocumented(xml, index)) + list(dead_links(html))
-    print("\n".join(faults), end="\n" if faults else "")
-    print(f"{len(exports(index))} exports; {len(faults)} faults")
+    html, xml = sys.argv[1:]
+    faults = [*undocumented(xml), *dead_links(html), *dead_paths()]
+    print(*faults, sep="\n", end="\n" if faults else "")
+    print(f"{len(exports())} exports; {len(faults)} faults")
     sys.exit(bool(faults))
 
 

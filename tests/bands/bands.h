@@ -2,6 +2,7 @@
 // A picture that is cut into bands of lines, each done by a call of its own.
 #pragma once
 #include "harness/content.h"
+#include "harness/effort.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -24,6 +25,9 @@ inline bool falls_on(const std::vector<int>& cuts, int step, int least)
     }
     return true;
 }
+
+// What lies between lines, in samples: nothing, odd numbers, whole blocks.
+inline std::vector<int> paddings() { return harness::by_effort(std::vector<int>{0, 7, 16}, std::vector<int>{7}); }
 
 // From bottom to top as well as from top to bottom: threads are done in any order.
 inline void for_each_band(const std::vector<int>& cuts, bool upwards, const std::function<void(int, int)>& work)

@@ -128,33 +128,36 @@ const Planes& untouched()
     return planes;
 }
 
-class BandsOfLoads : public testing::TestWithParam<Variant> {};
+class BandsOfLoads : public testing::TestWithParam<Variant> {
+protected:
+    void check(Case c, const Cut& cut)
+    {
+        get_contrast_data(&c.adjustment);
+        whole_ = untouched();
+        whole_.call(c, GetParam(), 0, c.height, cut.start);
+        ASSERT_FALSE(whole_ == untouched()) << harness::describe(c) << " writes nothing";
+        for (const std::vector<int>& cuts : bands::kCuts) {
+            if (!bands::falls_on(cuts, 2, cut.least)) continue;
+            for (const bool upwards : {false, true}) {
+                parts_ = untouched();
+                bands::for_each_band(cuts, upwards,
+                                     [&](int line, int lines) { parts_.call(c, GetParam(), line, lines, cut.start); });
+                ASSERT_TRUE(parts_ == whole_) << harness::describe(c) << " in " << cuts.size() - 1 << " bands";
+            }
+        }
+    }
+
+    Planes whole_, parts_;
+};
 
 TEST_P(BandsOfLoads, write_the_bytes_of_one_call)
 {
     Random random(51);
-    Planes whole, parts;
     for (const auto& [name, cut] : cut_loads()) {
         const Export& tested = harness::export_named(name);
         for (const int width : {16, 64, 100, 208}) {
-            for (const int padding : {0, 7, 16}) {
-                if (cut.whole_blocks && width % 16 != 0) continue;
-                const Case c = case_of(tested, width, padding, random);
-                get_contrast_data(const_cast<ajust_contrast_info*>(&c.adjustment));
-                whole = untouched();
-                whole.call(c, GetParam(), 0, c.height, cut.start);
-                ASSERT_FALSE(whole == untouched()) << harness::describe(c) << " writes nothing";
-                for (const std::vector<int>& cuts : bands::kCuts) {
-                    if (!bands::falls_on(cuts, 2, cut.least)) continue;
-                    for (const bool upwards : {false, true}) {
-                        parts = untouched();
-                        bands::for_each_band(cuts, upwards, [&](int line, int lines) {
-                            parts.call(c, GetParam(), line, lines, cut.start);
-                        });
-                        ASSERT_TRUE(parts == whole) << harness::describe(c) << " in " << cuts.size() - 1 << " bands";
-                    }
-                }
-            }
+            if (cut.whole_blocks && width % 16 != 0) continue;
+            for (const int padding : bands::paddings()) check(case_of(tested, width, padding, random), cut);
         }
     }
 }
@@ -169,8 +172,8 @@ TEST_P(BandsOfLoads, an_enlarged_picture_is_three_enlarged_planes)
         Case c = case_of(harness::export_named("strech_picture_" + zoom + "_yv12_ajust"), 64, 0, random);
         c.dst_pitch = across * c.width;
         get_contrast_data(&c.adjustment);
-        Planes whole = untouched(), parts = untouched();
-        whole.call(c, GetParam(), 0, c.height, [](const Case&, int, Arguments&) {});
+        whole_ = parts_ = untouched();
+        whole_.call(c, GetParam(), 0, c.height, [](const Case&, int, Arguments&) {});
 
         const int luma_bytes = 2 * c.height * c.dst_pitch;
         const Export& plane_enlarger = harness::export_named("strech_pic_" + zoom + "_adjust");
@@ -183,11 +186,11 @@ TEST_P(BandsOfLoads, an_enlarged_picture_is_three_enlarged_planes)
             one.plane = plane;
             plane_enlarger.call(*GetParam().kernels, one, {from, nullptr, nullptr, to, nullptr, nullptr});
         };
-        uint8_t* const dst = parts.dst.origin();
-        enlarge(parts.u.origin(), dst + luma_bytes + luma_bytes / 4, 1, 3);
-        enlarge(parts.v.origin(), dst + luma_bytes, 1, 2);
-        enlarge(parts.y.origin(), dst, 0, 1);
-        ASSERT_TRUE(parts == whole) << harness::describe(c);
+        uint8_t* const dst = parts_.dst.origin();
+        enlarge(parts_.u.origin(), dst + luma_bytes + luma_bytes / 4, 1, 3);
+        enlarge(parts_.v.origin(), dst + luma_bytes, 1, 2);
+        enlarge(parts_.y.origin(), dst, 0, 1);
+        ASSERT_TRUE(parts_ == whole_) << harness::describe(c);
     }
 }
 
