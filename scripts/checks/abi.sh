@@ -28,8 +28,9 @@ print_sizes()
     cp "$1/libvsurf.so" "$scratch/stripped.so"
     strip "$scratch/stripped.so"
     for folder in "$1"/CMakeFiles/vsurf_{scalar,sse2,avx2,avx512,neon}.dir; do
-        [[ ! -d $folder ]] || find "$folder" -name '*.o' -exec size --totals {} + |
-            awk -v isa="${folder##*/vsurf_}" 'END { sub(".dir", "", isa); printf "%-8s %8d bytes of code and tables\n", isa, $1 }'
+        [[ -d $folder ]] || continue
+        printf '%s: bytes of code and tables: ' "$(basename "$folder" .dir)"
+        find "$folder" -name '*.o' -exec size --totals {} + | awk 'END { print $1 }'
     done
     size=$(stat -c %s "$scratch/stripped.so")
     echo "libvsurf.so of $1, stripped: $size bytes; the limit is $abi_size_limit"

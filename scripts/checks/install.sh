@@ -8,7 +8,8 @@ packages[install]="python3"
 shipped_tree()
 {
     tree=build
-    if [[ $(grep -csE '^(VSURF_BUILD_TOOLS:BOOL=ON|CMAKE_BUILD_TYPE:STRING=Release)$' build/CMakeCache.txt) == 2 ]]; then
+    local wanted='^(VSURF_BUILD_TOOLS:BOOL=ON|CMAKE_BUILD_TYPE:STRING=Release)$'
+    if [[ $(grep -csE "$wanted" build/CMakeCache.txt) == 2 ]]; then
         cmake --build build --parallel "$jobs"
         return
     fi
@@ -33,7 +34,10 @@ use_cmake()
 # run_linked PROGRAM COUNT: runs it; COUNT is 1 where it needs the shared library, else 0.
 run_linked()
 {
-    [[ $(readelf -dW "$1" | grep -c 'NEEDED.*\[libvsurf\.so\.0\]') == "$2" ]] || { echo "linked the wrong way: $1"; return 1; }
+    if [[ $(readelf -dW "$1" | grep -c 'NEEDED.*\[libvsurf\.so\.0\]') != "$2" ]]; then
+        echo "linked the wrong way: $1"
+        return 1
+    fi
     "$1"
 }
 
