@@ -31,7 +31,7 @@ check_reproducible()
         export LC_ALL=C.UTF-8 TZ=Asia/Kathmandu HOME=/
         build_copy "$scratch/a/source" "$scratch/b/other-sources" "$second"
     )
-    names=$(cd "$first" && ls libvsurf.so.*.*.* libvsurf.a vsurf.spdx.json ./*.tar.gz ./*.deb)
+    names=$(cd "$first" && printf '%s\n' libvsurf.so.*.*.* libvsurf.a vsurf.spdx.json vsurf-*.tar.gz libvsurf*.deb)
     [[ $(wc -l <<<"$names") == 6 ]]
     for name in $names; do
         cmp "$first/$name" "$second/$name"
