@@ -52,7 +52,7 @@ check_licence()
     reuse lint
     local name missing=0
     while read -r name; do
-        if [[ ! -L $name ]] && ! head -n 2 "$name" | grep -qE 'SPDX-License-Identifier: MIT( \*/| -->)?$'; then
+        if [[ ! -L $name ]] && ! head -n 2 "$name" | grep -qE 'SPDX-License-Identifier[:] MIT( \*/| -->)?$'; then
             echo "no licence in the first lines of $name"
             missing=1
         fi
