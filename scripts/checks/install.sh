@@ -22,7 +22,8 @@ use_cmake()
 {
     local consumer
     consumer=$(mktemp -d -p "$scratch")
-    cmake -G "Unix Makefiles" -S tests/install -B "$consumer" -DCMAKE_PREFIX_PATH="$1" -DCMAKE_BUILD_TYPE=Release -DLANGUAGES="$2"
+    cmake -G "Unix Makefiles" -S tests/install -B "$consumer" -DCMAKE_PREFIX_PATH="$1" -DLANGUAGES="$2" \
+        -DCMAKE_BUILD_TYPE=Release
     cmake --build "$consumer"
     run_tests "$consumer"
     # A C program is not linked as C++, whatever else the project holds.
