@@ -35,11 +35,8 @@ file(RELATIVE_PATH includedir_in_prefix ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_
 # On x86 the compiler's own runtime tells which processor this is. Compilers link it unasked; with `-nodefaultlibs` it
 # has to be named.
 set(private_libraries)
-if(baseline STREQUAL sse2 OR CMAKE_SYSTEM_PROCESSOR MATCHES "i.86")
-    list(FILTER CMAKE_C_IMPLICIT_LINK_LIBRARIES INCLUDE REGEX "^gcc$")
-    if(CMAKE_C_IMPLICIT_LINK_LIBRARIES)
-        set(private_libraries -lgcc)
-    endif()
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i.86" AND "gcc" IN_LIST CMAKE_C_IMPLICIT_LINK_LIBRARIES)
+    set(private_libraries -lgcc)
 endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/vsurf.pc.in ${PROJECT_BINARY_DIR}/vsurf.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/vsurf.pc DESTINATION ${pkgconfig_dir} COMPONENT development)
@@ -58,7 +55,7 @@ install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/README.md
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
     FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.jpg" PATTERN "*.svg")
 
-if(NOT TARGET uninstall)
+if(CMAKE_SOURCE_DIR STREQUAL PROJECT_SOURCE_DIR)
     add_custom_target(uninstall VERBATIM
         COMMAND ${CMAKE_COMMAND} -P ${CMAKE_CURRENT_LIST_DIR}/uninstall.cmake)
 endif()

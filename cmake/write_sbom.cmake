@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# cmake -D input=FILE -D output=FILE -P write_sbom.cmake: the input sets name, version, built (folder and file, in turn),
-# source_folder and sources.
+# cmake -D input=FILE -D output=FILE -P write_sbom.cmake: the input sets name, version, built (folder and file, in
+# turn), source_folder and sources.
 # Time: SOURCE_DATE_EPOCH, if set, else now. The same files and time give the same document.
 cmake_minimum_required(VERSION 3.20)
 include(${input})

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# scripts/update_abi.sh: writes frame/libvsurf.abi anew, from the sources as they are, after the interface was changed on
-# purpose.
+# scripts/update_abi.sh: writes frame/libvsurf.abi anew, from the sources as they are, after the interface was changed
+# on purpose.
 source "$(dirname "$0")/common.sh"
 declare -A titles=()
 source scripts/checks.sh

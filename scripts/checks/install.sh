@@ -8,7 +8,8 @@ packages[install]="python3"
 shipped_tree()
 {
     tree=build
-    if [[ $(grep -csE '^(VSURF_BUILD_TOOLS:BOOL=ON|CMAKE_BUILD_TYPE:STRING=Release)$' build/CMakeCache.txt) == 2 ]]; then
+    local wanted='^(VSURF_BUILD_TOOLS:BOOL=ON|CMAKE_BUILD_TYPE:STRING=Release)$'
+    if [[ $(grep -csE "$wanted" build/CMakeCache.txt) == 2 ]]; then
         cmake --build build --parallel "$jobs"
         return
     fi
@@ -21,11 +22,12 @@ use_cmake()
 {
     local consumer
     consumer=$(mktemp -d -p "$scratch")
-    cmake -S tests/install -B "$consumer" -DCMAKE_PREFIX_PATH="$1" -DCMAKE_BUILD_TYPE=Release -DLANGUAGES="$2"
+    cmake -G "Unix Makefiles" -S tests/install -B "$consumer" -DCMAKE_PREFIX_PATH="$1" -DLANGUAGES="$2" \
+        -DCMAKE_BUILD_TYPE=Release
     cmake --build "$consumer"
     run_tests "$consumer"
-    # A C program stays free of the C++ runtime, whatever it is linked with.
-    if [[ $2 == *C\;* ]] && readelf -dW "$consumer"/C_with_* | grep 'NEEDED.*libstdc++'; then
+    # A C program is not linked as C++, whatever else the project holds.
+    if [[ $2 == *C\;* ]] && grep '^[^ ]*++' "$consumer"/CMakeFiles/C_with_*/link.txt; then
         return 1
     fi
 }
@@ -33,7 +35,10 @@ use_cmake()
 # run_linked PROGRAM COUNT: runs it; COUNT is 1 where it needs the shared library, else 0.
 run_linked()
 {
-    [[ $(readelf -dW "$1" | grep -c 'NEEDED.*\[libvsurf\.so\.0\]') == "$2" ]] || { echo "linked the wrong way: $1"; return 1; }
+    if [[ $(readelf -dW "$1" | grep -c 'NEEDED.*\[libvsurf\.so\.0\]') != "$2" ]]; then
+        echo "linked the wrong way: $1"
+        return 1
+    fi
     "$1"
 }
 

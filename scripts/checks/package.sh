@@ -74,9 +74,19 @@ check_archive()
 check_absence()
 {
     local found
-    found=$(ldconfig -p | grep libvsurf; command -v vsurf-play; find /usr/include /usr/local/include -name vsurf.h) || true
-    [[ -z $found ]] || { echo "the Debian packages are not installed, as vsurf is here already: $found"; exit "$skipped"; }
-    [[ $(id -u) == 0 ]] || sudo -n true || { echo "the Debian packages are not installed without root rights"; exit "$skipped"; }
+    found=$(
+        ldconfig -p | grep libvsurf
+        command -v vsurf-play
+        find /usr/include /usr/local/include -name vsurf.h
+    ) || true
+    if [[ -n $found ]]; then
+        echo "the packages are right, but not installed: vsurf is here already: ${found//$'\n'/, }"
+        exit "$skipped"
+    fi
+    if [[ $(id -u) != 0 ]] && ! sudo -n true; then
+        echo "the packages are right, but not installed: that takes root rights"
+        exit "$skipped"
+    fi
 }
 
 remove_packages() { as_root apt-get -q -y purge "${debian_packages[@]}"; }

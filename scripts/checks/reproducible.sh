@@ -5,15 +5,15 @@ titles[licence]="a licence for every file, named in every source"
 packages[reproducible]="dpkg-dev file"
 packages[licence]="git reuse"
 
-# build_copy SOURCE TREE: library and packages, up to SSE2, from a copy of the sources. -g1 brings in file and folder
-# names, as __FILE__ would.
+# build_copy FROM SOURCE TREE: library and packages, up to SSE2, from a copy of the sources. -g1 brings in file and
+# folder names, as __FILE__ would.
 build_copy()
 {
-    mkdir -p "$1"
-    tar --exclude-vcs --exclude='./build*' --exclude=./out -c . | tar -x -C "$1"
-    cmake -S "$1" -B "$2" -DCMAKE_INSTALL_PREFIX=/usr -DVSURF_MAX_ISA=sse2 -DCMAKE_CXX_FLAGS=-g1 "${library_only[@]}"
-    cmake --build "$2" --parallel "$jobs"
-    (cd "$2" && cpack)
+    mkdir -p "$2"
+    tar --exclude-vcs --exclude='./build*' --exclude=./out -C "$1" -c . | tar -x -C "$2"
+    cmake -S "$2" -B "$3" -DCMAKE_INSTALL_PREFIX=/usr -DVSURF_MAX_ISA=sse2 -DCMAKE_CXX_FLAGS=-g1 "${library_only[@]}"
+    cmake --build "$3" --parallel "$jobs"
+    (cd "$3" && cpack)
 }
 
 check_reproducible()
@@ -21,10 +21,17 @@ check_reproducible()
     need_or_skip reproducible
     local name first=$scratch/a/build second=$scratch/b/a-folder-with-a-longer-name/build names
     export SOURCE_DATE_EPOCH=1700000000
-    (umask 022 && export LC_ALL=C TZ=UTC && build_copy "$scratch/a/source" "$first")
-    (umask 027 && export LC_ALL=C.UTF-8 TZ=Asia/Kathmandu HOME=/ && build_copy "$scratch/b/other-sources" "$second")
-
-    names=$(cd "$first" && ls libvsurf.so.*.*.* libvsurf.a vsurf.spdx.json ./*.tar.gz ./*.deb)
+    (
+        umask 022
+        export LC_ALL=C TZ=UTC
+        build_copy . "$scratch/a/source" "$first"
+    )
+    (
+        umask 027
+        export LC_ALL=C.UTF-8 TZ=Asia/Kathmandu HOME=/
+        build_copy "$scratch/a/source" "$scratch/b/other-sources" "$second"
+    )
+    names=$(cd "$first" && printf '%s\n' libvsurf.so.*.*.* libvsurf.a vsurf.spdx.json vsurf-*.tar.gz libvsurf*.deb)
     [[ $(wc -l <<<"$names") == 6 ]]
     for name in $names; do
         cmp "$first/$name" "$second/$name"
@@ -45,11 +52,11 @@ check_licence()
     reuse lint
     local name missing=0
     while read -r name; do
-        if [[ ! -L $name ]] && ! head -n 2 "$name" | grep -q 'SPDX-License-Identifier: MIT$\|SPDX-License-Identifier: MIT \*/$'; then
+        if [[ ! -L $name ]] && ! head -n 2 "$name" | grep -qE 'SPDX-License-Identifier[:] MIT( \*/| -->)?$'; then
             echo "no licence in the first lines of $name"
             missing=1
         fi
-    done < <(git ls-files --cached --others --exclude-standard -- ':!*.md' ':!*.png' ':!*.jpg' ':!*.svg' ':!*.abi' ':!.gitignore' \
-        ':!.reuse/*' ':!LICENSE*')
+    done < <(git ls-files --cached --others --exclude-standard -- ':!*.md' ':!*.png' ':!*.jpg' ':!*.svg' ':!*.abi' \
+        ':!.gitignore' ':!.reuse/*' ':!LICENSE*')
     return "$missing"
 }

@@ -14,8 +14,8 @@ import sys
 from pathlib import Path
 
 FIELDS = {
-    "document": ["spdxVersion", "dataLicense", "SPDXID", "name", "documentNamespace", "creationInfo", "packages", "files",
-                 "relationships"],
+    "document": ["spdxVersion", "dataLicense", "SPDXID", "name", "documentNamespace", "creationInfo", "packages",
+                 "files", "relationships"],
     "package": ["SPDXID", "name", "versionInfo", "downloadLocation", "packageVerificationCode", "licenseConcluded",
                 "licenseDeclared", "licenseInfoFromFiles", "copyrightText"],
     "file": ["SPDXID", "fileName", "checksums", "licenseConcluded", "licenseInfoInFiles", "copyrightText"],

@@ -12,8 +12,8 @@ int main()
     const int width = 32, height = 2, pitch = 4 * width;
     std::vector<std::uint32_t> surface(width * height + 1, untouched);
     LoadColorKeyRgb32(colour, surface.data(), width, height, 0, pitch);
-    const bool filled = std::all_of(surface.begin(), surface.end() - 1,
-                                    [=](std::uint32_t pixel) { return pixel == colour; });
+    const bool filled =
+        std::all_of(surface.begin(), surface.end() - 1, [=](std::uint32_t pixel) { return pixel == colour; });
     if (!filled || surface.back() != untouched) {
         std::cerr << "LoadColorKeyRgb32 gave wrong pixels\n";
         return 1;
