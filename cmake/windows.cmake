@@ -16,10 +16,15 @@ set(windows_exports ${PROJECT_SOURCE_DIR}/frame/exports-${windows_arch}.def)
 
 enable_language(RC)
 configure_file(${PROJECT_SOURCE_DIR}/frame/vsurf.rc.in ${PROJECT_BINARY_DIR}/vsurf.rc @ONLY)
-target_sources(vsurf PRIVATE frame/dllmain.cpp ${windows_exports} ${PROJECT_BINARY_DIR}/vsurf.rc)
-set_target_properties(vsurf PROPERTIES PREFIX "")
-# The compiler's own library goes in; time stamps stay out, so that equal sources give equal files.
-target_link_options(vsurf PRIVATE -static-libgcc -Wl,--no-insert-timestamp)
+function(vsurf_complete_dll target)
+    target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/frame/dllmain.cpp ${windows_exports}
+        ${PROJECT_BINARY_DIR}/vsurf.rc)
+    # The compiler's own library goes in, no C++ runtime is needed; time stamps stay out, so that equal sources give equal
+    # files.
+    target_link_options(${target} PRIVATE -static-libgcc -Wl,--no-insert-timestamp)
+    set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME vsurf LINKER_LANGUAGE C)
+endfunction()
+vsurf_complete_dll(vsurf)
 target_compile_definitions(vsurf_static INTERFACE VSURF_STATIC)
 
 # The linker makes libvsurf.dll.a for GNU tools. Those of the platform's own compilers, lld-link among them, take vsurf.lib.

@@ -1,13 +1,11 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 # Usage: wine.sh TREE PROGRAM ARGUMENT...: runs a Windows program that the build tree has made, with the DLL at its top
-# (or one in WINEPATH) and Wine's settings in its folder `wine` (or in WINEPREFIX). Debian keeps the loader outside PATH.
-# Neither a screen nor the add-ons that a new prefix would ask for are of use here.
+# (or one in WINEPATH) and Wine's settings in its folder `wine` (or in WINEPREFIX). Neither a screen nor the add-ons that a
+# new prefix would ask for are of use here.
 tree=$1
 shift
-loader=/usr/lib/wine/wine64
-[ -x "$loader" ] || loader=wine64
 export WINEPREFIX="${WINEPREFIX:-$tree/wine}" WINEPATH="${WINEPATH:-Z:$tree}"
 export WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=}"
 unset DISPLAY
-exec "$loader" "$@"
+exec wine "$@"

@@ -6,7 +6,7 @@ source "$(dirname "$0")/common.sh"
 declare -A titles=()
 source scripts/checks.sh
 
-all=(native processors demo install package abi docs licence reproducible clang asan tsan scalar sse2 neon i686)
+all=(native processors demo install package abi docs licence reproducible clang asan tsan scalar sse2 neon i686 windows win32 win32_run)
 
 checks=()
 for name in "${@:-all}"; do

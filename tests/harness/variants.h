@@ -19,8 +19,8 @@ struct Variant {
 inline void PrintTo(const Variant& table, std::ostream* out) { *out << table.name; }
 
 // Every table that this machine runs, with the library's own choice of stores and with streaming ones wherever they
-// are possible. The AVX-512 kernels run translated to AVX2 where the processor lacks AVX-512. Tests that are linked with
-// the shared library have one table, the exported functions.
+// are possible. The AVX-512 kernels run translated to AVX2 where the processor lacks AVX-512. Tests that are linked
+// with the shared library have one table, the exported functions.
 const std::vector<Variant>& variants();
 
 // The exported functions themselves, as a table.

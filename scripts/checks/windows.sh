@@ -1,0 +1,75 @@
+# SPDX-License-Identifier: MIT
+# shellcheck shell=bash disable=SC2154
+titles[windows]="vsurf.dll for x86-64: names, clients of each kind, tests under Wine"
+titles[win32]="vsurf.dll for 32-bit x86: names, clients of each kind"
+titles[win32_run]="vsurf.dll for 32-bit x86: clients and tests under Wine"
+packages[windows]="g++-mingw-w64-x86-64-posix googletest clang lld llvm wine wine64"
+packages[win32]="g++-mingw-w64-i686-posix googletest clang lld llvm"
+packages[win32_run]="wine wine32:i386"
+
+# The checked-in list of exports is what a compiler of the platform's kind makes of the header today.
+definition_is_current()
+{
+    scripts/defs.sh "$1" >"$scratch/$1.def"
+    diff -u "frame/exports-$1.def" "$scratch/$1.def"
+}
+
+# configure_windows NAME ARCH CMAKE-ARGUMENT...
+configure_windows()
+{
+    local name=$1 toolchain=$root/cmake/$2-w64-mingw32.cmake
+    shift 2
+    cmake -S . -B "build/check/$name" -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON \
+        "${with_tests[@]}" "$@"
+}
+
+# run_under_wine TREE: the whole suite, and then the pixels once more as a machine without AVX2 computes them. That faults
+# are caught is shown by some of the exports: each such test starts a program of its own, which takes Wine long.
+run_under_wine()
+{
+    local tree=$root/$1
+    export WINEPREFIX=$tree/wine VSURF_TEST_EFFORT=quick
+    cmake/wine.sh "$tree" wineboot --init
+    trap 'wineserver -k || true' EXIT
+    run_tests "$tree" -E harness_selfcheck
+    GTEST_FILTER='*32*:*yv12*' run_tests "$tree" -R harness_selfcheck
+    WINEPATH="Z:$tree/tests/windows/lowest" run_tests "$tree" -R 'exactness|edges|large_surfaces'
+}
+
+check_windows()
+{
+    need_or_skip windows
+    definition_is_current x86_64
+    configure_windows windows x86_64 -DCMAKE_CXX_FLAGS=-Wno-error=restrict
+    cmake --build build/check/windows --parallel "$jobs"
+    run_under_wine build/check/windows
+}
+
+# The plain C++ code, which takes long to build, is left out.
+configure_win32()
+{
+    configure_windows win32 i686 -DCMAKE_CXX_FLAGS="-msse2 -Wno-error=restrict" -DVSURF_MAX_ISA=sse2
+}
+
+check_win32()
+{
+    need_or_skip win32
+    definition_is_current i686
+    configure_win32
+    cmake --build build/check/win32 --parallel "$jobs" --target vsurf vsurf_static windows_clients
+    run_tests build/check/win32 -L symbols
+}
+
+# Debian has a 32-bit Wine for machines that take i386 packages; whether they do is their owner's choice.
+check_win32_run()
+{
+    if ! is_installed wine32:i386 && ! dpkg --print-foreign-architectures | grep -qx i386; then
+        echo "no 32-bit Wine here, it is an i386 package"
+        exit "$skipped"
+    fi
+    need_or_skip win32
+    need_or_skip win32_run
+    configure_win32
+    cmake --build build/check/win32 --parallel "$jobs"
+    run_under_wine build/check/win32
+}
