@@ -19,7 +19,8 @@ build_copy()
 check_reproducible()
 {
     need_or_skip reproducible
-    local name first=$scratch/reproducible/a/build second=$scratch/reproducible/b/a-folder-with-a-longer-name/build names
+    local first=$scratch/reproducible/a/build second=$scratch/reproducible/b/a-folder-with-a-longer-name/build
+    local name names
     export SOURCE_DATE_EPOCH=1700000000
     (
         umask 022
