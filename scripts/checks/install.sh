@@ -113,14 +113,29 @@ use_header()
 # names FOLDER: the files and links below it.
 names() { (cd "$1" && find . ! -type d | LC_ALL=C sort); }
 
+# What somebody installed from the tree before can still be uninstalled afterwards.
+# set_record_aside FOLDER
+set_record_aside()
+{
+    record=$1
+    mkdir -p "$record"
+    find "$tree" -maxdepth 1 -name 'installed_*.txt' -exec mv {} "$record" \;
+}
+
+restore_record()
+{
+    rm -f "$tree"/installed_*.txt
+    find "$record" -type f -exec mv {} "$tree" \;
+}
+
 # check_uninstall PREFIX NAMES: installs there, under DESTDIR if that is set, finds NAMES, and removes them again.
 check_uninstall()
 {
     local place=${DESTDIR:-}$1 left
-    cmake --install "$tree" --prefix "$1" >"$scratch/installed"
+    cmake --install "$tree" --prefix "$1" >"$scratch/install/installed"
     diff "$2" <(names "$place")
     touch "$place/lib/of-somebody-else"
-    cmake --build "$tree" --target uninstall >"$scratch/uninstalled"
+    cmake --build "$tree" --target uninstall >"$scratch/install/uninstalled"
     left=$(names "$place"; find "$place" -path '*/vsurf' -type d)
     [[ $left == ./lib/of-somebody-else ]] || { echo "left by uninstall: $left"; return 1; }
     cmake --build "$tree" --target uninstall | grep 'has not been installed'
@@ -129,15 +144,13 @@ check_uninstall()
 check_install()
 {
     need install
-    local prefix=$scratch/prefix
+    local prefix=$scratch/install/prefix
     shipped_tree
-    # What somebody installed from this tree before can still be uninstalled afterwards.
-    mkdir "$scratch/manifests"
-    find "$tree" -maxdepth 1 -name 'install_manifest*.txt' -exec mv {} "$scratch/manifests" \;
-    trap 'find "$scratch/manifests" -type f -exec cp {} "$tree" \;' EXIT
+    set_record_aside "$scratch/install/record"
+    trap restore_record EXIT
 
     cmake --install "$tree" --prefix "$prefix"
-    names "$prefix" >"$scratch/names"
+    names "$prefix" >"$scratch/install/names"
     "$prefix/bin/vsurf-play" --version
     tests/install/check_sbom.py "$prefix/share/doc/vsurf/vsurf.spdx.json" "$prefix" .
     find_here "$prefix"
@@ -147,11 +160,11 @@ check_install()
     use_example docs/subpictures.md
     use_header "$prefix/include"
 
-    mkdir -p "$scratch/elsewhere"
-    mv "$prefix" "$scratch/elsewhere/moved"
-    find_here "$scratch/elsewhere/moved"
-    use_vsurf "$scratch/elsewhere/moved"
+    mkdir -p "$scratch/install/elsewhere"
+    mv "$prefix" "$scratch/install/elsewhere/moved"
+    find_here "$scratch/install/elsewhere/moved"
+    use_vsurf "$scratch/install/elsewhere/moved"
 
-    check_uninstall "$prefix" "$scratch/names"
-    DESTDIR=$scratch/stage check_uninstall /opt/anywhere "$scratch/names"
+    check_uninstall "$prefix" "$scratch/install/names"
+    DESTDIR=$scratch/install/stage check_uninstall /opt/anywhere "$scratch/install/names"
 }

@@ -5,12 +5,12 @@ packages[package]="dpkg-dev file lintian python3"
 
 readonly debian_packages=(libvsurf0 libvsurf-dev vsurf-play)
 
-# pack GENERATOR: from `tree` into $scratch/packages.
-pack() { cpack --config "$tree/CPackConfig.cmake" -G "$1" -B "$scratch/packages"; }
+# pack GENERATOR: from `tree` into $scratch/package/packages.
+pack() { cpack --config "$tree/CPackConfig.cmake" -G "$1" -B "$scratch/package/packages"; }
 
 restore_layout()
 {
-    cp "$scratch/CMakeCache.txt" "$tree/CMakeCache.txt"
+    cp "$scratch/package/CMakeCache.txt" "$tree/CMakeCache.txt"
     cmake -S . -B "$tree"
     cmake --build "$tree" --target sbom
 }
@@ -18,7 +18,7 @@ restore_layout()
 # Debian's folders are those of /usr; nothing is compiled again for their sake.
 pack_debian()
 {
-    cp "$tree/CMakeCache.txt" "$scratch/CMakeCache.txt"
+    cp "$tree/CMakeCache.txt" "$scratch/package/CMakeCache.txt"
     trap restore_layout EXIT
     cmake -S . -B "$tree" -DCMAKE_INSTALL_PREFIX=/usr
     pack DEB
@@ -40,33 +40,36 @@ found_files()
 {
     local name
     for name in "${debian_packages[@]}"; do
-        dpkg-deb --fsys-tarfile "$scratch/packages/$name"_*.deb | tar -t | sed "/\/\$/d; s,^\.,$name ,"
+        dpkg-deb --fsys-tarfile "$scratch/package/packages/$name"_*.deb | tar -t | sed "/\/\$/d; s,^\.,$name ,"
     done
 }
 
 check_contents()
 {
-    local name
+    local name unpacked
     diff <(expected_files | LC_ALL=C sort) <(found_files | LC_ALL=C sort)
     for name in "${debian_packages[@]}"; do
-        dpkg-deb --info "$scratch/packages/$name"_*.deb
-        dpkg-deb --extract "$scratch/packages/$name"_*.deb "$scratch/unpacked"
+        dpkg-deb --info "$scratch/package/packages/$name"_*.deb
+        dpkg-deb --extract "$scratch/package/packages/$name"_*.deb "$scratch/package/unpacked"
     done
-    tests/install/check_sbom.py "$scratch/unpacked/usr/share/doc/libvsurf-dev/vsurf.spdx.json" "$scratch/unpacked/usr" .
+    unpacked=$scratch/package/unpacked/usr
+    tests/install/check_sbom.py "$unpacked/share/doc/libvsurf-dev/vsurf.spdx.json" "$unpacked" .
     # On x86 the library needs no other, not even libc.
     lintian --fail-on error,warning --suppress-tags shared-library-lacks-prerequisites \
-        "$scratch"/packages/*.deb
+        "$scratch"/package/packages/*.deb
 }
 
 # The archive holds what `cmake --install` puts in place, and serves from where it is unpacked.
 check_archive()
 {
-    cmake --install "$tree" --prefix "$scratch/prefix" >/dev/null
-    mkdir "$scratch/archive"
-    tar -xzf "$scratch"/packages/*.tar.gz -C "$scratch/archive" --strip-components=1
-    diff -r --no-dereference "$scratch/prefix" "$scratch/archive"
-    find_here "$scratch/archive"
-    use_vsurf "$scratch/archive"
+    set_record_aside "$scratch/package/record"
+    cmake --install "$tree" --prefix "$scratch/package/prefix" >/dev/null
+    restore_record
+    mkdir "$scratch/package/archive"
+    tar -xzf "$scratch"/package/packages/*.tar.gz -C "$scratch/package/archive" --strip-components=1
+    diff -r --no-dereference "$scratch/package/prefix" "$scratch/package/archive"
+    find_here "$scratch/package/archive"
+    use_vsurf "$scratch/package/archive"
     unset PKG_CONFIG_PATH LD_LIBRARY_PATH
 }
 
@@ -94,7 +97,7 @@ remove_packages() { as_root apt-get -q -y purge "${debian_packages[@]}"; }
 check_installation()
 {
     trap remove_packages EXIT
-    as_root apt-get -q -y --no-install-recommends install "$scratch"/packages/*.deb
+    as_root apt-get -q -y --no-install-recommends install "$scratch"/package/packages/*.deb
     vsurf-play --version
     use_vsurf /usr
     use_example README.md
@@ -111,6 +114,7 @@ check_installation()
 check_package()
 {
     need_or_skip package
+    mkdir "$scratch/package"
     shipped_tree
     pack TGZ
     check_archive

@@ -19,17 +19,18 @@ build_copy()
 check_reproducible()
 {
     need_or_skip reproducible
-    local name first=$scratch/a/build second=$scratch/b/a-folder-with-a-longer-name/build names
+    local first=$scratch/reproducible/a/build second=$scratch/reproducible/b/a-folder-with-a-longer-name/build
+    local name names
     export SOURCE_DATE_EPOCH=1700000000
     (
         umask 022
         export LC_ALL=C TZ=UTC
-        build_copy . "$scratch/a/source" "$first"
+        build_copy . "$scratch/reproducible/a/source" "$first"
     )
     (
         umask 027
         export LC_ALL=C.UTF-8 TZ=Asia/Kathmandu HOME=/
-        build_copy "$scratch/a/source" "$scratch/b/other-sources" "$second"
+        build_copy "$scratch/reproducible/a/source" "$scratch/reproducible/b/other-sources" "$second"
     )
     names=$(cd "$first" && printf '%s\n' libvsurf.so.*.*.* libvsurf.a vsurf.spdx.json vsurf-*.tar.gz libvsurf*.deb)
     [[ $(wc -l <<<"$names") == 6 ]]

@@ -1,0 +1,41 @@
+# SPDX-License-Identifier: MIT
+# Run in the build folder: removes what the last `cmake --install` of each component put in place, under DESTDIR where
+# that is set, and the folders of vsurf's own that this leaves empty.
+file(GLOB manifests ${CMAKE_BINARY_DIR}/installed_*.txt)
+if(NOT manifests)
+    message(STATUS "nothing to remove: this build has not been installed")
+    return()
+endif()
+
+set(installed)
+foreach(manifest IN LISTS manifests)
+    file(STRINGS ${manifest} lines)
+    list(APPEND installed ${lines})
+endforeach()
+
+set(folders)
+foreach(name IN LISTS installed)
+    set(path $ENV{DESTDIR}${name})
+    if(EXISTS ${path} OR IS_SYMLINK ${path})
+        message(STATUS "removing ${path}")
+        file(REMOVE ${path})
+    else()
+        message(STATUS "already gone: ${path}")
+    endif()
+    while(path MATCHES "/vsurf/[^/]+")
+        get_filename_component(path ${path} DIRECTORY)
+        list(APPEND folders ${path})
+    endwhile()
+endforeach()
+
+# The longest first: a folder comes before the one that holds it.
+list(REMOVE_DUPLICATES folders)
+list(SORT folders ORDER DESCENDING)
+foreach(folder IN LISTS folders)
+    file(GLOB entries LIST_DIRECTORIES true ${folder}/* ${folder}/.*)
+    list(FILTER entries EXCLUDE REGEX "/\\.\\.?$")
+    if(NOT entries AND IS_DIRECTORY ${folder})
+        file(REMOVE_RECURSE ${folder})
+    endif()
+endforeach()
+file(REMOVE ${manifests})
