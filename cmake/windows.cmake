@@ -36,7 +36,7 @@ if(LLVM_DLLTOOL)
         COMMAND ${LLVM_DLLTOOL} -m ${dlltool_machine} -d ${windows_exports} -l ${import_library}
         DEPENDS ${windows_exports} VERBATIM)
     add_custom_target(vsurf_lib ALL DEPENDS ${import_library})
-    install(FILES ${import_library} DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    install(FILES ${import_library} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
 else()
     message(STATUS "No llvm-dlltool: vsurf.lib is not made")
 endif()

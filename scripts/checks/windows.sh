@@ -3,7 +3,7 @@
 titles[windows]="vsurf.dll for x86-64: names, clients of each kind, tests under Wine"
 titles[win32]="vsurf.dll for 32-bit x86: names, clients of each kind"
 titles[win32_run]="vsurf.dll for 32-bit x86: clients and tests under Wine"
-packages[windows]="g++-mingw-w64-x86-64-posix googletest clang lld llvm wine wine64"
+packages[windows]="g++-mingw-w64-x86-64-posix googletest clang lld llvm wine wine64 python3"
 packages[win32]="g++-mingw-w64-i686-posix googletest clang lld llvm"
 packages[win32_run]="wine wine32:i386"
 
@@ -37,12 +37,36 @@ run_under_wine()
     WINEPATH="Z:$tree/tests/windows/lowest" run_tests "$tree" -R 'exactness|edges|large_surfaces'
 }
 
+# The archive for Windows holds the DLL, an import library for each kind of linker, and what CMake and pkg-config need.
+check_zip()
+{
+    (cd "$1" && cpack -B "$scratch/packages")
+    mkdir "$scratch/unpacked"
+    (cd "$scratch/unpacked" && cmake -E tar xf "$scratch"/packages/*.zip)
+    local top
+    top=$(echo "$scratch"/unpacked/*)
+    diff - <(cd "$top" && find . -type f -not -path './share/*' | LC_ALL=C sort) <<'FILES'
+./bin/vsurf.dll
+./include/vsurf.h
+./lib/cmake/vsurf/vsurfConfig.cmake
+./lib/cmake/vsurf/vsurfConfigVersion.cmake
+./lib/cmake/vsurf/vsurfTargets-release.cmake
+./lib/cmake/vsurf/vsurfTargets.cmake
+./lib/libvsurf.a
+./lib/libvsurf.dll.a
+./lib/pkgconfig/vsurf.pc
+./lib/vsurf.lib
+FILES
+    tests/install/check_sbom.py "$top/share/doc/vsurf/vsurf.spdx.json" "$top" .
+}
+
 check_windows()
 {
     need_or_skip windows
     definition_is_current x86_64
     configure_windows windows x86_64 -DCMAKE_CXX_FLAGS=-Wno-error=restrict
     cmake --build build/check/windows --parallel "$jobs"
+    check_zip build/check/windows
     run_under_wine build/check/windows
 }
 
