@@ -10,8 +10,8 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 8)
 else()
     set(windows_arch i686)
     set(dlltool_machine i386)
-    # Callers align the stack to 4 bytes.
-    target_compile_options(vsurf_options INTERFACE -mincoming-stack-boundary=2)
+    # Callers align the stack to 4 bytes, vectors are spilled to multiples of 16.
+    target_compile_options(vsurf_options INTERFACE -mstackrealign)
 endif()
 set(windows_exports ${PROJECT_SOURCE_DIR}/frame/exports-${windows_arch}.def)
 
