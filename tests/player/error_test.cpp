@@ -42,7 +42,7 @@ INSTANTIATE_TEST_SUITE_P(
         Usage{{"--contrast", "nan"}, "3.98"}, Usage{{"--contrast", "-1"}, "-1"},
         Usage{{"--saturation", ""}, "not a number"}, Usage{{"--size", "640"}, "WIDTHxHEIGHT"},
         Usage{{"--size", "0x480"}, "from 1"}, Usage{{"--size", "640x99999"}, "16384"}, Usage{{"--seconds", "-2"}, "-2"},
-        Usage{{"--isa", "mmx"}, "scalar"}, Usage{{"--dump", ""}, "directory"},
+        Usage{{"--isa", "mmx"}, "sse2"}, Usage{{"--dump", ""}, "directory"},
         Usage{{"--size", "64x64", "film.mp4"}, "test pattern"}, Usage{{"a.mp4", "b.mp4"}, "b.mp4"},
         Usage{{""}, "empty"}, Usage{{"--loop", "-"}, "standard input"},
         Usage{{"--loop", "--dump", "pictures"}, "--frames"}, Usage{{"--zoom", "2X2"}, "1x2"},
