@@ -13,7 +13,7 @@ declare -A packages=(
     [player]="libavformat-dev libavcodec-dev libavutil-dev libavfilter-dev libavdevice-dev libswscale-dev libsdl2-dev libpng-dev libass-dev"
     [tests]="libgtest-dev googletest libsimde-dev xvfb xauth xdotool x11-apps fontconfig fonts-dejavu-core"
     [bench]="libbenchmark-dev libyuv-dev"
-    [clang]="clang"
+    [clang]="clang python3"
     [lint]="clang clang-format clang-tidy python3 git"
 )
 

@@ -25,12 +25,12 @@ const std::vector<Size> kSizes[] = {
      {1920, 64},
      {3840, 40},
      {1366, 200},
-     {1368, 768},
-     {1000, 701},
+     {1368, 200},
+     {1000, 301},
      {720, 576},
      {4096, 80},
      {2047, 90},
-     {656, 1000}},
+     {656, 300}},
     {{1920, 82}, {640, 240}, {976, 160}, {720, 288}},
 };
 
@@ -55,7 +55,8 @@ TEST_P(LargeSurfaces, every_kind_of_alignment)
     for (size_t s = 1; s < sizes.size() + 1; s += step) {
         const Size& size = sizes[s % sizes.size()];
         for (const int padding : kPadding) {
-            if (harness::quick() && padding != 0 && padding != 16) continue;
+            // The largest size by the model takes as long as all others.
+            if ((harness::quick() || size.height > 1000) && padding != 0 && padding != 16) continue;
             Case c;
             c.tested = &tested;
             c.width = harness::legal_width(tested, size.width);

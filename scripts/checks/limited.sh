@@ -7,7 +7,7 @@ titles[sse2]="a build limited to SSE2"
 limited_build()
 {
     local isa=$1 wider=$2 tree=build/check/$1
-    build_tree "$isa" -DVSURF_MAX_ISA="$isa" "${library_only[@]}" -DCMAKE_CXX_FLAGS_RELEASE="-O1 -DNDEBUG"
+    build_tree "$isa" -DVSURF_MAX_ISA="$isa" "${library_only[@]}" -DCMAKE_CXX_FLAGS_RELEASE="-O0 -DNDEBUG"
     build_active_isa "$tree" g++
     echo "the dispatch chooses: $("$tree/active_isa")"
     [[ $("$tree/active_isa") == "$isa" ]]
