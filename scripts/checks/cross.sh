@@ -25,7 +25,7 @@ check_neon()
 check_i686()
 {
     need_or_skip i686
-    cross_check i686 i686-linux-gnu -DVSURF_MAX_ISA=sse2
+    cross_check i686 i686-linux-gnu -DVSURF_MAX_ISA=sse2 -DCMAKE_CXX_FLAGS_RELEASE="-O1 -DNDEBUG"
 
     build_active_isa build/check/i686 i686-linux-gnu-g++
     chooses build/check/i686/active_isa qemu-i386-static scalar pentium3

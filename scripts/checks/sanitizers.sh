@@ -15,23 +15,25 @@ without_address_randomisation()
 
 # Line numbers are all that a report needs; full debugging information takes the compiler minutes on the kernels. Wider
 # kernels are the same sources once more, at more time still.
+# sanitized_tree NAME FLAGS TARGET CMAKE-ARGUMENT...
 sanitized_tree()
 {
-    local name=$1
-    local flags="-O1 -g1 -fno-omit-frame-pointer $2"
-    shift 2
-    build_tree "$name" -DCMAKE_BUILD_TYPE=Sanitized -DCMAKE_C_FLAGS="$flags" -DCMAKE_CXX_FLAGS="$flags" "$@"
+    local tree=build/check/$1 flags="-O1 -g1 -fno-omit-frame-pointer $2" target=$3
+    shift 3
+    cmake -S . -B "$tree" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON -DCMAKE_BUILD_TYPE=Sanitized \
+        -DCMAKE_C_FLAGS="$flags" -DCMAKE_CXX_FLAGS="$flags" -DVSURF_MAX_ISA=sse2 "$@"
+    cmake --build "$tree" --parallel "$jobs" --target "$target"
 }
 
 check_asan()
 {
     # Null pointers and object sizes are AddressSanitizer's anyway, and cost the compiler half of its time.
     local kinds="-fsanitize=address,undefined -fno-sanitize=null,object-size -fno-sanitize-recover=all"
-    sanitized_tree asan "$kinds" -DVSURF_MAX_ISA=sse2 -DVSURF_BUILD_BENCH=OFF
-    local window_keys='^player\.Keys'
+    sanitized_tree asan "$kinds" all -DVSURF_BUILD_BENCH=OFF
+    local window_keys='^player\.Keys' more_surfaces='^player\.Surfaces/.*/(rgb32|rgb16_...|yuy2)'
     export VSURF_TEST_EFFORT=quick
     local status=0
-    run_tests build/check/asan -E "$window_keys" || status=1
+    run_tests build/check/asan -E "$window_keys|$more_surfaces" || status=1
     # The desktop libraries behind a window keep memory to the end, in modules that are unloaded by then.
     ASAN_OPTIONS=detect_leaks=0 run_tests build/check/asan -R "$window_keys" || status=1
     return "$status"
@@ -39,7 +41,7 @@ check_asan()
 
 check_tsan()
 {
-    sanitized_tree tsan -fsanitize=thread -DVSURF_MAX_ISA=sse2 "${with_tests[@]}"
+    sanitized_tree tsan -fsanitize=thread test_concurrency "${with_tests[@]}"
     export -f run_tests
     VSURF_TEST_EFFORT=quick jobs=$jobs without_address_randomisation bash -c 'run_tests build/check/tsan -L concurrency'
 }

@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <regex>
 #include <set>
+#include <string>
 
 namespace {
 
@@ -16,13 +16,13 @@ std::set<std::string> named_in_section(const std::string& page, const std::strin
     EXPECT_TRUE(text) << page;
     std::set<std::string> names;
     bool within = false;
-    const std::regex name("`([A-Za-z]\\w*_\\w+|LoadColorKeyRgb\\d+|RelaceMaskWithColorKey)`");
     for (std::string line; std::getline(text, line);) {
         if (line.starts_with("## ")) within = line == "## " + title;
         if (!within || !line.starts_with("|")) continue;
         const std::string first_cell = line.substr(0, line.find('|', 1));
-        for (std::sregex_iterator at(first_cell.begin(), first_cell.end(), name), end; at != end; ++at) {
-            names.insert((*at)[1]);
+        for (size_t end, at = first_cell.find('`'); at != std::string::npos; at = first_cell.find('`', end + 1)) {
+            end = first_cell.find('`', at + 1);
+            names.insert(first_cell.substr(at + 1, end - at - 1));
         }
     }
     return names;
