@@ -1,14 +1,4 @@
 # SPDX-License-Identifier: MIT
-# Cross build for Windows on x86-64: Debian's MinGW-w64 compiler, the variant with C++'s own threads, which the tests use,
-# and Wine for what the build runs.
-set(CMAKE_SYSTEM_NAME Windows)
+# Cross build for Windows on x86-64.
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
-set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
-set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
-set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
-set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
-set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/wine.sh ${CMAKE_BINARY_DIR})
+include(${CMAKE_CURRENT_LIST_DIR}/mingw-w64.cmake)
