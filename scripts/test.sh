@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # scripts/test.sh [CHECK...]: installs what is missing, builds, and runs the named checks; 'all', the default, stands for
-# every check but lint. Ends with a line 'N passed, N failed' and a non-zero status where something failed.
+# every check but lint and asan_player, which takes long. Ends with a line 'N passed, N failed' and a non-zero status where something failed.
 source "$(dirname "$0")/common.sh"
 declare -A titles=()
 source scripts/checks.sh

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2154
 titles[asan]="AddressSanitizer and UBSan"
+titles[asan_player]="AddressSanitizer and UBSan, the player"
 titles[tsan]="ThreadSanitizer"
 
 # The sanitizers' shadow memory and a very random address space do not go together on every kernel.
@@ -25,17 +26,22 @@ sanitized_tree()
     cmake --build "$tree" --parallel "$jobs" --target "$target"
 }
 
+# Null pointers and object sizes are AddressSanitizer's anyway, and cost the compiler half of its time.
+readonly memory_and_arithmetic="-fsanitize=address,undefined -fno-sanitize=null,object-size -fno-sanitize-recover=all"
+
 check_asan()
 {
-    # Null pointers and object sizes are AddressSanitizer's anyway, and cost the compiler half of its time.
-    local kinds="-fsanitize=address,undefined -fno-sanitize=null,object-size -fno-sanitize-recover=all"
-    sanitized_tree asan "$kinds" all -DVSURF_BUILD_BENCH=OFF
-    local window_keys='^player\.Keys' more_surfaces='^player\.Surfaces/.*/(rgb32|rgb16_...|yuy2)'
-    export VSURF_TEST_EFFORT=quick
-    local status=0
-    run_tests build/check/asan -E "$window_keys|$more_surfaces" || status=1
-    # The desktop libraries behind a window keep memory to the end, in modules that are unloaded by then.
-    ASAN_OPTIONS=detect_leaks=0 run_tests build/check/asan -R "$window_keys" || status=1
+    sanitized_tree asan "$memory_and_arithmetic" all "${with_tests[@]}"
+    VSURF_TEST_EFFORT=quick run_tests build/check/asan
+}
+
+# The desktop libraries behind a window keep memory to the end, in modules that are unloaded by then.
+check_asan_player()
+{
+    local window_keys='^player\.Keys' status=0
+    sanitized_tree asan_player "$memory_and_arithmetic" player_test -DVSURF_BUILD_BENCH=OFF
+    run_tests build/check/asan_player -R '^player\.' -E "$window_keys" || status=1
+    ASAN_OPTIONS=detect_leaks=0 run_tests build/check/asan_player -R "$window_keys" || status=1
     return "$status"
 }
 
