@@ -156,10 +156,12 @@ void Ring::uncover(const Layout& layout, size_t slots)
 }
 
 // FNV-1a.
-uint64_t Ring::digest(const Layout& layout) const
+uint64_t Ring::digest_of_covers(const Layout& layout) const
 {
+    const Places places = places_of(layout);
+    const uint8_t* from = memory_ + places.variants;
     uint64_t sum = 0xcbf29ce484222325;
-    for (const uint8_t* p = memory_; p < memory_ + places_of(layout).surface; p++) sum = (sum ^ *p) * 0x100000001b3;
+    for (const uint8_t* p = from; p < from + places.variants_bytes(); p++) sum = (sum ^ *p) * 0x100000001b3;
     return sum;
 }
 

@@ -45,7 +45,7 @@ public:
     void uncover(const Layout& layout, size_t slots);                // noise again
     size_t slots() const { return slots_; }
     size_t bytes() const { return bytes_; }
-    uint64_t digest(const Layout& layout) const; // of what the first slot holds before its surface
+    uint64_t digest_of_covers(const Layout& layout) const; // of the first slot
     Picture first(const Layout& layout) const { return at(0, layout); }
     Picture next(const Layout& layout);
 

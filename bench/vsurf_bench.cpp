@@ -181,10 +181,10 @@ private:
         const bool covered = layout.access.cover != Cover::none;
         if (group.content != Content::noise) ring_.paint(layout, group.content, used);
         if (covered) ring_.cover(layout, group.content, used);
-        const auto before = ring_.digest(layout);
+        const auto before = ring_.digest_of_covers(layout);
         run_interleaved(prefix, regime, list);
-        if (ring_.digest(layout) != before)
-            throw std::runtime_error("what " + prefix + group.exports.front().name + " reads was written to");
+        if (ring_.digest_of_covers(layout) != before)
+            throw std::runtime_error("the covers of " + prefix + group.exports.front().name + " were written over");
         if (group.content != Content::noise) ring_.paint(layout, Content::noise, used);
         if (covered) ring_.uncover(layout, used);
         if (options_.stores) {
