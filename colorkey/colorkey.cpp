@@ -7,28 +7,29 @@ namespace vsurf::VSURF_ISA {
 
 // Nothing is read: the pixels of a step are the same wherever it stands.
 template <int bytes> struct FillStep {
-    static constexpr int kWidest = kLanes, kBytes = bytes;
+    static constexpr int kWidest = kRegister, kBytes = bytes;
     static constexpr bool kStreams = true;
     struct Nothing {};
     template <int> struct Pixels {
     };
-    uint8_t pattern[bytes * kLanes];
+    uint8_t pattern[bytes * kRegister];
 
-    template <int> MEMBER Nothing chroma(Position, ptrdiff_t) const { return {}; }
-    template <Line, int N> MEMBER Pixels<N> luma(Position, ptrdiff_t) const { return {}; }
-    template <Stores S, Line, int N> MEMBER void store(Position at, ptrdiff_t x, Pixels<N>, Nothing) const
+    template <int> ALWAYS_INLINE Nothing chroma(Position, ptrdiff_t) const { return {}; }
+    template <Line, int N> ALWAYS_INLINE Pixels<N> luma(Position, ptrdiff_t) const { return {}; }
+    template <Stores S, Line, int N> ALWAYS_INLINE void store(Position at, ptrdiff_t x, Pixels<N>, Nothing) const
     {
-        for (int i = 0; i < bytes * N; i += N) put<S>(at.dst + x * bytes + i, load<N>(pattern + i));
+        for (int i = 0; i < bytes * N; i += N) put(to<S>(at.dst + x * bytes + i), load<N>(pattern + i));
     }
 };
 
 // `words` are repeated over the block's 16 pixels.
 template <int bytes, int count>
-OP void fill(const uint64_t (&words)[count], void* surface, int width, int height, int pitch)
+ALWAYS_INLINE void fill(const uint64_t (&words)[count], void* surface, int width, int height, int pitch)
 {
     if (height == 0) return;
     FillStep<bytes> step;
-    for (int i = 0; i < bytes * kLanes; i++) step.pattern[i] = static_cast<uint8_t>(words[i / 8 % count] >> i % 8 * 8);
+    for (int i = 0; i < bytes * kRegister; i++)
+        step.pattern[i] = static_cast<uint8_t>(words[i / 8 % count] >> i % 8 * 8);
     const Position start{nullptr, nullptr, nullptr, static_cast<uint8_t*>(surface)};
     do_walk(walk_by_pass({start, width, height, 0, pitch}, bytes), step);
 }
@@ -57,12 +58,12 @@ void RelaceMaskWithColorKey(unsigned char* dst, unsigned char* mask, unsigned in
 {
     const ptrdiff_t bytes = rounds(width, 16) * 16, step = pitch + (bytes - width), lines = rounds(height, 1);
     auto replace = [=]<int N>(uint8_t* to, const uint8_t* from) VSURF_INLINED {
-        auto selected = equal(load<N>(from), u8<N>::splat(static_cast<int>(match)));
-        put(to, choose(selected, u8<N>::splat(static_cast<int>(key)), load<N>(to)));
+        auto selected = equal(load<N>(from), Bytes<N>::splat(static_cast<int>(match)));
+        put(to, choose(selected, Bytes<N>::splat(static_cast<int>(key)), load<N>(to)));
     };
     for (ptrdiff_t i = 0; i < lines; i++, dst += step, mask += step)
-        along<kLanes, 16>(0, bytes,
-                          [=]<int N>(ptrdiff_t x) VSURF_INLINED { replace.template operator()<N>(dst + x, mask + x); });
+        along<kRegister, 16>(
+            0, bytes, [=]<int N>(ptrdiff_t x) VSURF_INLINED { replace.template operator()<N>(dst + x, mask + x); });
 }
 
 } // namespace vsurf::VSURF_ISA

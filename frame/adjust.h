@@ -34,34 +34,37 @@ struct SampleAdjust {
     int16_t gain, lifted_offset;
     static constexpr int kLift = 32767 - 255;
 
-    OP SampleAdjust of(int16_t gain, int16_t offset)
+    static ALWAYS_INLINE SampleAdjust of(int16_t gain, int16_t offset)
     {
         int bounded = offset < -1023 ? -1023 : offset > 255 ? 255 : offset;
         return {gain, static_cast<int16_t>(bounded + kLift)};
     }
-    template <int N> OP half<N> offset(half<N> scaled, half<N> lifted)
+    template <int N> static ALWAYS_INLINE Words<N> offset(Words<N> scaled, Words<N> lifted)
     {
-        return sub_sat_unsigned(add_sat(scaled, lifted), half<N>::splat(kLift));
+        return sub_sat_unsigned(add_sat(scaled, lifted), Words<N>::splat(kLift));
     }
-    template <int N> MEMBER half<N> offset(half<N> scaled) const
+    template <int N> ALWAYS_INLINE Words<N> offset(Words<N> scaled) const
     {
-        return offset(scaled, half<N>::splat(lifted_offset));
+        return offset(scaled, Words<N>::splat(lifted_offset));
     }
     // The same without the cuts, for sums that `narrow` cuts.
-    template <int N> MEMBER half<N> offset_uncut(half<N> scaled) const
+    template <int N> ALWAYS_INLINE Words<N> offset_uncut(Words<N> scaled) const
     {
-        return add(scaled, half<N>::splat(lifted_offset - kLift));
+        return add(scaled, Words<N>::splat(lifted_offset - kLift));
     }
     // The product keeps its low 16 bits and is shifted right by 6.
-    template <int N> MEMBER half<N> scale(half<N> sample) const { return shr<6>(mullo(sample, half<N>::splat(gain))); }
-    template <int N> MEMBER half<N> operator()(half<N> sample) const { return offset(scale(sample)); }
+    template <int N> ALWAYS_INLINE Words<N> scale(Words<N> sample) const
+    {
+        return shr<6>(mullo(sample, Words<N>::splat(gain)));
+    }
+    template <int N> ALWAYS_INLINE Words<N> operator()(Words<N> sample) const { return offset(scale(sample)); }
 };
 
 struct Adjustments {
     SampleAdjust luma, u, v;
 };
 
-OP Adjustments adjustments_now()
+ALWAYS_INLINE Adjustments adjustments_now()
 {
     auto s = current_adjustment();
     return {SampleAdjust::of(s.luma_gain, s.luma_offset), SampleAdjust::of(s.chroma_gain, s.u_offset),
@@ -72,69 +75,78 @@ OP Adjustments adjustments_now()
 // code is built for one width alone,
 struct AnyGain {
     static constexpr int kWidest = 16;
-    template <int N, int W> OP half<N> load_words(const uint8_t* p) { return load_chroma<N, W>(p); }
-    template <int N> OP i16<N> split(u8<N> x) { return VSURF_ISA::split(x); }
-    template <int N> OP wide<N> widen(u8<N> x) { return VSURF_ISA::widen(x); }
-    template <int N> OP half<N> scale(SampleAdjust by, half<N> x) { return by.scale(x); }
+    template <int N, int W> static ALWAYS_INLINE Words<N> load_words(const uint8_t* p) { return load_chroma<N, W>(p); }
+    template <int N> static ALWAYS_INLINE EvenOddWords<N> split(Bytes<N> x) { return VSURF_ISA::split(x); }
+    template <int N> static ALWAYS_INLINE LowHighWords<N> widen(Bytes<N> x) { return VSURF_ISA::widen(x); }
+    template <int N> static ALWAYS_INLINE Words<N> scale(SampleAdjust by, Words<N> x) { return by.scale(x); }
 };
 
 // or by one whose products never wrap: from samples in the high bytes, 256 x * 4 gain >> 16, in one instruction.
 struct CommonGain {
-    static constexpr int kWidest = kLanes, kHighest = 65535 / 255;
-    OP bool suits(SampleAdjust by) { return by.gain >= 0 && by.gain <= kHighest; }
-    OP bool suits(const Adjustments& by) { return suits(by.luma) && suits(by.u); }
-    template <int N, int W> OP half<N> load_words(const uint8_t* p) { return load_chroma_high<N, W>(p); }
-    template <int N> OP i16<N> split(u8<N> x) { return split_high(x); }
-    template <int N> OP wide<N> widen(u8<N> x) { return widen_high(x); }
-    template <int N> OP half<N> scale(SampleAdjust by, half<N> x)
+    static constexpr int kWidest = kRegister, kHighest = 65535 / 255;
+    static ALWAYS_INLINE bool suits(SampleAdjust by) { return by.gain >= 0 && by.gain <= kHighest; }
+    static ALWAYS_INLINE bool suits(const Adjustments& by) { return suits(by.luma) && suits(by.u); }
+    template <int N, int W> static ALWAYS_INLINE Words<N> load_words(const uint8_t* p)
     {
-        return mulhi_unsigned(x, half<N>::splat(by.gain * 4));
+        return load_chroma_high<N, W>(p);
+    }
+    template <int N> static ALWAYS_INLINE EvenOddWords<N> split(Bytes<N> x) { return split_high(x); }
+    template <int N> static ALWAYS_INLINE LowHighWords<N> widen(Bytes<N> x) { return widen_high(x); }
+    template <int N> static ALWAYS_INLINE Words<N> scale(SampleAdjust by, Words<N> x)
+    {
+        return mulhi_unsigned(x, Words<N>::splat(by.gain * 4));
     }
 };
 
-template <class Gain, int N> OP u8<N> adjusted(SampleAdjust by, u8<N> samples)
+template <class Gain, int N> ALWAYS_INLINE Bytes<N> adjusted(SampleAdjust by, Bytes<N> samples)
 {
     auto x = Gain::widen(samples);
-    return narrow(wide<N>{by.offset_uncut(Gain::scale(by, x.low)), by.offset_uncut(Gain::scale(by, x.high))});
+    return narrow(LowHighWords<N>{by.offset_uncut(Gain::scale(by, x.low)), by.offset_uncut(Gain::scale(by, x.high))});
 }
 
 // The samples of a picture on their way from memory: as they are,
 struct Plain {
-    template <int N, int W> MEMBER half<N> u(const uint8_t* p) const { return load_chroma<N, W>(p); }
-    template <int N, int W> MEMBER half<N> v(const uint8_t* p) const { return load_chroma<N, W>(p); }
-    template <int N> MEMBER i16<N> u_and_v(u8<N> uv) const { return split(uv); } // from u0 v0 u1 v1 ...
-    template <int N> MEMBER u8<N> luma(u8<N> y) const { return y; }
-    template <int N> MEMBER i16<N> luma_times4(u8<N> y) const { return split_times4(y); }
+    template <int N, int W> ALWAYS_INLINE Words<N> u(const uint8_t* p) const { return load_chroma<N, W>(p); }
+    template <int N, int W> ALWAYS_INLINE Words<N> v(const uint8_t* p) const { return load_chroma<N, W>(p); }
+    template <int N> ALWAYS_INLINE EvenOddWords<N> u_and_v(Bytes<N> uv) const
+    {
+        return split(uv);
+    } // from u0 v0 u1 v1 ...
+    template <int N> ALWAYS_INLINE Bytes<N> luma(Bytes<N> y) const { return y; }
+    template <int N> ALWAYS_INLINE EvenOddWords<N> luma_times4(Bytes<N> y) const { return split_times4(y); }
 };
 
 // or adjusted.
 template <class Gain> struct Adjusted {
     Adjustments by;
 
-    template <int N> OP half<N> apply(SampleAdjust by, half<N> x) { return by.offset(Gain::scale(by, x)); }
-    template <int N, int W> MEMBER half<N> u(const uint8_t* p) const
+    template <int N> static ALWAYS_INLINE Words<N> apply(SampleAdjust by, Words<N> x)
+    {
+        return by.offset(Gain::scale(by, x));
+    }
+    template <int N, int W> ALWAYS_INLINE Words<N> u(const uint8_t* p) const
     {
         return apply(by.u, Gain::template load_words<N, W>(p));
     }
-    template <int N, int W> MEMBER half<N> v(const uint8_t* p) const
+    template <int N, int W> ALWAYS_INLINE Words<N> v(const uint8_t* p) const
     {
         return apply(by.v, Gain::template load_words<N, W>(p));
     }
-    template <int N> MEMBER i16<N> u_and_v(u8<N> uv) const
+    template <int N> ALWAYS_INLINE EvenOddWords<N> u_and_v(Bytes<N> uv) const
     {
         auto words = Gain::split(uv);
         return {apply(by.u, words.even), apply(by.v, words.odd)};
     }
-    template <int N> MEMBER u8<N> luma(u8<N> y) const { return adjusted<Gain>(by.luma, y); }
-    template <int N> MEMBER i16<N> luma_times4(u8<N> y) const
+    template <int N> ALWAYS_INLINE Bytes<N> luma(Bytes<N> y) const { return adjusted<Gain>(by.luma, y); }
+    template <int N> ALWAYS_INLINE EvenOddWords<N> luma_times4(Bytes<N> y) const
     {
         auto words = Gain::split(y);
-        return shl<2>(i16<N>{apply(by.luma, words.even), apply(by.luma, words.odd)});
+        return shl<2>(EvenOddWords<N>{apply(by.luma, words.even), apply(by.luma, words.odd)});
     }
 };
 
 // Calls `work` with the kind of gain that serves luma and chroma.
-template <class Work> OP void with_gain(const Adjustments& by, const Work& work)
+template <class Work> ALWAYS_INLINE void with_gain(const Adjustments& by, const Work& work)
 {
     if (CommonGain::suits(by)) work(CommonGain{});
     else work(AnyGain{});

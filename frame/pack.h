@@ -9,9 +9,9 @@ namespace vsurf::VSURF_ISA {
 // Formats are put from bytes in packed order.
 template <class Format> struct RgbSink : Format {
     static constexpr bool kReadsChroma = true, kLeavesHoles = false;
-    template <int N> OP ChromaTerms<N> chroma(half<N> u, half<N> v) { return chroma_terms(u, v); }
+    template <int N> static ALWAYS_INLINE ChromaTerms<N> chroma(Words<N> u, Words<N> v) { return chroma_terms(u, v); }
     template <Stores S, class Samples, int N>
-    MEMBER void store(uint8_t* p, const Samples& samples, u8<N> y, const ChromaTerms<N>& chroma) const
+    ALWAYS_INLINE void store(uint8_t* p, const Samples& samples, Bytes<N> y, const ChromaTerms<N>& chroma) const
     {
         auto px = to_rgb(samples.luma_times4(y), chroma);
         Format::template put<S>(p, pack(px.b), pack(px.g), pack(px.r));
@@ -20,12 +20,18 @@ template <class Format> struct RgbSink : Format {
 
 struct Bgr0 {
     static constexpr int kBytes = 4, kWeave = 4;
-    template <Stores S, int N> OP void put(uint8_t* p, u8<N> b, u8<N> g, u8<N> r) { store_bgr0<S>(p, b, g, r); }
+    template <Stores S, int N> static ALWAYS_INLINE void put(uint8_t* p, Bytes<N> b, Bytes<N> g, Bytes<N> r)
+    {
+        store_bgr0(to<S>(p), b, g, r);
+    }
 };
 
 struct Bgr {
     static constexpr int kBytes = 3, kWeave = 1;
-    template <Stores S, int N> OP void put(uint8_t* p, u8<N> b, u8<N> g, u8<N> r) { store_bgr<S>(p, b, g, r); }
+    template <Stores S, int N> static ALWAYS_INLINE void put(uint8_t* p, Bytes<N> b, Bytes<N> g, Bytes<N> r)
+    {
+        store_bgr(to<S>(p), b, g, r);
+    }
 };
 
 // The word is (R & red) << 8 | (G & green) << green_shift | (B & blue) >> blue_shift. The layout is no template
@@ -50,19 +56,19 @@ struct Word {
     static constexpr int kBytes = 2, kWeave = 2;
     WordLayout layout;
 
-    template <int N> MEMBER u8<N> low(u8<N> b, u8<N> g) const
+    template <int N> ALWAYS_INLINE Bytes<N> low(Bytes<N> b, Bytes<N> g) const
     {
         return bit_or(shifted_left(g, layout.green_shift, layout.green_low),
                       shifted_right(b, layout.blue_shift, layout.blue_low));
     }
-    template <int N> MEMBER u8<N> high(u8<N> g, u8<N> r) const
+    template <int N> ALWAYS_INLINE Bytes<N> high(Bytes<N> g, Bytes<N> r) const
     {
-        return bit_or(bit_and(r, u8<N>::splat(layout.red)),
+        return bit_or(bit_and(r, Bytes<N>::splat(layout.red)),
                       shifted_right(g, 8 - layout.green_shift, layout.green_high));
     }
-    template <Stores S, int N> MEMBER void put(uint8_t* p, u8<N> b, u8<N> g, u8<N> r) const
+    template <Stores S, int N> ALWAYS_INLINE void put(uint8_t* p, Bytes<N> b, Bytes<N> g, Bytes<N> r) const
     {
-        store_packed_pairs<S>(p, low(b, g), high(g, r));
+        store_packed_pairs(to<S>(p), low(b, g), high(g, r));
     }
 };
 
@@ -71,7 +77,7 @@ using Rgb24 = RgbSink<Bgr>;
 using Rgb16 = RgbSink<Word>;
 
 // Calls `work` with the sink of the layout; layouts beyond the four write nothing.
-template <class Work> OP void with_rgb16_sink(int layout, const Work& work)
+template <class Work> ALWAYS_INLINE void with_rgb16_sink(int layout, const Work& work)
 {
     if (layout >= 0 && layout <= 3) work(Rgb16{{kWordLayouts[layout]}});
 }
@@ -79,22 +85,27 @@ template <class Work> OP void with_rgb16_sink(int layout, const Work& work)
 struct Yuy2 {
     static constexpr int kBytes = 2, kWeave = 2;
     static constexpr bool kReadsChroma = true, kLeavesHoles = false;
-    template <int N> OP u8<N> chroma(half<N> u, half<N> v) { return join(i16<N>{u, v}); }
-    template <Stores S, class Samples, int N> OP void store(uint8_t* p, const Samples& samples, u8<N> y, u8<N> uv)
+    template <int N> static ALWAYS_INLINE Bytes<N> chroma(Words<N> u, Words<N> v)
     {
-        store_pairs<S>(p, samples.luma(y), uv);
+        return join(EvenOddWords<N>{u, v});
+    }
+    template <Stores S, class Samples, int N>
+    static ALWAYS_INLINE void store(uint8_t* p, const Samples& samples, Bytes<N> y, Bytes<N> uv)
+    {
+        store_pairs(to<S>(p), samples.luma(y), uv);
     }
 };
 
 struct GreyYuy2 : Yuy2 {
     static constexpr bool kReadsChroma = false;
-    template <int N> OP u8<N> chroma() { return u8<N>::splat(128); }
+    template <int N> static ALWAYS_INLINE Bytes<N> chroma() { return Bytes<N>::splat(128); }
 };
 
 // Leaves pixels 0 to 3 of every lower block as they are.
 struct Yuy2WithHoles : Yuy2 {
     static constexpr bool kLeavesHoles = true;
-    template <class Samples, int N> OP void store_with_holes(uint8_t* p, const Samples& samples, u8<N> y, u8<N> uv)
+    template <class Samples, int N>
+    static ALWAYS_INLINE void store_with_holes(uint8_t* p, const Samples& samples, Bytes<N> y, Bytes<N> uv)
     {
         store_pairs_but_first_eight(p, samples.luma(y), uv);
     }

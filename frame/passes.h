@@ -12,14 +12,16 @@ namespace vsurf::VSURF_ISA {
 
 enum class Line { upper, lower };
 
-template <Stores S, Line line, int N, class Step> OP void one_line(const Step& step, Position at, ptrdiff_t x)
+template <Stores S, Line line, int N, class Step>
+ALWAYS_INLINE void one_line(const Step& step, Position at, ptrdiff_t x)
 {
     auto chroma = step.template chroma<N>(at, x);
     step.template store<S, line>(at, x, step.template luma<line, N>(at, x), chroma);
 }
 
 // A line with its own chroma, between whole blocks; `x` begins a cache line where it is streamed.
-template <class Step> OP void write_line(const Step& step, Position at, ptrdiff_t x, ptrdiff_t end, bool streamed)
+template <class Step>
+ALWAYS_INLINE void write_line(const Step& step, Position at, ptrdiff_t x, ptrdiff_t end, bool streamed)
 {
     const ptrdiff_t whole = streamed ? x + ((end - x) & -streaming_unit(Step::kBytes, Step::kWidest)) : x;
     along<Step::kWidest, Step::kWidest>(x, whole, [=]<int N>(ptrdiff_t from) VSURF_INLINED {
@@ -32,7 +34,7 @@ template <class Step> OP void write_line(const Step& step, Position at, ptrdiff_
 
 // Reads both lines before it stores either: past a store the compiler would have to read again.
 template <Stores S, int widest, class Step>
-OP void both_lines(const Step& step, Position upper, Position lower, ptrdiff_t x, ptrdiff_t end)
+ALWAYS_INLINE void both_lines(const Step& step, Position upper, Position lower, ptrdiff_t x, ptrdiff_t end)
 {
     along<widest, kBlock>(x, end, [=]<int N>(ptrdiff_t from) VSURF_INLINED {
         auto shared = step.template chroma<N>(upper, from);
@@ -49,7 +51,7 @@ constexpr ptrdiff_t kStripPixels = 4096;
 // Memory takes streamed lines best one after the other. A strip of the upper line leaves what it made of the chroma to
 // the lower one.
 template <class Step, class Chroma>
-OP void stream_upper(const Step& step, Position upper, ptrdiff_t x, ptrdiff_t end, Chroma* shared)
+ALWAYS_INLINE void stream_upper(const Step& step, Position upper, ptrdiff_t x, ptrdiff_t end, Chroma* shared)
 {
     constexpr int N = Step::kWidest;
     for (; x < end; x += N, shared++) {
@@ -59,7 +61,7 @@ OP void stream_upper(const Step& step, Position upper, ptrdiff_t x, ptrdiff_t en
     }
 }
 template <class Step, class Chroma>
-OP void stream_lower(const Step& step, Position lower, ptrdiff_t x, ptrdiff_t end, const Chroma* shared)
+ALWAYS_INLINE void stream_lower(const Step& step, Position lower, ptrdiff_t x, ptrdiff_t end, const Chroma* shared)
 {
     constexpr int N = Step::kWidest;
     for (; x < end; x += N, shared++) {
@@ -67,7 +69,8 @@ OP void stream_lower(const Step& step, Position lower, ptrdiff_t x, ptrdiff_t en
         step.template store<Stores::streaming, Line::lower>(lower, x, luma, *shared);
     }
 }
-template <class Step> OP void stream_strip(const Step& step, Position upper, Position lower, ptrdiff_t x, ptrdiff_t end)
+template <class Step>
+ALWAYS_INLINE void stream_strip(const Step& step, Position upper, Position lower, ptrdiff_t x, ptrdiff_t end)
 {
     decltype(step.template chroma<Step::kWidest>(upper, x)) shared[kStripPixels / Step::kWidest];
     stream_upper(step, upper, x, end, shared);
@@ -75,7 +78,8 @@ template <class Step> OP void stream_strip(const Step& step, Position upper, Pos
 }
 
 // Streams the whole cache lines of a pass and tells how many pixels that were.
-template <class Step> OP ptrdiff_t stream_cache_lines(const Step& step, Position upper, Position lower, ptrdiff_t width)
+template <class Step>
+ALWAYS_INLINE ptrdiff_t stream_cache_lines(const Step& step, Position upper, Position lower, ptrdiff_t width)
 {
     const ptrdiff_t streamed = width & -streaming_unit(Step::kBytes, Step::kWidest);
     for (ptrdiff_t x = 0; x < streamed; x += kStripPixels)
@@ -89,7 +93,7 @@ template <class Step> OP ptrdiff_t stream_cache_lines(const Step& step, Position
 
 // What shares its cache line with the bytes that follow is stored as usual.
 template <class Step>
-OP void write_pass(const Step& step, Position upper, Position lower, ptrdiff_t width, bool streamed)
+ALWAYS_INLINE void write_pass(const Step& step, Position upper, Position lower, ptrdiff_t width, bool streamed)
 {
     ptrdiff_t x = 0;
     if constexpr (Step::kStreams)
@@ -98,7 +102,7 @@ OP void write_pass(const Step& step, Position upper, Position lower, ptrdiff_t w
 }
 
 // Block by block, in the contract's own order of stores.
-template <class W, class Step> OP void do_in_order(const W& walk, const Step& step)
+template <class W, class Step> ALWAYS_INLINE void do_in_order(const W& walk, const Step& step)
 {
     Position upper = walk.start;
     for (ptrdiff_t pass = 0; pass < walk.passes; pass++, upper = upper + walk.to_next_pass) {
@@ -115,7 +119,7 @@ template <class W, class Step> OP void do_in_order(const W& walk, const Step& st
 }
 
 // In whatever order is fastest.
-template <class Step> OP void do_freely(const Walk& walk, const Step& step)
+template <class Step> ALWAYS_INLINE void do_freely(const Walk& walk, const Step& step)
 {
     const bool streamed = Step::kStreams && streams(walk);
     Position upper = walk.start;
@@ -124,9 +128,9 @@ template <class Step> OP void do_freely(const Walk& walk, const Step& step)
     if (streamed) fence_streaming();
 }
 
-OP bool order_shows(const Walk& walk) { return lines_overlap(walk) || walk.to_lower.chroma != 0; }
+ALWAYS_INLINE bool order_shows(const Walk& walk) { return lines_overlap(walk) || walk.to_lower.chroma != 0; }
 
-template <class W, class Step> OP void do_walk(const W& walk, const Step& step)
+template <class W, class Step> ALWAYS_INLINE void do_walk(const W& walk, const Step& step)
 {
     if (order_shows(walk)) do_in_order(walk, step);
     else do_freely(walk, step);

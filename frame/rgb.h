@@ -6,6 +6,7 @@
 // Every product is floored by itself; the sums lie within -364 and 536, so 16-bit addition neither wraps nor needs an
 // order, and the stores saturate them to bytes.
 #pragma once
+#include "frame/stores.h"
 #include "simd/simd.h"
 
 namespace vsurf::VSURF_ISA {
@@ -26,25 +27,25 @@ constexpr bool same_floors()
 static_assert(same_floors());
 
 template <int N> struct ChromaTerms {
-    half<N> red, green, blue;
+    Words<N> red, green, blue;
 };
 
-template <int N> OP ChromaTerms<N> chroma_terms(half<N> u, half<N> v)
+template <int N> ALWAYS_INLINE ChromaTerms<N> chroma_terms(Words<N> u, Words<N> v)
 {
-    u = sub(shl<kUShift>(u), half<N>::splat(128 << kUShift));
-    v = sub(shl<kVShift>(v), half<N>::splat(128 << kVShift));
-    auto term = [](half<N> c, int k) VSURF_INLINED { return mulhi(c, half<N>::splat(k)); };
+    u = sub(shl<kUShift>(u), Words<N>::splat(128 << kUShift));
+    v = sub(shl<kVShift>(v), Words<N>::splat(128 << kVShift));
+    auto term = [](Words<N> c, int k) VSURF_INLINED { return mulhi(c, Words<N>::splat(k)); };
     return {term(v, kRedV), add(term(u, kGreenU), term(v, kGreenV)), term(u, kBlueU)};
 }
 
 template <int N> struct Rgb {
-    i16<N> r, g, b;
+    EvenOddWords<N> r, g, b;
 };
 
 // `luma` is shifted left by kLumaShift.
-template <int N> OP Rgb<N> to_rgb(i16<N> luma, ChromaTerms<N> chroma)
+template <int N> ALWAYS_INLINE Rgb<N> to_rgb(EvenOddWords<N> luma, ChromaTerms<N> chroma)
 {
-    auto l = mulhi(sub(luma, half<N>::splat(16 << kLumaShift)), half<N>::splat(kLuma));
+    auto l = mulhi(sub(luma, Words<N>::splat(16 << kLumaShift)), Words<N>::splat(kLuma));
     return {add(l, chroma.red), sub(l, chroma.green), add(l, chroma.blue)};
 }
 

@@ -6,6 +6,7 @@
 // whole. The pointers advance by the stated width, not by the blocks done, hence a width that is not a multiple of 16
 // makes the following lines drift.
 #pragma once
+#include "frame/stores.h"
 #include "frame/streaming.h"
 #include "simd/simd.h"
 
@@ -14,11 +15,17 @@ namespace vsurf::VSURF_ISA {
 constexpr int kBlock = 16;
 
 // 32-bit arithmetic that wraps.
-OP int product(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) * static_cast<unsigned>(b)); }
-OP int difference(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b)); }
-OP int logical_half(int x) { return static_cast<int>(static_cast<unsigned>(x) >> 1); }
+ALWAYS_INLINE int product(int a, int b)
+{
+    return static_cast<int>(static_cast<unsigned>(a) * static_cast<unsigned>(b));
+}
+ALWAYS_INLINE int difference(int a, int b)
+{
+    return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b));
+}
+ALWAYS_INLINE int logical_half(int x) { return static_cast<int>(static_cast<unsigned>(x) >> 1); }
 
-OP ptrdiff_t rounds(int count, unsigned unit)
+ALWAYS_INLINE ptrdiff_t rounds(int count, unsigned unit)
 {
     auto left = static_cast<unsigned>(count);
     return left <= unit ? 1 : static_cast<ptrdiff_t>((left - 1) / unit) + 1;
@@ -32,7 +39,10 @@ struct Distance {
     ptrdiff_t y, chroma, dst;
 };
 
-OP Position operator+(Position a, Distance d) { return {a.y + d.y, a.u + d.chroma, a.v + d.chroma, a.dst + d.dst}; }
+ALWAYS_INLINE Position operator+(Position a, Distance d)
+{
+    return {a.y + d.y, a.u + d.chroma, a.v + d.chroma, a.dst + d.dst};
+}
 
 // Who comes first where the two lines of a pass overlap: the lower block before the upper line's next one, or the
 // whole upper line before the lower one. The bytes stored last stay.
@@ -58,7 +68,7 @@ struct Picture {
 };
 
 // The pointers are moved once a pass: the lower line lies straight below the upper one.
-OP BlockwiseWalk walk_by_pass(const Picture& p, int bytes)
+ALWAYS_INLINE BlockwiseWalk walk_by_pass(const Picture& p, int bytes)
 {
     const ptrdiff_t width = rounds(p.width, kBlock) * kBlock, drift = width - p.width;
     const ptrdiff_t y = p.y_pitch, dst = p.dst_pitch, chroma = width / 2 + ((y - p.width) >> 1);
@@ -74,7 +84,7 @@ OP BlockwiseWalk walk_by_pass(const Picture& p, int bytes)
 
 // The pointers are moved after each line, so the drift sets in at the lower line, and the chroma steps back there by
 // half the stated width.
-OP LinewiseWalk walk_by_line(const Picture& p, int bytes)
+ALWAYS_INLINE LinewiseWalk walk_by_line(const Picture& p, int bytes)
 {
     const ptrdiff_t width = rounds(p.width, kBlock) * kBlock, drift = width - p.width;
     const ptrdiff_t y = p.y_pitch + drift, dst = p.dst_pitch + bytes * drift;
@@ -91,7 +101,7 @@ OP LinewiseWalk walk_by_line(const Picture& p, int bytes)
 
 // Packed pictures: nothing drifts, and the source's pitch counts pixels. A block has 16 units, of `bytes` bytes each at
 // the destination; at least one block of two lines is done, also of a negative size.
-OP BlockwiseWalk walk_packed(const Picture& p, int units, int bytes)
+ALWAYS_INLINE BlockwiseWalk walk_packed(const Picture& p, int units, int bytes)
 {
     auto done = [](int size, unsigned step) VSURF_INLINED { return rounds(size < 0 ? 0 : size, step); };
     const ptrdiff_t width = done(units, kBlock) * kBlock, y = 2 * ptrdiff_t{p.y_pitch}, dst = p.dst_pitch;
@@ -105,13 +115,16 @@ OP BlockwiseWalk walk_packed(const Picture& p, int units, int bytes)
     }};
 }
 
-OP bool lines_overlap(const Walk& w) { return w.to_lower.dst < w.line_bytes && -w.to_lower.dst < w.line_bytes; }
+ALWAYS_INLINE bool lines_overlap(const Walk& w)
+{
+    return w.to_lower.dst < w.line_bytes && -w.to_lower.dst < w.line_bytes;
+}
 
 constexpr ptrdiff_t kCacheLine = 64;
 
-OP size_t streaming_from() { return __atomic_load_n(&streaming_threshold, __ATOMIC_RELAXED); }
+ALWAYS_INLINE size_t streaming_from() { return __atomic_load_n(&streaming_threshold, __ATOMIC_RELAXED); }
 
-OP bool streams(const Walk& w)
+ALWAYS_INLINE bool streams(const Walk& w)
 {
     auto misaligned = reinterpret_cast<uintptr_t>(w.start.dst) | static_cast<uintptr_t>(w.to_lower.dst) |
                       static_cast<uintptr_t>(w.to_next_pass.dst);
@@ -119,7 +132,7 @@ OP bool streams(const Walk& w)
            static_cast<size_t>(w.line_bytes) * static_cast<size_t>(w.passes) * 2 >= streaming_from();
 }
 
-OP bool streams(const uint8_t* dst, ptrdiff_t pitch, ptrdiff_t line_bytes, ptrdiff_t lines)
+ALWAYS_INLINE bool streams(const uint8_t* dst, ptrdiff_t pitch, ptrdiff_t line_bytes, ptrdiff_t lines)
 {
     auto misaligned = reinterpret_cast<uintptr_t>(dst) | static_cast<uintptr_t>(pitch);
     const bool apart = pitch >= line_bytes || -pitch >= line_bytes;
@@ -128,13 +141,13 @@ OP bool streams(const uint8_t* dst, ptrdiff_t pitch, ptrdiff_t line_bytes, ptrdi
 
 // How many pixels fill whole cache lines: 64 bytes over their common divisor with a pixel's bytes.
 constexpr ptrdiff_t whole_lines(int bytes) { return kCacheLine / (bytes & -bytes); }
-constexpr ptrdiff_t streaming_unit(int bytes, ptrdiff_t widest = kLanes)
+constexpr ptrdiff_t streaming_unit(int bytes, ptrdiff_t widest = kRegister)
 {
     return whole_lines(bytes) > widest ? whole_lines(bytes) : widest;
 }
 
 // The widest steps first, then at most one step of each narrower width: no byte past the last block is touched.
-template <int widest, int narrowest, class Step> OP void along(ptrdiff_t x, ptrdiff_t end, const Step& step)
+template <int widest, int narrowest, class Step> ALWAYS_INLINE void along(ptrdiff_t x, ptrdiff_t end, const Step& step)
 {
     for (; end - x >= widest; x += widest) step.template operator()<widest>(x);
     if constexpr (widest > narrowest) along<widest / 2, narrowest>(x, end, step);

@@ -5,41 +5,41 @@
 
 namespace vsurf::VSURF_ISA {
 
-template <int size> OP void copy_piece(uint8_t*& to, const uint8_t*& from, ptrdiff_t wanted)
+template <int size> ALWAYS_INLINE void copy_piece(uint8_t*& dst, const uint8_t*& from, ptrdiff_t wanted)
 {
     if (!(wanted & size)) return;
-    __builtin_memcpy(to, from, size);
-    to += size, from += size;
+    __builtin_memcpy(dst, from, size);
+    dst += size, from += size;
 }
 
 // Fewer than 64 bytes, by the bits of their count.
-OP void copy_rest(uint8_t*& to, const uint8_t*& from, ptrdiff_t count)
+ALWAYS_INLINE void copy_rest(uint8_t*& dst, const uint8_t*& from, ptrdiff_t count)
 {
-    copy_piece<1>(to, from, count);
-    copy_piece<2>(to, from, count);
-    copy_piece<4>(to, from, count);
-    copy_piece<8>(to, from, count);
-    copy_piece<16>(to, from, count);
-    copy_piece<32>(to, from, count);
+    copy_piece<1>(dst, from, count);
+    copy_piece<2>(dst, from, count);
+    copy_piece<4>(dst, from, count);
+    copy_piece<8>(dst, from, count);
+    copy_piece<16>(dst, from, count);
+    copy_piece<32>(dst, from, count);
 }
 
-template <Stores S> OP void copy_cache_lines(uint8_t* to, const uint8_t* from, ptrdiff_t count)
+template <Stores S> ALWAYS_INLINE void copy_cache_lines(uint8_t* dst, const uint8_t* from, ptrdiff_t count)
 {
-    for (ptrdiff_t i = 0; i < count; i += kLanes) put<S>(to + i, load<kLanes>(from + i));
+    for (ptrdiff_t i = 0; i < count; i += kRegister) put(to<S>(dst + i), load<kRegister>(from + i));
 }
 
-OP void copy_bytes(uint8_t* to, const uint8_t* from, ptrdiff_t count, bool streamed)
+ALWAYS_INLINE void copy_bytes(uint8_t* dst, const uint8_t* from, ptrdiff_t count, bool streamed)
 {
-    const auto before = static_cast<ptrdiff_t>(-reinterpret_cast<uintptr_t>(to) % kCacheLine);
+    const auto before = static_cast<ptrdiff_t>(-reinterpret_cast<uintptr_t>(dst) % kCacheLine);
     if (streamed && count >= before + kCacheLine) {
-        copy_rest(to, from, before);
+        copy_rest(dst, from, before);
         count -= before;
-        copy_cache_lines<Stores::streaming>(to, from, count & -kCacheLine);
+        copy_cache_lines<Stores::streaming>(dst, from, count & -kCacheLine);
     } else {
-        copy_cache_lines<Stores::cached>(to, from, count & -kCacheLine);
+        copy_cache_lines<Stores::cached>(dst, from, count & -kCacheLine);
     }
-    to += count & -kCacheLine, from += count & -kCacheLine;
-    copy_rest(to, from, count & (kCacheLine - 1));
+    dst += count & -kCacheLine, from += count & -kCacheLine;
+    copy_rest(dst, from, count & (kCacheLine - 1));
 }
 
 } // namespace vsurf::VSURF_ISA

@@ -8,14 +8,14 @@ namespace vsurf::VSURF_ISA {
 
 // Neighbours are averaged, rounded up, then adjusted: N source pixels give N/2, a block of 16 half a register of them.
 struct HalfYuy2Step {
-    static constexpr int kWidest = 2 * kLanes, kBytes = 1;
+    static constexpr int kWidest = 2 * kRegister, kBytes = 1;
     static constexpr bool kStreams = true;
     Adjustments by;
 
     template <int N> struct Chroma {
-        half<N> u, v;
+        Words<N> u, v;
     };
-    template <int N> MEMBER auto chroma(Position at, ptrdiff_t x) const
+    template <int N> ALWAYS_INLINE auto chroma(Position at, ptrdiff_t x) const
     {
         constexpr int samples = N == kBlock ? 16 : N / 2;
         auto averages = [x](const uint8_t* plane) VSURF_INLINED {
@@ -26,13 +26,13 @@ struct HalfYuy2Step {
     }
     // A block is one register, anything wider two.
     template <int N> struct Luma {
-        half<N == kBlock ? 16 : N / 2> first, second;
+        Words<N == kBlock ? 16 : N / 2> first, second;
     };
-    template <int N> MEMBER half<N> averages_at(const uint8_t* y) const
+    template <int N> ALWAYS_INLINE Words<N> averages_at(const uint8_t* y) const
     {
         return by.luma(averages_of_pairs(load<N>(y)));
     }
-    template <Line, int N> MEMBER Luma<N> luma(Position at, ptrdiff_t x) const
+    template <Line, int N> ALWAYS_INLINE Luma<N> luma(Position at, ptrdiff_t x) const
     {
         auto y = at.y + x;
         constexpr int samples = N == kBlock ? 16 : N / 2;
@@ -40,10 +40,11 @@ struct HalfYuy2Step {
         if constexpr (N == kBlock) return Luma<N>{first, first};
         else return Luma<N>{first, averages_at<samples>(y + samples)};
     }
-    template <Stores S, Line, int N, int M> MEMBER void store(Position at, ptrdiff_t x, Luma<N> y, Chroma<M> c) const
+    template <Stores S, Line, int N, int M>
+    ALWAYS_INLINE void store(Position at, ptrdiff_t x, Luma<N> y, Chroma<M> c) const
     {
         if constexpr (N == kBlock) store_first8_yuyv(at.dst + x, y.first, c.u, c.v);
-        else store_yuyv<S>(at.dst + x, y.first, y.second, c.u, c.v);
+        else store_yuyv(to<S>(at.dst + x), y.first, y.second, c.u, c.v);
     }
 };
 
@@ -55,7 +56,7 @@ LOADER_EXPORT(loadimage_half_yuy2_ajust)
 // A chroma line closes with a block that ends at its last sample and overlaps what came before.
 struct HalveChromaLine : HalveLine {
     ptrdiff_t rest; // samples beyond the whole blocks
-    template <Stores S> MEMBER void store(uint8_t* dst, const uint8_t* src, ptrdiff_t x, ptrdiff_t end) const
+    template <Stores S> ALWAYS_INLINE void store(uint8_t* dst, const uint8_t* src, ptrdiff_t x, ptrdiff_t end) const
     {
         HalveLine::store<S>(dst, src, x, end);
         if (S == Stores::cached && rest) block(dst + end - 8 + (rest >> 1), src + 2 * end - 16 + rest);

@@ -12,20 +12,22 @@
 
 namespace vsurf::VSURF_ISA {
 
-OP Picture picture(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch)
+ALWAYS_INLINE Picture picture(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch, int dst_pitch)
 {
     auto samples = [](void* p) { return static_cast<const uint8_t*>(p); };
     return {{samples(y), samples(u), samples(v), static_cast<uint8_t*>(dst)}, width, height, y_pitch, dst_pitch};
 }
 
 // Step<Sink, Samples> does the pixels.
-template <template <class, class> class Step, class Sink, class W> OP void load_plain(const W& walk, Sink sink = {})
+template <template <class, class> class Step, class Sink, class W>
+ALWAYS_INLINE void load_plain(const W& walk, Sink sink = {})
 {
     do_walk(walk, Step<Sink, Plain>{{}, sink});
 }
 
 // What is rare is exact, not fast: gains that wrap, with which no picture looks right, and lines that overlap.
-template <template <class, class> class Step, class Sink, class W> OP void load_adjusted(const W& walk, Sink sink = {})
+template <template <class, class> class Step, class Sink, class W>
+ALWAYS_INLINE void load_adjusted(const W& walk, Sink sink = {})
 {
     const auto by = adjustments_now();
     if (CommonGain::suits(by) && !order_shows(walk)) do_freely(walk, Step<Sink, Adjusted<CommonGain>>{{by}, sink});

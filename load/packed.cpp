@@ -17,7 +17,10 @@ LOADER_EXPORT(LoadYUY2_YUY2_adjust)
 }
 
 // In blocks of 16 pixels.
-template <class Sink> OP BlockwiseWalk walk_for(const Picture& p) { return walk_packed(p, p.width, Sink::kBytes); }
+template <class Sink> ALWAYS_INLINE BlockwiseWalk walk_for(const Picture& p)
+{
+    return walk_packed(p, p.width, Sink::kBytes);
+}
 
 LOADER_EXPORT(LoadYUY2_RGB32) { load_plain<PackedStep, Rgb32>(walk_for<Rgb32>(PICTURE)); }
 LOADER_EXPORT(LoadYUY2_RGB24) { load_plain<PackedStep, Rgb24>(walk_for<Rgb24>(PICTURE)); }

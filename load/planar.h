@@ -9,12 +9,12 @@ namespace vsurf::VSURF_ISA {
 
 // The samples are taken plain or adjusted; the sink says what becomes of them on the surface.
 template <class Sink, class Samples> struct PlanarStep {
-    static constexpr int kWidest = kLanes, kBytes = Sink::kBytes;
+    static constexpr int kWidest = kRegister, kBytes = Sink::kBytes;
     static constexpr bool kStreams = !Sink::kLeavesHoles;
     Samples samples;
     Sink sink;
 
-    template <int N> MEMBER auto chroma(Position at, ptrdiff_t x) const
+    template <int N> ALWAYS_INLINE auto chroma(Position at, ptrdiff_t x) const
     {
         if constexpr (Sink::kReadsChroma) {
             return Sink::chroma(samples.template u<N, Sink::kWeave>(at.u + x / 2),
@@ -23,9 +23,12 @@ template <class Sink, class Samples> struct PlanarStep {
             return Sink::template chroma<N>();
         }
     }
-    template <Line, int N> MEMBER u8<N> luma(Position at, ptrdiff_t x) const { return load<N, Sink::kWeave>(at.y + x); }
+    template <Line, int N> ALWAYS_INLINE Bytes<N> luma(Position at, ptrdiff_t x) const
+    {
+        return load<N, Sink::kWeave>(at.y + x);
+    }
     template <Stores S, Line line, int N, class Chroma>
-    MEMBER void store(Position at, ptrdiff_t x, u8<N> y, const Chroma& chroma) const
+    ALWAYS_INLINE void store(Position at, ptrdiff_t x, Bytes<N> y, const Chroma& chroma) const
     {
         auto to = at.dst + x * Sink::kBytes;
         if constexpr (Sink::kLeavesHoles && line == Line::lower) sink.store_with_holes(to, samples, y, chroma);

@@ -13,14 +13,14 @@ struct Plane {
     ptrdiff_t lines;
 };
 
-OP bool streams(const Plane& p, size_t destination_bytes)
+ALWAYS_INLINE bool streams(const Plane& p, size_t destination_bytes)
 {
     auto misaligned = reinterpret_cast<uintptr_t>(p.dst) | static_cast<uintptr_t>(p.dst_step);
     return misaligned % kCacheLine == 0 && destination_bytes >= streaming_from();
 }
 
 // `line.template store<S>(dst, src, x, end)` stores the bytes x to end of a line of `width` bytes.
-template <class Line> OP void each_line(Plane p, ptrdiff_t width, bool streamed, const Line& line)
+template <class Line> ALWAYS_INLINE void each_line(Plane p, ptrdiff_t width, bool streamed, const Line& line)
 {
     const ptrdiff_t whole = width & -kCacheLine;
     for (ptrdiff_t i = 0; i < p.lines; i++, p.src += p.src_step, p.dst += p.dst_step) {
@@ -33,11 +33,12 @@ template <class Line> OP void each_line(Plane p, ptrdiff_t width, bool streamed,
 // In whole blocks of 8 bytes.
 template <class Gain> struct AdjustLine {
     SampleAdjust adjust;
-    template <int N> MEMBER u8<N> of(u8<N> samples) const { return adjusted<Gain>(adjust, samples); }
-    template <Stores S> MEMBER void store(uint8_t* dst, const uint8_t* src, ptrdiff_t x, ptrdiff_t end) const
+    template <int N> ALWAYS_INLINE Bytes<N> of(Bytes<N> samples) const { return adjusted<Gain>(adjust, samples); }
+    template <Stores S> ALWAYS_INLINE void store(uint8_t* dst, const uint8_t* src, ptrdiff_t x, ptrdiff_t end) const
     {
-        along<kLanes, 16>(
-            x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED { put<S>(dst + at, this->of(load<N>(src + at))); });
+        along<kRegister, 16>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED {
+            put(to<S>(dst + at), this->of(load<N>(src + at)));
+        });
         if (end & 8 && x != end) put_first8(dst + end - 8, of(load_first8(src + end - 8)));
     }
 };
@@ -45,16 +46,17 @@ template <class Gain> struct AdjustLine {
 // Every second sample, the odd ones, adjusted; x and end count destination bytes.
 struct HalveLine {
     SampleAdjust adjust;
-    template <int N> MEMBER half<N> of(const uint8_t* src) const { return adjust(split(load<N>(src)).odd); }
-    MEMBER void block(uint8_t* dst, const uint8_t* src) const
+    template <int N> ALWAYS_INLINE Words<N> of(const uint8_t* src) const { return adjust(split(load<N>(src)).odd); }
+    ALWAYS_INLINE void block(uint8_t* dst, const uint8_t* src) const
     {
         auto eight = of<16>(src);
         put_first8(dst, pack_in_order(eight, eight));
     }
-    template <Stores S> MEMBER void store(uint8_t* dst, const uint8_t* src, ptrdiff_t x, ptrdiff_t end) const
+    template <Stores S> ALWAYS_INLINE void store(uint8_t* dst, const uint8_t* src, ptrdiff_t x, ptrdiff_t end) const
     {
-        along<kLanes, 16>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED {
-            put<S>(dst + at, pack_in_order(this->template of<N>(src + 2 * at), this->template of<N>(src + 2 * at + N)));
+        along<kRegister, 16>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED {
+            put(to<S>(dst + at),
+                pack_in_order(this->template of<N>(src + 2 * at), this->template of<N>(src + 2 * at + N)));
         });
         if (end & 8 && x != end) block(dst + end - 8, src + 2 * end - 16);
     }

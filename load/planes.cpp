@@ -7,7 +7,8 @@
 namespace vsurf::VSURF_ISA {
 
 // Rows are read `width` rounded up to 8 apart, whatever the source pitch.
-OP void adjust_plane(const uint8_t* src, uint8_t* dst, int width, int lines, int dst_pitch, SampleAdjust adjust)
+ALWAYS_INLINE void adjust_plane(const uint8_t* src, uint8_t* dst, int width, int lines, int dst_pitch,
+                                SampleAdjust adjust)
 {
     const ptrdiff_t bytes = rounds(width, 8) * 8;
     Plane plane{src, dst, bytes, dst_pitch + bytes - width, rounds(lines, 1)};
@@ -36,13 +37,13 @@ struct LinePairs {
     ptrdiff_t src_lower, dst_lower, src_pass, dst_pass;
     ptrdiff_t passes, bytes;
 
-    MEMBER ptrdiff_t src_of(ptrdiff_t line) const { return line / 2 * src_pass + (line % 2 ? src_lower : 0); }
-    MEMBER ptrdiff_t dst_of(ptrdiff_t line) const { return line / 2 * dst_pass + (line % 2 ? dst_lower : 0); }
-    MEMBER void copy(ptrdiff_t line, bool streamed) const
+    ALWAYS_INLINE ptrdiff_t src_of(ptrdiff_t line) const { return line / 2 * src_pass + (line % 2 ? src_lower : 0); }
+    ALWAYS_INLINE ptrdiff_t dst_of(ptrdiff_t line) const { return line / 2 * dst_pass + (line % 2 ? dst_lower : 0); }
+    ALWAYS_INLINE void copy(ptrdiff_t line, bool streamed) const
     {
         copy_bytes(dst + dst_of(line), src + src_of(line), bytes, streamed);
     }
-    template <int size> MEMBER void copy_block(ptrdiff_t pass, ptrdiff_t x) const
+    template <int size> ALWAYS_INLINE void copy_block(ptrdiff_t pass, ptrdiff_t x) const
     {
         __builtin_memcpy(dst + dst_of(2 * pass) + x, src + src_of(2 * pass) + x, size);
         __builtin_memcpy(dst + dst_of(2 * pass + 1) + x, src + src_of(2 * pass + 1) + x, size);
@@ -51,7 +52,7 @@ struct LinePairs {
 
 // The destination moves on by a line's bytes a pass, so its upper lines lie end to end, and its lower ones do so
 // `dst_lower` further on. Where that is no less than a line, every byte that both reach belongs to a later upper line.
-OP void copy_luma(const LinePairs& p, bool streamed)
+ALWAYS_INLINE void copy_luma(const LinePairs& p, bool streamed)
 {
     if (p.dst_lower < p.bytes) {
         for (ptrdiff_t pass = 0; pass < p.passes; pass++)
@@ -65,7 +66,7 @@ OP void copy_luma(const LinePairs& p, bool streamed)
 
 // The two planes overlap, since each gets twice its lines. Where their lines fall onto the same grid, the V plane's,
 // stored later, replace all U lines that they reach.
-OP void copy_chroma(const LinePairs& u, const LinePairs& v, bool streamed)
+ALWAYS_INLINE void copy_chroma(const LinePairs& u, const LinePairs& v, bool streamed)
 {
     const ptrdiff_t between = u.dst - v.dst, pitch = v.dst_lower;
     if (pitch < v.bytes || v.dst_pass != 2 * pitch || between < pitch || between % pitch != 0) {

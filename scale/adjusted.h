@@ -5,7 +5,8 @@
 
 namespace vsurf::VSURF_ISA {
 
-template <class Source> OUTLINED void adjust_line(uint8_t* to, Source from, ptrdiff_t samples, SampleAdjust by)
+template <class Source>
+[[maybe_unused]] static NEVER_INLINE void adjust_line(uint8_t* to, Source from, ptrdiff_t samples, SampleAdjust by)
 {
     auto adjust = [=](auto gain) VSURF_INLINED {
         const SameWidth<Adjust<decltype(gain), Source>> line{{by, from}};
@@ -20,23 +21,23 @@ struct AdjustAhead {
     SampleAdjust by, ahead; // with the same gain
     Row of;
 
-    template <int N> OP half<N> offsets(SampleAdjust by, SampleAdjust ahead)
+    template <int N> static ALWAYS_INLINE Words<N> offsets(SampleAdjust by, SampleAdjust ahead)
     {
         static constexpr FirstOf<8, 1> crossing;
-        auto more = half<N>::splat(ahead.lifted_offset - by.lifted_offset);
-        return add(half<N>::splat(by.lifted_offset), mullo(load_chroma<N>(crossing.at), more));
+        auto more = Words<N>::splat(ahead.lifted_offset - by.lifted_offset);
+        return add(Words<N>::splat(by.lifted_offset), mullo(load_chroma<N>(crossing.at), more));
     }
-    template <int N, int> MEMBER half<N> words(ptrdiff_t x) const
+    template <int N, int> ALWAYS_INLINE Words<N> words(ptrdiff_t x) const
     {
         return SampleAdjust::offset(by.scale(of.words<N, 1>(x)), offsets<N>(by, ahead));
     }
-    template <int N, int> MEMBER u8<N> bytes(ptrdiff_t x) const
+    template <int N, int> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x) const
     {
         return pack_in_order(words<N, 1>(x), words<N, 1>(x + N / 2));
     }
 };
-OUTLINED void adjust_line_ahead(uint8_t* to, const uint8_t* from, ptrdiff_t samples, SampleAdjust by,
-                                SampleAdjust ahead)
+[[maybe_unused]] static NEVER_INLINE void adjust_line_ahead(uint8_t* to, const uint8_t* from, ptrdiff_t samples,
+                                                            SampleAdjust by, SampleAdjust ahead)
 {
     SameWidth<AdjustAhead>{{by, ahead, {from}}}.store<Stores::cached>(to, 0, samples);
 }

@@ -16,8 +16,8 @@ struct Band {
     ptrdiff_t groups; // of four lines of the surface, made of two of the band
     bool streamed;
 
-    MEMBER bool narrow() const { return interpolated > width; }
-    OP Band of(const tagVideoFrame& frame, int start, int lines, uint8_t* dst, int dst_pitch)
+    ALWAYS_INLINE bool narrow() const { return interpolated > width; }
+    static ALWAYS_INLINE Band of(const tagVideoFrame& frame, int start, int lines, uint8_t* dst, int dst_pitch)
     {
         const int pitch = frame.pitch;
         const bool field = frame.field_mode == 1;
@@ -47,7 +47,8 @@ struct LinePair {
 
 // Interpolated lines of a band narrower than their three blocks are longer than plain ones and reach into the line
 // below, so that there line after line is written.
-template <class Gain> OP void write_pair(const Band& band, const Adjustments& by, const LinePair& p, uint8_t* to)
+template <class Gain>
+ALWAYS_INLINE void write_pair(const Band& band, const Adjustments& by, const LinePair& p, uint8_t* to)
 {
     using Samples = Adjust<Gain, Row>;
     const SourcesStep<Yuy2, Gain::kWidest, Samples, Samples, Samples> step{
@@ -69,7 +70,7 @@ struct NewSamples {
 // The pixels x to `end` of a group's four lines: the band's line, a new one below it, the next line and a new one below
 // that, the second two with new chroma. The last group has no line below: it shows its second line twice.
 template <class Gain>
-OP void write_group(const Band& band, const Adjustments& by, ptrdiff_t group, ptrdiff_t x, ptrdiff_t end)
+ALWAYS_INLINE void write_group(const Band& band, const Adjustments& by, ptrdiff_t group, ptrdiff_t x, ptrdiff_t end)
 {
     const ptrdiff_t chroma = group * band.chroma_step;
     const uint8_t *a = band.y + 2 * group * band.step, *b = a + band.step, *u = band.u + chroma, *v = band.v + chroma;

@@ -19,9 +19,9 @@ struct OnePlane {
     uint8_t* to;
     ptrdiff_t start;
 
-    template <int N> MEMBER u8<N> upper(ptrdiff_t x) const { return load<N>(a + x); }
-    template <int N> MEMBER u8<N> lower(ptrdiff_t x) const { return load<N>(b + x); }
-    template <int N> MEMBER void store(ptrdiff_t x, u8<N> samples) const { put(to + x - start, samples); }
+    template <int N> ALWAYS_INLINE Bytes<N> upper(ptrdiff_t x) const { return load<N>(a + x); }
+    template <int N> ALWAYS_INLINE Bytes<N> lower(ptrdiff_t x) const { return load<N>(b + x); }
+    template <int N> ALWAYS_INLINE void store(ptrdiff_t x, Bytes<N> samples) const { put(to + x - start, samples); }
 };
 
 // Of U in the first half of a register and of V in the second.
@@ -29,48 +29,51 @@ struct BothChroma {
     static constexpr int kPixels = 2;
     OnePlane u, v;
 
-    template <int N> MEMBER u8<N> upper(ptrdiff_t x) const { return load_halves<N>(u.a + x, v.a + x); }
-    template <int N> MEMBER u8<N> lower(ptrdiff_t x) const { return load_halves<N>(u.b + x, v.b + x); }
-    template <int N> MEMBER void store(ptrdiff_t x, u8<N> samples) const
+    template <int N> ALWAYS_INLINE Bytes<N> upper(ptrdiff_t x) const { return load_halves<N>(u.a + x, v.a + x); }
+    template <int N> ALWAYS_INLINE Bytes<N> lower(ptrdiff_t x) const { return load_halves<N>(u.b + x, v.b + x); }
+    template <int N> ALWAYS_INLINE void store(ptrdiff_t x, Bytes<N> samples) const
     {
         put_halves(u.to + x - u.start, v.to + x - v.start, samples);
     }
 };
 
-template <int N, int k, class Lines> OP u8<N> difference_along(const Lines& lines, ptrdiff_t x)
+template <int N, int k, class Lines> ALWAYS_INLINE Bytes<N> difference_along(const Lines& lines, ptrdiff_t x)
 {
     return abs_diff(lines.template upper<N>(x + k), lines.template lower<N>(x - k));
 }
-template <int N, int k, class Lines> OP u8<N> average_along(const Lines& lines, ptrdiff_t x)
+template <int N, int k, class Lines> ALWAYS_INLINE Bytes<N> average_along(const Lines& lines, ptrdiff_t x)
 {
     return avg(lines.template upper<N>(x + k), lines.template lower<N>(x - k));
 }
-template <int N, class Lines> OP u8<N> steep_groups(const Lines& lines, ptrdiff_t x)
+template <int N, class Lines> ALWAYS_INLINE Bytes<N> steep_groups(const Lines& lines, ptrdiff_t x)
 {
     return fours_above(difference_along<N, 0>(lines, x), kStraightUpTo);
 }
 
-template <int N> OP i16<N> least(i16<N> a, i16<N> b) { return {least(a.even, b.even), least(a.odd, b.odd)}; }
+template <int N> ALWAYS_INLINE EvenOddWords<N> min(EvenOddWords<N> a, EvenOddWords<N> b)
+{
+    return {min(a.even, b.even), min(a.odd, b.odd)};
+}
 
 // The best direction's samples. `differences<k>(i)` gives the differences along k of the N samples from the i-th on. A
 // direction's cost, times 8, leaves room for its rank: the least of these sums, at most 4 * 255 * 8 + 4, tells it.
 template <int N, class Lines, class Differences>
-OP u8<N> along_best(const Lines& lines, ptrdiff_t x, const Differences& differences)
+ALWAYS_INLINE Bytes<N> along_best(const Lines& lines, ptrdiff_t x, const Differences& differences)
 {
     auto ranked_costs = [&]<int k>() VSURF_INLINED {
         auto sums = [&](int i) VSURF_INLINED { return pair_sums<8>(differences.template operator()<k>(i)); };
-        const auto rank = half<N>::splat(k + 2);
-        return i16<N>{add(add(sums(0), sums(2)), rank), add(add(sums(1), sums(3)), rank)};
+        const auto rank = Words<N>::splat(k + 2);
+        return EvenOddWords<N>{add(add(sums(0), sums(2)), rank), add(add(sums(1), sums(3)), rank)};
     };
-    auto best = least(ranked_costs.template operator()<-2>(), ranked_costs.template operator()<-1>());
-    best = least(best, ranked_costs.template operator()<0>());
-    best = least(best, ranked_costs.template operator()<1>());
-    best = least(best, ranked_costs.template operator()<2>());
-    const auto rank = bit_and(low_bytes(best), u8<N>::splat(7));
+    auto best = min(ranked_costs.template operator()<-2>(), ranked_costs.template operator()<-1>());
+    best = min(best, ranked_costs.template operator()<0>());
+    best = min(best, ranked_costs.template operator()<1>());
+    best = min(best, ranked_costs.template operator()<2>());
+    const auto rank = bit_and(low_bytes(best), Bytes<N>::splat(7));
 
     auto samples = average_along<N, 0>(lines, x);
     auto take = [&]<int k>() VSURF_INLINED {
-        samples = choose(equal(rank, u8<N>::splat(k + 2)), average_along<N, k>(lines, x), samples);
+        samples = choose(equal(rank, Bytes<N>::splat(k + 2)), average_along<N, k>(lines, x), samples);
     };
     take.template operator()<-2>();
     take.template operator()<-1>();
@@ -80,7 +83,7 @@ OP u8<N> along_best(const Lines& lines, ptrdiff_t x, const Differences& differen
 }
 
 // N samples by themselves: each difference is computed for each of the four places that it has in a window.
-template <int N, class Lines> OP void step_along_edges(const Lines& lines, ptrdiff_t x)
+template <int N, class Lines> ALWAYS_INLINE void step_along_edges(const Lines& lines, ptrdiff_t x)
 {
     const auto straight = average_along<N, 0>(lines, x), steep = steep_groups<N>(lines, x);
     if (!any(steep)) return lines.store(x, straight);
@@ -91,10 +94,10 @@ template <int N, class Lines> OP void step_along_edges(const Lines& lines, ptrdi
 // Whole registers, so many samples at a time: where one group is steep, the differences of all are laid down once and
 // read at their four places.
 constexpr ptrdiff_t kRun = 512;
-OUTLINED void run_along_edges(const OnePlane& lines, ptrdiff_t x, ptrdiff_t end)
+[[maybe_unused]] static NEVER_INLINE void run_along_edges(const OnePlane& lines, ptrdiff_t x, ptrdiff_t end)
 {
-    constexpr int N = kLanes;
-    auto seen = u8<N>::splat(0);
+    constexpr int N = kRegister;
+    auto seen = Bytes<N>::splat(0);
     for (ptrdiff_t at = x; at < end; at += N) {
         lines.store(at, average_along<N, 0>(lines, at));
         seen = bit_or(seen, steep_groups<N>(lines, at));
@@ -120,22 +123,23 @@ OUTLINED void run_along_edges(const OnePlane& lines, ptrdiff_t x, ptrdiff_t end)
 }
 
 // Goes as far as whole registers reach, and tells how far that was.
-OP ptrdiff_t runs_along_edges(const OnePlane& lines, ptrdiff_t x, ptrdiff_t end)
+ALWAYS_INLINE ptrdiff_t runs_along_edges(const OnePlane& lines, ptrdiff_t x, ptrdiff_t end)
 {
-    const ptrdiff_t whole = x + ((end - x) & -kLanes);
+    const ptrdiff_t whole = x + ((end - x) & -kRegister);
     for (; x < whole; x += kRun) run_along_edges(lines, x, whole - x < kRun ? whole : x + kRun);
     return whole;
 }
-OP ptrdiff_t runs_along_edges(const BothChroma& lines, ptrdiff_t x, ptrdiff_t end)
+ALWAYS_INLINE ptrdiff_t runs_along_edges(const BothChroma& lines, ptrdiff_t x, ptrdiff_t end)
 {
     runs_along_edges(lines.u, x, end);
     return runs_along_edges(lines.v, x, end);
 }
 
-OP ptrdiff_t within(ptrdiff_t x, ptrdiff_t from, ptrdiff_t to) { return x < from ? from : x > to ? to : x; }
+ALWAYS_INLINE ptrdiff_t within(ptrdiff_t x, ptrdiff_t from, ptrdiff_t to) { return x < from ? from : x > to ? to : x; }
 
 // The pixels from `x` to `end` of a line of `width`, whose first and last block are averaged straight down.
-template <class Lines> OUTLINED void interpolate(const Lines& lines, ptrdiff_t x, ptrdiff_t end, ptrdiff_t width)
+template <class Lines>
+[[maybe_unused]] static NEVER_INLINE void interpolate(const Lines& lines, ptrdiff_t x, ptrdiff_t end, ptrdiff_t width)
 {
     constexpr int pixels = Lines::kPixels;
     auto straight = [&]<int N>(ptrdiff_t at)
@@ -144,7 +148,7 @@ template <class Lines> OUTLINED void interpolate(const Lines& lines, ptrdiff_t x
     const ptrdiff_t first = within(kBlock, x, end), last = within(width - kBlock, x, end);
     along<kBlock, kBlock>(x, first, straight);
     const ptrdiff_t done = pixels * runs_along_edges(lines, first / pixels, last / pixels);
-    along<kLanes, kBlock>(done, last, edges);
+    along<kRegister, kBlock>(done, last, edges);
     along<kBlock, kBlock>(last, end, straight);
 }
 

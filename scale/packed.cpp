@@ -11,15 +11,15 @@ namespace vsurf::VSURF_ISA {
 
 // N bytes of packed pixels, and of what goes between their samples.
 template <int N> struct DoubledPacked {
-    u8<N> own, between;
+    Bytes<N> own, between;
 };
-template <int N> OP DoubledPacked<N> avg(DoubledPacked<N> a, DoubledPacked<N> b)
+template <int N> ALWAYS_INLINE DoubledPacked<N> avg(DoubledPacked<N> a, DoubledPacked<N> b)
 {
     return {avg(a.own, b.own), avg(a.between, b.between)};
 }
 
 // N bytes, those with the next luma bytes, and those with the next chroma bytes.
-template <int N> OP DoubledPacked<N> doubled(u8<N> own, u8<N> next_luma, u8<N> next_chroma)
+template <int N> ALWAYS_INLINE DoubledPacked<N> doubled(Bytes<N> own, Bytes<N> next_luma, Bytes<N> next_chroma)
 {
     return {own, evens_and_odds(avg(own, next_luma), avg(own, next_chroma))};
 }
@@ -27,7 +27,7 @@ template <int N> OP DoubledPacked<N> doubled(u8<N> own, u8<N> next_luma, u8<N> n
 // A line of packed pixels, and where its chroma looks ahead, which may differ;
 struct PackedLine {
     const uint8_t *own, *ahead;
-    template <int N> MEMBER DoubledPacked<N> pixels(ptrdiff_t x) const
+    template <int N> ALWAYS_INLINE DoubledPacked<N> pixels(ptrdiff_t x) const
     {
         constexpr int weave = kDoubledWeave<N>;
         return doubled(load<N, weave>(own + x), load<N, weave>(own + x + 2), load<N, weave>(ahead + x + 4));
@@ -36,7 +36,7 @@ struct PackedLine {
 // or its end, where the last samples are their own neighbours.
 struct PackedEnd {
     const uint8_t* own;
-    template <int N> MEMBER DoubledPacked<N> pixels(ptrdiff_t x) const
+    template <int N> ALWAYS_INLINE DoubledPacked<N> pixels(ptrdiff_t x) const
     {
         auto bytes = load<N>(own + x);
         return doubled(bytes, neighbours_to_the_end<2>(bytes), neighbours_to_the_end<4>(bytes));
@@ -50,27 +50,27 @@ template <int widest, class Pixels> struct PackedDoubledStep {
     Pixels own, below;
 
     struct Nothing {};
-    template <int N> MEMBER Nothing chroma(Position, ptrdiff_t) const { return {}; }
-    template <Line line, int N> MEMBER DoubledPacked<N> luma(Position, ptrdiff_t x) const
+    template <int N> ALWAYS_INLINE Nothing chroma(Position, ptrdiff_t) const { return {}; }
+    template <Line line, int N> ALWAYS_INLINE DoubledPacked<N> luma(Position, ptrdiff_t x) const
     {
         auto pixels = own.template pixels<N>(x);
         if constexpr (line == Line::upper) return pixels;
         else return avg(pixels, below.template pixels<N>(x));
     }
     template <Stores S, Line, int N>
-    MEMBER void store(Position at, ptrdiff_t x, const DoubledPacked<N>& d, Nothing) const
+    ALWAYS_INLINE void store(Position at, ptrdiff_t x, const DoubledPacked<N>& d, Nothing) const
     {
-        store_doubled_yuyv<S>(at.dst + x * kBytes, d.own, d.between);
+        store_doubled_yuyv(to<S>(at.dst + x * kBytes), d.own, d.between);
     }
 };
 
 constexpr int kStrip = 2 * kBlock; // bytes of 16 pixels
 
-OUTLINED void write_doubled(PackedLine own, PackedLine below, uint8_t* upper, uint8_t* lower, ptrdiff_t bytes,
-                            bool last, bool streamed)
+[[maybe_unused]] static NEVER_INLINE void write_doubled(PackedLine own, PackedLine below, uint8_t* upper,
+                                                        uint8_t* lower, ptrdiff_t bytes, bool last, bool streamed)
 {
     const ptrdiff_t ahead = last ? bytes - kStrip : bytes;
-    const PackedDoubledStep<kLanes, PackedLine> step{own, below};
+    const PackedDoubledStep<kRegister, PackedLine> step{own, below};
     write_two_lines(step, upper, lower, ahead, streamed);
     if (!last) return;
     const PackedDoubledStep<kBlock, PackedEnd> closing{{own.own}, {below.own}};
@@ -81,27 +81,27 @@ OUTLINED void write_doubled(PackedLine own, PackedLine below, uint8_t* upper, ui
 // A line adjusted once, and once more as the 16 pixels before look ahead to it. Irregular: there U's offset serves V
 // and V's serves U.
 template <class Gain> struct AdjustedLine : AdjustedBytes<Gain> {
-    template <int N> MEMBER half<N> chroma_ahead(u8<N> bytes, ptrdiff_t x) const
+    template <int N> ALWAYS_INLINE Words<N> chroma_ahead(Bytes<N> bytes, ptrdiff_t x) const
     {
         static constexpr FirstOf<16, 2> crossing; // of 16 chroma bytes a U and a V
         const int u = this->by.u.lifted_offset, v = this->by.v.lifted_offset;
-        auto more = mullo(load_chroma<N>(crossing.at + (x & kBlock) / 2), half<N>::alternate(v - u, u - v));
+        auto more = mullo(load_chroma<N>(crossing.at + (x & kBlock) / 2), Words<N>::alternate(v - u, u - v));
         return SampleAdjust::offset(Gain::scale(this->by.u, Gain::split(bytes).odd),
-                                    add(half<N>::alternate(u, v), more));
+                                    add(Words<N>::alternate(u, v), more));
     }
-    MEMBER void take(const uint8_t* from, ptrdiff_t size, uint8_t* own, uint8_t* ahead) const
+    ALWAYS_INLINE void take(const uint8_t* from, ptrdiff_t size, uint8_t* own, uint8_t* ahead) const
     {
         along<Gain::kWidest, kBlock>(0, size, [=, this]<int N>(ptrdiff_t x) VSURF_INLINED {
             auto bytes = load<N>(from + x);
             auto luma = this->luma(bytes);
-            put(own + x, join(i16<N>{luma, this->chroma(bytes)}));
-            put(ahead + x, join(i16<N>{luma, this->chroma_ahead(bytes, x)}));
+            put(own + x, join(EvenOddWords<N>{luma, this->chroma(bytes)}));
+            put(ahead + x, join(EvenOddWords<N>{luma, this->chroma_ahead(bytes, x)}));
         });
     }
 };
 
-OUTLINED void adjust_packed_line(const uint8_t* from, ptrdiff_t size, uint8_t* own, uint8_t* ahead,
-                                 const Adjustments& by)
+[[maybe_unused]] static NEVER_INLINE void adjust_packed_line(const uint8_t* from, ptrdiff_t size, uint8_t* own,
+                                                             uint8_t* ahead, const Adjustments& by)
 {
     if (CommonGain::suits(by)) AdjustedLine<CommonGain>{{by}}.take(from, size, own, ahead);
     else AdjustedLine<AnyGain>{{by}}.take(from, size, own, ahead);
@@ -115,7 +115,7 @@ struct PackedEnlargement {
     int height;           // even
     bool streamed;
 
-    OP PackedEnlargement of(void* src, void* dst, int line_bytes, int height, int dst_pitch)
+    static ALWAYS_INLINE PackedEnlargement of(void* src, void* dst, int line_bytes, int height, int dst_pitch)
     {
         auto to = static_cast<uint8_t*>(dst);
         const ptrdiff_t whole = rounds(line_bytes <= kStrip ? kStrip + 1 : line_bytes, kStrip) * kStrip;
@@ -128,9 +128,9 @@ struct PackedEnlargement {
                 even,
                 streams(to, dst_pitch, 2 * whole, 2 * ptrdiff_t{even})};
     }
-    MEMBER int below(int line) const { return line + 1 < height ? line + 1 : line; }
+    ALWAYS_INLINE int below(int line) const { return line + 1 < height ? line + 1 : line; }
 
-    MEMBER void from_picture() const
+    ALWAYS_INLINE void from_picture() const
     {
         auto packed_line = [this](int i) VSURF_INLINED {
             const uint8_t* at = this->src + i * this->src_pitch;
@@ -142,7 +142,7 @@ struct PackedEnlargement {
         if (streamed) fence_streaming();
     }
 
-    MEMBER void from_adjusted(const Adjustments& by) const
+    ALWAYS_INLINE void from_adjusted(const Adjustments& by) const
     {
         constexpr ptrdiff_t part = 4096; // bytes; 16 KiB of stack
         uint8_t own[2][part + kStrip], ahead[2][part + kStrip];

@@ -5,19 +5,20 @@
 
 namespace vsurf::VSURF_ISA {
 
-OP ptrdiff_t whole_blocks(int width) { return rounds(width < 0 ? 0 : width, kBlock) * kBlock; }
+ALWAYS_INLINE ptrdiff_t whole_blocks(int width) { return rounds(width < 0 ? 0 : width, kBlock) * kBlock; }
 
 // Twice the height, by averages.
 template <class Sink>
-OUTLINED void write_taller(Sink sink, const Rows& r, uint8_t* upper, uint8_t* lower, ptrdiff_t pixels, bool streamed)
+[[maybe_unused]] static NEVER_INLINE void write_taller(Sink sink, const Rows& r, uint8_t* upper, uint8_t* lower,
+                                                       ptrdiff_t pixels, bool streamed)
 {
     using Between = Average<Row>;
-    const SourcesStep<Sink, kLanes, Row, Between, Between> step{
+    const SourcesStep<Sink, kRegister, Row, Between, Between> step{
         r.y, {r.y, r.y_below}, {r.u, r.u_below}, {r.v, r.v_below}, sink};
     write_two_lines(step, upper, lower, pixels, streamed);
 }
 
-template <class Sink> OP auto taller(Sink sink)
+template <class Sink> ALWAYS_INLINE auto taller(Sink sink)
 {
     return [=](const Rows& r, uint8_t* upper, uint8_t* lower, ptrdiff_t pixels, bool, bool streamed)
                VSURF_INLINED { write_taller(sink, r, upper, lower, pixels, streamed); };
@@ -29,7 +30,7 @@ LOADER_EXPORT(strech_picture_1X2_yuy2)
     Enlargement::of(PICTURE, whole_blocks(width), Yuy2::kBytes).from_picture(taller(Yuy2{}));
 }
 
-template <class Sink> OP void write_taller_adjusted(const Picture& p, Sink sink)
+template <class Sink> ALWAYS_INLINE void write_taller_adjusted(const Picture& p, Sink sink)
 {
     const auto e = Enlargement::of(p, whole_blocks(p.width), Sink::kBytes);
     e.from_adjusted(adjustments_now(), LookAhead::none, taller(sink));
@@ -51,14 +52,14 @@ LOADER_EXPORT(strech_picture_1X2_yuy2_ajust_rgb16)
 }
 
 // New lines of four lines, from `line` - 1 on.
-OP FourTap filtered(const uint8_t* plane, ptrdiff_t pitch, int line)
+ALWAYS_INLINE FourTap filtered(const uint8_t* plane, ptrdiff_t pitch, int line)
 {
     const uint8_t* row = plane + line * pitch;
     return {{row - pitch}, {row}, {row + pitch}, {row + 2 * pitch}};
 }
 
 // The filter needs two lines on either side, and keeps away from one line more at the top of the luma plane.
-template <class Gain> OP void write_filtered(const Enlargement& e, const Adjustments& by)
+template <class Gain> ALWAYS_INLINE void write_filtered(const Enlargement& e, const Adjustments& by)
 {
     auto adjust = []<class Of>(SampleAdjust how, Of of) VSURF_INLINED { return Adjust<Gain, Of>{how, of}; };
     e.each_line(e.start.dst, [&](Neighbours n, uint8_t* upper, uint8_t* lower) VSURF_INLINED {
@@ -90,12 +91,13 @@ LOADER_EXPORT(strech_picture_1X2_yuy2_ajust)
 }
 
 // Twice the width and height.
-OUTLINED void write_doubled(const Rows& r, uint8_t* upper, uint8_t* lower, ptrdiff_t pixels, bool last, bool streamed)
+[[maybe_unused]] static NEVER_INLINE void write_doubled(const Rows& r, uint8_t* upper, uint8_t* lower, ptrdiff_t pixels,
+                                                        bool last, bool streamed)
 {
     const ptrdiff_t ahead = last ? pixels - kBlock : pixels;
     const Doubled y{r.y, r.y}, y_below{r.y_below, r.y_below}, u{r.u, r.u_ahead}, u_below{r.u_below, r.u_ahead_below};
     const Doubled v{r.v, r.v}, v_below{r.v_below, r.v_below};
-    const DoubledStep<kLanes, Doubled> step{{y, y_below}, {u, u_below}, {v, v_below}};
+    const DoubledStep<kRegister, Doubled> step{{y, y_below}, {u, u_below}, {v, v_below}};
     write_two_lines(step, upper, lower, ahead, streamed);
     if (!last) return;
     const DoubledStep<kBlock, DoubledToTheEnd> closing{

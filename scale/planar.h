@@ -12,7 +12,7 @@ namespace vsurf::VSURF_ISA {
 struct Neighbours {
     int y, y_below, c, c_below;
 
-    OP Neighbours of(int y, int height)
+    static ALWAYS_INLINE Neighbours of(int y, int height)
     {
         const int c = y / 2;
         return {y, y + 1 < height ? y + 1 : y, c, y % 2 != 0 && c + 1 < height / 2 ? c + 1 : c};
@@ -31,7 +31,7 @@ constexpr ptrdiff_t kPartAndAhead = kPart + kBlock;
 struct AdjustedPart {
     uint8_t y[2][kPartAndAhead], u[2][kPartAndAhead / 2], v[2][kPartAndAhead / 2], u_ahead[2][kPartAndAhead / 2];
 
-    MEMBER Rows rows(Neighbours n) const
+    ALWAYS_INLINE Rows rows(Neighbours n) const
     {
         const int luma = n.y & 1, below = n.y_below & 1, c = n.c & 1, c_below = n.c_below & 1;
         return {{y[luma]}, {y[below]}, {u[c]}, {u[c_below]}, {v[c]}, {v[c_below]}, {u_ahead[c]}, {u_ahead[c_below]}};
@@ -48,23 +48,23 @@ struct Enlargement {
     ptrdiff_t bytes; // of the surface, a source pixel
     bool streamed;
 
-    OP Enlargement of(const Picture& p, ptrdiff_t width, int bytes)
+    static ALWAYS_INLINE Enlargement of(const Picture& p, ptrdiff_t width, int bytes)
     {
         const int height = p.height & ~1;
         const bool streamed = streams(p.start.dst, p.dst_pitch, bytes * width, 2 * ptrdiff_t{height});
         return {p.start, p.y_pitch, p.y_pitch >> 1, p.dst_pitch, width, height, bytes, streamed};
     }
 
-    MEMBER Row y(int line) const { return {start.y + line * pitch}; }
-    MEMBER Row u(int line) const { return {start.u + line * chroma_pitch}; }
-    MEMBER Row v(int line) const { return {start.v + line * chroma_pitch}; }
-    MEMBER Rows rows(Neighbours n) const
+    ALWAYS_INLINE Row y(int line) const { return {start.y + line * pitch}; }
+    ALWAYS_INLINE Row u(int line) const { return {start.u + line * chroma_pitch}; }
+    ALWAYS_INLINE Row v(int line) const { return {start.v + line * chroma_pitch}; }
+    ALWAYS_INLINE Rows rows(Neighbours n) const
     {
         return {y(n.y), y(n.y_below), u(n.c), u(n.c_below), v(n.c), v(n.c_below), u(n.c), u(n.c_below)};
     }
 
     // `two_lines(neighbours, upper, lower)` writes the two lines of the surface that a source line makes.
-    template <class Work> MEMBER void each_line(uint8_t* to, const Work& two_lines) const
+    template <class Work> ALWAYS_INLINE void each_line(uint8_t* to, const Work& two_lines) const
     {
         for (int line = 0; line < height; line++, to += 2 * dst_pitch)
             two_lines(Neighbours::of(line, height), to, to + dst_pitch);
@@ -72,7 +72,7 @@ struct Enlargement {
 
     // `write(rows, upper, lower, pixels, last, streamed)` writes so many pixels of the two lines; `last` tells whether
     // they end the line. From the picture itself,
-    template <class Write> MEMBER void from_picture(const Write& write) const
+    template <class Write> ALWAYS_INLINE void from_picture(const Write& write) const
     {
         each_line(start.dst, [&](Neighbours n, uint8_t* upper, uint8_t* lower)
                                  VSURF_INLINED { write(rows(n), upper, lower, width, true, streamed); });
@@ -80,7 +80,8 @@ struct Enlargement {
     }
 
     // or from adjusted samples.
-    template <class Write> MEMBER void from_adjusted(const Adjustments& by, LookAhead ahead, const Write& write) const
+    template <class Write>
+    ALWAYS_INLINE void from_adjusted(const Adjustments& by, LookAhead ahead, const Write& write) const
     {
         AdjustedPart part;
         each_part<kPart>(width, [&](ptrdiff_t x, ptrdiff_t pixels, bool last) VSURF_INLINED {

@@ -11,12 +11,12 @@ template <class Of> struct SameWidth {
     static constexpr int kBytes = 1, kBlockSamples = 16;
     Of of;
 
-    MEMBER void store_block(uint8_t* to, ptrdiff_t x) const { put(to + x, of.template bytes<16, 1>(x)); }
+    ALWAYS_INLINE void store_block(uint8_t* to, ptrdiff_t x) const { put(to + x, of.template bytes<16, 1>(x)); }
 
-    template <Stores S> MEMBER void store(uint8_t* to, ptrdiff_t x, ptrdiff_t end) const
+    template <Stores S> ALWAYS_INLINE void store(uint8_t* to, ptrdiff_t x, ptrdiff_t end) const
     {
-        along<kLanes, 16>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED {
-            put<S>(to + at, this->of.template bytes<N, 1>(at));
+        along<kRegister, 16>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED {
+            put(VSURF_ISA::to<S>(to + at), this->of.template bytes<N, 1>(at));
         });
         if (end & 8 && x != end) {
             auto eight = of.template words<16, 1>(end - 8);
@@ -30,23 +30,23 @@ template <class Of> struct DoubleWidth {
     static constexpr int kBytes = 2, kBlockSamples = 8;
     Of of;
 
-    MEMBER void store_block(uint8_t* to, ptrdiff_t x) const
+    ALWAYS_INLINE void store_block(uint8_t* to, ptrdiff_t x) const
     {
         put(to + 2 * x, in_line(of.template word_pairs<16, 1>(x)));
     }
 
-    template <Stores S> MEMBER void store(uint8_t* to, ptrdiff_t x, ptrdiff_t end) const
+    template <Stores S> ALWAYS_INLINE void store(uint8_t* to, ptrdiff_t x, ptrdiff_t end) const
     {
-        along<kLanes, 16>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED {
+        along<kRegister, 16>(x, end, [=, this]<int N>(ptrdiff_t at) VSURF_INLINED {
             auto pairs = this->of.template byte_pairs<N, 2>(at);
-            store_pairs<S>(to + 2 * at, pairs.own, pairs.between);
+            store_pairs(VSURF_ISA::to<S>(to + 2 * at), pairs.own, pairs.between);
         });
         if (end & 8 && x != end) store_block(to, end - 8);
     }
 };
 
 // Whole cache lines are streamed, a rest is stored as usual.
-template <class Shape> OP void write_line(const Shape& shape, uint8_t* to, ptrdiff_t samples, bool streamed)
+template <class Shape> ALWAYS_INLINE void write_line(const Shape& shape, uint8_t* to, ptrdiff_t samples, bool streamed)
 {
     const ptrdiff_t whole = streamed ? samples & -(kCacheLine / Shape::kBytes) : 0;
     if (streamed) shape.template store<Stores::streaming>(to, 0, whole);
@@ -55,8 +55,8 @@ template <class Shape> OP void write_line(const Shape& shape, uint8_t* to, ptrdi
 
 // Where two lines overlap their blocks alternate, and the bytes stored last stay.
 template <class Upper, class Lower>
-OP void write_two_lines(const Upper& upper, const Lower& lower, uint8_t* to, ptrdiff_t pitch, ptrdiff_t samples,
-                        bool streamed)
+ALWAYS_INLINE void write_two_lines(const Upper& upper, const Lower& lower, uint8_t* to, ptrdiff_t pitch,
+                                   ptrdiff_t samples, bool streamed)
 {
     const ptrdiff_t bytes = samples * Upper::kBytes;
     if (pitch < bytes && -pitch < bytes) {
@@ -74,12 +74,12 @@ template <class Gain, class Of> struct AdjustPairs {
     SampleAdjust by;
     Of of;
 
-    template <int N, int W> MEMBER Pair<u8<N>> byte_pairs(ptrdiff_t x) const
+    template <int N, int W> ALWAYS_INLINE Pair<Bytes<N>> byte_pairs(ptrdiff_t x) const
     {
         auto pairs = of.template byte_pairs<N, W>(x);
         return {adjusted<Gain>(by, pairs.own), adjusted<Gain>(by, pairs.between)};
     }
-    template <int N, int W> MEMBER Pair<half<N>> word_pairs(ptrdiff_t x) const
+    template <int N, int W> ALWAYS_INLINE Pair<Words<N>> word_pairs(ptrdiff_t x) const
     {
         auto pairs = of.template word_pairs<N, W>(x);
         return {by(pairs.own), by(pairs.between)};

@@ -13,12 +13,12 @@ struct PlaneLines {
     ptrdiff_t src_pitch, dst_pitch;
     ptrdiff_t lines; // of the source
 
-    MEMBER Row row(ptrdiff_t line) const { return {src + line * src_pitch}; }
-    MEMBER uint8_t* to(ptrdiff_t line) const { return dst + line * dst_pitch; }
+    ALWAYS_INLINE Row row(ptrdiff_t line) const { return {src + line * src_pitch}; }
+    ALWAYS_INLINE uint8_t* to(ptrdiff_t line) const { return dst + line * dst_pitch; }
 };
 
 // Irregular: ordinary strips write their last line to the line below the plane, and leave the plane's own.
-OP void double_ordinary(const PlaneLines& p, ptrdiff_t samples, bool streamed)
+ALWAYS_INLINE void double_ordinary(const PlaneLines& p, ptrdiff_t samples, bool streamed)
 {
     for (ptrdiff_t i = 0; i < p.lines; i++) {
         const bool last = i + 1 == p.lines;
@@ -29,7 +29,7 @@ OP void double_ordinary(const PlaneLines& p, ptrdiff_t samples, bool streamed)
     }
 }
 
-OP void double_last_strip(const PlaneLines& p)
+ALWAYS_INLINE void double_last_strip(const PlaneLines& p)
 {
     for (ptrdiff_t i = 0; i < p.lines; i++) {
         const DoubledToTheEnd own{p.row(i)}, below{p.row(i + 1 == p.lines ? i : i + 1)};
@@ -60,7 +60,7 @@ void strech_pic_2X2(unsigned char* src, unsigned char* dst, int width, int heigh
 }
 
 // Irregular: every plane takes `luma_gain`; 2 and 3 take the offsets of U and V.
-OP SampleAdjust adjustment_of(int plane)
+ALWAYS_INLINE SampleAdjust adjustment_of(int plane)
 {
     const auto s = current_adjustment();
     return SampleAdjust::of(s.luma_gain, plane == 2 ? s.u_offset : plane == 3 ? s.v_offset : s.luma_offset);
@@ -71,7 +71,7 @@ OP SampleAdjust adjustment_of(int plane)
 struct Rounds {
     ptrdiff_t width, blocks_of_8, blocks_of_16, rest, count;
 
-    OP Rounds of(int width, int height)
+    static ALWAYS_INLINE Rounds of(int width, int height)
     {
         const int whole = width & ~15;
         return {width, rounds(width < 0 ? 0 : width, 8) * 8, whole < 16 ? 16 : whole, width & 15,
@@ -81,7 +81,8 @@ struct Rounds {
 
 // The closing block is not doubled.
 template <class Gain>
-OP void write_closing(uint8_t* to, ptrdiff_t dst_pitch, const uint8_t* src, ptrdiff_t src_pitch, SampleAdjust by)
+ALWAYS_INLINE void write_closing(uint8_t* to, ptrdiff_t dst_pitch, const uint8_t* src, ptrdiff_t src_pitch,
+                                 SampleAdjust by)
 {
     const Row own{src}, below{src + src_pitch};
     put(to, Adjust<Gain, Row>{by, own}.template bytes<16, 1>(0));
@@ -91,7 +92,8 @@ OP void write_closing(uint8_t* to, ptrdiff_t dst_pitch, const uint8_t* src, ptrd
 // Irregular: starts one line lower than `strech_pic_2X2`, so that the last source line gets lost; steps down the source
 // by the width; ends each round to the left of where it should where the width is no multiple of 16; and writes the
 // last line's copy right after it, which is the next line of a packed plane alone.
-template <class Gain> OP void double_adjusted(PlaneLines p, const Rounds& rounds, SampleAdjust by, bool streamed)
+template <class Gain>
+ALWAYS_INLINE void double_adjusted(PlaneLines p, const Rounds& rounds, SampleAdjust by, bool streamed)
 {
     using One = AdjustPairs<Gain, Doubled>;
     using Two = AdjustPairs<Gain, Between<Doubled>>;
@@ -130,7 +132,8 @@ void strech_pic_2X2_adjust(unsigned char* src, unsigned char* dst, int width, in
 }
 
 // Irregular: the same shift, loss and last copy; both pitches are followed.
-template <class Gain> OP void heighten_adjusted(PlaneLines p, const Rounds& rounds, SampleAdjust by, bool streamed)
+template <class Gain>
+ALWAYS_INLINE void heighten_adjusted(PlaneLines p, const Rounds& rounds, SampleAdjust by, bool streamed)
 {
     using One = Adjust<Gain, Row>;
     using Two = Adjust<Gain, Average<Row>>;
@@ -168,7 +171,8 @@ void strech_pic_1X2_adjust(unsigned char* src, unsigned char* dst, int width, in
 
 // The V plane follows the luma plane, the U plane follows V. Irregular: as planes 2 and 3, V takes `u_offset` and U
 // takes `v_offset`.
-template <class Enlarge> OP void enlarge_planes(const Picture& p, ajust_contrast_info* info, const Enlarge& enlarge)
+template <class Enlarge>
+ALWAYS_INLINE void enlarge_planes(const Picture& p, ajust_contrast_info* info, const Enlarge& enlarge)
 {
     auto plane = [&](const uint8_t* from, uint8_t* to, int halved, int number) VSURF_INLINED {
         enlarge(const_cast<uint8_t*>(from), to, p.width >> halved, p.height >> halved, p.y_pitch >> halved,

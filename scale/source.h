@@ -12,27 +12,27 @@ namespace vsurf::VSURF_ISA {
 struct Row {
     const uint8_t* samples;
 
-    template <int N, int W> MEMBER u8<N> bytes(ptrdiff_t x) const { return load<N, W>(samples + x); }
-    template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const { return load_chroma<N, W>(samples + x); }
+    template <int N, int W> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x) const { return load<N, W>(samples + x); }
+    template <int N, int W> ALWAYS_INLINE Words<N> words(ptrdiff_t x) const { return load_chroma<N, W>(samples + x); }
 };
 
-OP Row operator+(Row row, ptrdiff_t x) { return {row.samples + x}; }
+ALWAYS_INLINE Row operator+(Row row, ptrdiff_t x) { return {row.samples + x}; }
 
 // (a + b + 1) >> 1; of a line with itself, the line.
 template <class Of> struct Average {
     Of a, b;
 
-    template <int N, int W> MEMBER u8<N> bytes(ptrdiff_t x) const
+    template <int N, int W> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x) const
     {
         return avg(a.template bytes<N, W>(x), b.template bytes<N, W>(x));
     }
-    template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const
+    template <int N, int W> ALWAYS_INLINE Words<N> words(ptrdiff_t x) const
     {
         return avg(a.template words<N, W>(x), b.template words<N, W>(x));
     }
 };
 template <class Of> Average(Of, Of) -> Average<Of>;
-template <class Of> OP Average<Of> operator+(Average<Of> average, ptrdiff_t x)
+template <class Of> ALWAYS_INLINE Average<Of> operator+(Average<Of> average, ptrdiff_t x)
 {
     return {average.a + x, average.b + x};
 }
@@ -42,17 +42,18 @@ template <class Of> OP Average<Of> operator+(Average<Of> average, ptrdiff_t x)
 struct FourTap {
     Row a, b, c, d;
 
-    template <int N, int W> MEMBER u8<N> bytes(ptrdiff_t x) const
+    template <int N, int W> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x) const
     {
         auto inner = widened_sums<5>(b.bytes<N, W>(x), c.bytes<N, W>(x));
         auto outer = widened_sums<1>(a.bytes<N, W>(x), d.bytes<N, W>(x));
-        return narrow(wide<N>{shr_signed<3>(sub(inner.low, outer.low)), shr_signed<3>(sub(inner.high, outer.high))});
+        return narrow(
+            LowHighWords<N>{shr_signed<3>(sub(inner.low, outer.low)), shr_signed<3>(sub(inner.high, outer.high))});
     }
-    template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const
+    template <int N, int W> ALWAYS_INLINE Words<N> words(ptrdiff_t x) const
     {
         auto inner = add(b.words<N, W>(x), c.words<N, W>(x)), outer = add(a.words<N, W>(x), d.words<N, W>(x));
         auto sum = shr_signed<3>(sub(add(shl<2>(inner), inner), outer));
-        return least(most(sum, half<N>::splat(0)), half<N>::splat(255));
+        return min(max(sum, Words<N>::splat(0)), Words<N>::splat(255));
     }
 };
 
@@ -60,11 +61,11 @@ template <class Gain, class Of> struct Adjust {
     SampleAdjust by;
     Of of;
 
-    template <int N, int W> MEMBER u8<N> bytes(ptrdiff_t x) const
+    template <int N, int W> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x) const
     {
         return adjusted<Gain>(by, of.template bytes<N, W>(x));
     }
-    template <int N, int W> MEMBER half<N> words(ptrdiff_t x) const { return by(of.template words<N, W>(x)); }
+    template <int N, int W> ALWAYS_INLINE Words<N> words(ptrdiff_t x) const { return by(of.template words<N, W>(x)); }
 };
 
 // 1 for the first `count` of every `period` samples, else 0: those that the block before looks ahead to.

@@ -5,117 +5,127 @@
 
 namespace vsurf::VSURF_ISA {
 
-OP __m128i* xmm(uint8_t* p) { return reinterpret_cast<__m128i*>(p); }
-OP const __m128i* xmm(const uint8_t* p) { return reinterpret_cast<const __m128i*>(p); }
+#if !defined __AVX2__
+constexpr int kRegister = 16;
+#endif
+constexpr bool kStoresPastCaches = true;
 
-OP short as_word(int x) { return static_cast<short>(x); }
+ALWAYS_INLINE __m128i* xmm(uint8_t* p) { return reinterpret_cast<__m128i*>(p); }
+ALWAYS_INLINE const __m128i* xmm(const uint8_t* p) { return reinterpret_cast<const __m128i*>(p); }
 
-template <> struct u8<16> {
+ALWAYS_INLINE short as_word(int x) { return static_cast<short>(x); }
+
+template <> struct Bytes<16> {
     __m128i v;
-    OP u8 splat(int x) { return {_mm_set1_epi8(static_cast<char>(x))}; }
-    OP u8 repeat(const int8_t* pattern16) { return {_mm_load_si128(reinterpret_cast<const __m128i*>(pattern16))}; }
+    static ALWAYS_INLINE Bytes splat(int x) { return {_mm_set1_epi8(static_cast<char>(x))}; }
+    static ALWAYS_INLINE Bytes repeat(const int8_t* pattern16)
+    {
+        return {_mm_load_si128(reinterpret_cast<const __m128i*>(pattern16))};
+    }
 };
-template <> struct half<16> {
+template <> struct Words<16> {
     __m128i v;
-    OP half splat(int x) { return {_mm_set1_epi16(static_cast<short>(x))}; }
-    OP half alternate(int x, int y) { return {_mm_set1_epi32((x & 0xffff) | y * 0x10000)}; }
-    OP half repeat(int a, int b, int c, int d)
+    static ALWAYS_INLINE Words splat(int x) { return {_mm_set1_epi16(static_cast<short>(x))}; }
+    static ALWAYS_INLINE Words alternate(int x, int y) { return {_mm_set1_epi32((x & 0xffff) | y * 0x10000)}; }
+    static ALWAYS_INLINE Words repeat(int a, int b, int c, int d)
     {
         return {_mm_setr_epi16(as_word(a), as_word(b), as_word(c), as_word(d), as_word(a), as_word(b), as_word(c),
                                as_word(d))};
     }
 };
 
-OP half<16> add(half<16> a, half<16> b) { return {_mm_add_epi16(a.v, b.v)}; }
-OP half<16> sub(half<16> a, half<16> b) { return {_mm_sub_epi16(a.v, b.v)}; }
-OP half<16> add_sat(half<16> a, half<16> b) { return {_mm_adds_epi16(a.v, b.v)}; }
-OP half<16> sub_sat_unsigned(half<16> a, half<16> b) { return {_mm_subs_epu16(a.v, b.v)}; }
-OP half<16> mulhi(half<16> a, half<16> b) { return {_mm_mulhi_epi16(a.v, b.v)}; }
-OP half<16> mullo(half<16> a, half<16> b) { return {_mm_mullo_epi16(a.v, b.v)}; }
-OP half<16> mulhi_unsigned(half<16> a, half<16> b) { return {_mm_mulhi_epu16(a.v, b.v)}; }
-OP half<16> avg(half<16> a, half<16> b) { return {_mm_avg_epu16(a.v, b.v)}; }
-OP half<16> bit_or(half<16> a, half<16> b) { return {_mm_or_si128(a.v, b.v)}; }
-OP half<16> least(half<16> a, half<16> b) { return {_mm_min_epi16(a.v, b.v)}; }
-OP half<16> most(half<16> a, half<16> b) { return {_mm_max_epi16(a.v, b.v)}; }
-template <int K> OP half<16> shl(half<16> a) { return {_mm_slli_epi16(a.v, K)}; }
-template <int K> OP half<16> shr(half<16> a) { return {_mm_srli_epi16(a.v, K)}; }
-OP half<16> shl(half<16> a, int count) { return {_mm_sll_epi16(a.v, _mm_cvtsi32_si128(count))}; }
-OP half<16> shr(half<16> a, int count) { return {_mm_srl_epi16(a.v, _mm_cvtsi32_si128(count))}; }
-template <int K> OP half<16> shr_signed(half<16> a) { return {_mm_srai_epi16(a.v, K)}; }
+ALWAYS_INLINE Words<16> add(Words<16> a, Words<16> b) { return {_mm_add_epi16(a.v, b.v)}; }
+ALWAYS_INLINE Words<16> sub(Words<16> a, Words<16> b) { return {_mm_sub_epi16(a.v, b.v)}; }
+ALWAYS_INLINE Words<16> add_sat(Words<16> a, Words<16> b) { return {_mm_adds_epi16(a.v, b.v)}; }
+ALWAYS_INLINE Words<16> sub_sat_unsigned(Words<16> a, Words<16> b) { return {_mm_subs_epu16(a.v, b.v)}; }
+ALWAYS_INLINE Words<16> mulhi(Words<16> a, Words<16> b) { return {_mm_mulhi_epi16(a.v, b.v)}; }
+ALWAYS_INLINE Words<16> mullo(Words<16> a, Words<16> b) { return {_mm_mullo_epi16(a.v, b.v)}; }
+ALWAYS_INLINE Words<16> mulhi_unsigned(Words<16> a, Words<16> b) { return {_mm_mulhi_epu16(a.v, b.v)}; }
+ALWAYS_INLINE Words<16> avg(Words<16> a, Words<16> b) { return {_mm_avg_epu16(a.v, b.v)}; }
+ALWAYS_INLINE Words<16> bit_or(Words<16> a, Words<16> b) { return {_mm_or_si128(a.v, b.v)}; }
+ALWAYS_INLINE Words<16> min(Words<16> a, Words<16> b) { return {_mm_min_epi16(a.v, b.v)}; }
+ALWAYS_INLINE Words<16> max(Words<16> a, Words<16> b) { return {_mm_max_epi16(a.v, b.v)}; }
+template <int K> ALWAYS_INLINE Words<16> shl(Words<16> a) { return {_mm_slli_epi16(a.v, K)}; }
+template <int K> ALWAYS_INLINE Words<16> shr(Words<16> a) { return {_mm_srli_epi16(a.v, K)}; }
+ALWAYS_INLINE Words<16> shl(Words<16> a, int count) { return {_mm_sll_epi16(a.v, _mm_cvtsi32_si128(count))}; }
+ALWAYS_INLINE Words<16> shr(Words<16> a, int count) { return {_mm_srl_epi16(a.v, _mm_cvtsi32_si128(count))}; }
+template <int K> ALWAYS_INLINE Words<16> shr_signed(Words<16> a) { return {_mm_srai_epi16(a.v, K)}; }
 
-OP u8<16> bit_or(u8<16> a, u8<16> b) { return {_mm_or_si128(a.v, b.v)}; }
-OP u8<16> bit_and(u8<16> a, u8<16> b) { return {_mm_and_si128(a.v, b.v)}; }
-OP u8<16> sub(u8<16> a, u8<16> b) { return {_mm_sub_epi8(a.v, b.v)}; }
-OP u8<16> avg(u8<16> a, u8<16> b) { return {_mm_avg_epu8(a.v, b.v)}; }
-OP u8<16> sub_sat_unsigned(u8<16> a, u8<16> b) { return {_mm_subs_epu8(a.v, b.v)}; }
-OP u8<16> bytes(half<16> a) { return {a.v}; }
-OP half<16> words(u8<16> a) { return {a.v}; }
+ALWAYS_INLINE Bytes<16> bit_or(Bytes<16> a, Bytes<16> b) { return {_mm_or_si128(a.v, b.v)}; }
+ALWAYS_INLINE Bytes<16> bit_and(Bytes<16> a, Bytes<16> b) { return {_mm_and_si128(a.v, b.v)}; }
+ALWAYS_INLINE Bytes<16> sub(Bytes<16> a, Bytes<16> b) { return {_mm_sub_epi8(a.v, b.v)}; }
+ALWAYS_INLINE Bytes<16> avg(Bytes<16> a, Bytes<16> b) { return {_mm_avg_epu8(a.v, b.v)}; }
+ALWAYS_INLINE Bytes<16> sub_sat_unsigned(Bytes<16> a, Bytes<16> b) { return {_mm_subs_epu8(a.v, b.v)}; }
+ALWAYS_INLINE Bytes<16> as_bytes(Words<16> a) { return {a.v}; }
+ALWAYS_INLINE Words<16> as_words(Bytes<16> a) { return {a.v}; }
 
-OP half<16> odds_high(u8<16> a) { return {_mm_and_si128(a.v, _mm_set1_epi16(-256))}; }
-OP half<16> evens(u8<16> a) { return {_mm_and_si128(a.v, _mm_set1_epi16(255))}; }
-OP i16<16> split_times4(u8<16> a)
+ALWAYS_INLINE Words<16> odds_high(Bytes<16> a) { return {_mm_and_si128(a.v, _mm_set1_epi16(-256))}; }
+ALWAYS_INLINE Words<16> evens(Bytes<16> a) { return {_mm_and_si128(a.v, _mm_set1_epi16(255))}; }
+ALWAYS_INLINE EvenOddWords<16> split_times4(Bytes<16> a)
 {
 #if defined __AVX2__
     return {{_mm_maddubs_epi16(a.v, _mm_set1_epi16(4))}, {_mm_maddubs_epi16(a.v, _mm_set1_epi16(4 << 8))}};
 #else
-    return {shr<6>(shl<8>(words(a))), shl<2>(shr<8>(words(a)))};
+    return {shr<6>(shl<8>(as_words(a))), shl<2>(shr<8>(as_words(a)))};
 #endif
 }
 
 // K (a0 + a1), K (a2 + a3), ...
-template <int K> OP half<16> pair_sums(u8<16> a)
+template <int K> ALWAYS_INLINE Words<16> pair_sums(Bytes<16> a)
 {
 #if defined __AVX2__
     return {_mm_maddubs_epi16(a.v, _mm_set1_epi8(K))};
 #else
-    return {_mm_mullo_epi16(add(evens(a), shr<8>(words(a))).v, _mm_set1_epi16(K))};
+    return {_mm_mullo_epi16(add(evens(a), shr<8>(as_words(a))).v, _mm_set1_epi16(K))};
 #endif
 }
 #if defined __AVX2__
 // a0 w0 + a1 w1, ..., saturated, of samples and signed weights.
-OP half<16> weighted_pairs(u8<16> a, u8<16> weights) { return {_mm_maddubs_epi16(a.v, weights.v)}; }
+ALWAYS_INLINE Words<16> weighted_pairs(Bytes<16> a, Bytes<16> weights) { return {_mm_maddubs_epi16(a.v, weights.v)}; }
 #endif
 // (a0 + a1 + 1) >> 1, (a2 + a3 + 1) >> 1, ...
-OP half<16> averages_of_pairs(u8<16> a)
+ALWAYS_INLINE Words<16> averages_of_pairs(Bytes<16> a)
 {
 #if defined __AVX2__
-    return avg(pair_sums<1>(a), half<16>::splat(0));
+    return avg(pair_sums<1>(a), Words<16>::splat(0));
 #else
-    return avg(evens(a), shr<8>(words(a)));
+    return avg(evens(a), shr<8>(as_words(a)));
 #endif
 }
 
 // Masks: bytes of all ones or of zeros.
-OP u8<16> equal(u8<16> a, u8<16> b) { return {_mm_cmpeq_epi8(a.v, b.v)}; }
-OP bool any(u8<16> mask) { return _mm_movemask_epi8(mask.v) != 0; }
-OP bool all(u8<16> mask) { return _mm_movemask_epi8(mask.v) == 0xffff; }
-OP bool all_zero(u8<16> a) { return all(equal(a, u8<16>::splat(0))); }
+ALWAYS_INLINE Bytes<16> equal(Bytes<16> a, Bytes<16> b) { return {_mm_cmpeq_epi8(a.v, b.v)}; }
+ALWAYS_INLINE bool any(Bytes<16> mask) { return _mm_movemask_epi8(mask.v) != 0; }
+ALWAYS_INLINE bool all(Bytes<16> mask) { return _mm_movemask_epi8(mask.v) == 0xffff; }
+ALWAYS_INLINE bool all_zero(Bytes<16> a) { return all(equal(a, Bytes<16>::splat(0))); }
 // Where a group of four neighbours has a sum above the limit.
-OP u8<16> fours_above(u8<16> a, int limit)
+ALWAYS_INLINE Bytes<16> fours_above(Bytes<16> a, int limit)
 {
     auto sums = _mm_madd_epi16(pair_sums<1>(a).v, _mm_set1_epi16(1));
     return {_mm_cmpgt_epi32(sums, _mm_set1_epi32(limit))};
 }
 
 // Sums of 32 bits.
-template <> struct longs<16> {
+template <> struct Dwords<16> {
     __m128i v;
 };
-OP longs<16> add(longs<16> a, longs<16> b) { return {_mm_add_epi32(a.v, b.v)}; }
-template <int K> OP longs<16> shr_signed(longs<16> a) { return {_mm_srai_epi32(a.v, K)}; }
-OP longs<16> pair_dots(half<16> a, half<16> b) { return {_mm_madd_epi16(a.v, b.v)}; } // a0 b0 + a1 b1, ...
+ALWAYS_INLINE Dwords<16> add(Dwords<16> a, Dwords<16> b) { return {_mm_add_epi32(a.v, b.v)}; }
+template <int K> ALWAYS_INLINE Dwords<16> shr_signed(Dwords<16> a) { return {_mm_srai_epi32(a.v, K)}; }
+ALWAYS_INLINE Dwords<16> pair_dots(Words<16> a, Words<16> b)
+{
+    return {_mm_madd_epi16(a.v, b.v)};
+} // a0 b0 + a1 b1, ...
 // Saturated bytes.
-OP u8<16> pack_in_order(longs<16> a, longs<16> b, longs<16> c, longs<16> d)
+ALWAYS_INLINE Bytes<16> pack_in_order(Dwords<16> a, Dwords<16> b, Dwords<16> c, Dwords<16> d)
 {
     return {_mm_packus_epi16(_mm_packs_epi32(a.v, b.v), _mm_packs_epi32(c.v, d.v))};
 }
 
 // Pixels of four bytes.
-OP u8<16> equal_pixels(u8<16> a, u8<16> b) { return {_mm_cmpeq_epi32(a.v, b.v)}; }
-OP u8<16> first_of_pixel_pairs(u8<16> a) { return {_mm_shuffle_epi32(a.v, 0xa0)}; } // 0 0 2 2
-OP longs<16> first_bytes(u8<16> a) { return {_mm_and_si128(a.v, _mm_set1_epi32(255))}; }
+ALWAYS_INLINE Bytes<16> first_of_pixel_pairs(Bytes<16> a) { return {_mm_shuffle_epi32(a.v, 0xa0)}; } // 0 0 2 2
+ALWAYS_INLINE Dwords<16> first_bytes(Bytes<16> a) { return {_mm_and_si128(a.v, _mm_set1_epi32(255))}; }
 // From the first twelve bytes: b g r 0 a pixel.
-OP u8<16> pixels_of_triples(u8<16> a)
+ALWAYS_INLINE Bytes<16> pixels_of_triples(Bytes<16> a)
 {
 #if defined __AVX2__
     return {_mm_shuffle_epi8(a.v, _mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1))};
@@ -125,89 +135,86 @@ OP u8<16> pixels_of_triples(u8<16> a)
                          _mm_slli_epi64(_mm_and_si128(sixes, _mm_set1_epi64x(0xffffff000000)), 8))};
 #endif
 }
-template <int K> OP u8<16> drop_first(u8<16> a) { return {_mm_srli_si128(a.v, K)}; }
+template <int K> ALWAYS_INLINE Bytes<16> drop_first(Bytes<16> a) { return {_mm_srli_si128(a.v, K)}; }
 
 // What the stores are made of; all of it works inside 128-bit lanes.
-OP u8<16> pack(half<16> a, half<16> b) { return {_mm_packus_epi16(a.v, b.v)}; }
-OP u8<16> zip_lo8(u8<16> a, u8<16> b) { return {_mm_unpacklo_epi8(a.v, b.v)}; }
-OP u8<16> zip_hi8(u8<16> a, u8<16> b) { return {_mm_unpackhi_epi8(a.v, b.v)}; }
-OP u8<16> zip_lo16(u8<16> a, u8<16> b) { return {_mm_unpacklo_epi16(a.v, b.v)}; }
-OP u8<16> zip_hi16(u8<16> a, u8<16> b) { return {_mm_unpackhi_epi16(a.v, b.v)}; }
+ALWAYS_INLINE Bytes<16> pack(Words<16> a, Words<16> b) { return {_mm_packus_epi16(a.v, b.v)}; }
+ALWAYS_INLINE Bytes<16> zip_lo8(Bytes<16> a, Bytes<16> b) { return {_mm_unpacklo_epi8(a.v, b.v)}; }
+ALWAYS_INLINE Bytes<16> zip_hi8(Bytes<16> a, Bytes<16> b) { return {_mm_unpackhi_epi8(a.v, b.v)}; }
+ALWAYS_INLINE Bytes<16> zip_lo16(Bytes<16> a, Bytes<16> b) { return {_mm_unpacklo_epi16(a.v, b.v)}; }
+ALWAYS_INLINE Bytes<16> zip_hi16(Bytes<16> a, Bytes<16> b) { return {_mm_unpackhi_epi16(a.v, b.v)}; }
 #if defined __AVX2__
-OP u8<16> shuffle(u8<16> a, u8<16> pattern) { return {_mm_shuffle_epi8(a.v, pattern.v)}; }
-OP u8<16> choose(u8<16> mask, u8<16> a, u8<16> b) { return {_mm_blendv_epi8(b.v, a.v, mask.v)}; }
+ALWAYS_INLINE Bytes<16> shuffle(Bytes<16> a, Bytes<16> pattern) { return {_mm_shuffle_epi8(a.v, pattern.v)}; }
+ALWAYS_INLINE Bytes<16> choose(Bytes<16> mask, Bytes<16> a, Bytes<16> b) { return {_mm_blendv_epi8(b.v, a.v, mask.v)}; }
 #else
-OP u8<16> choose(u8<16> mask, u8<16> a, u8<16> b)
+ALWAYS_INLINE Bytes<16> choose(Bytes<16> mask, Bytes<16> a, Bytes<16> b)
 {
     return {_mm_or_si128(_mm_and_si128(mask.v, a.v), _mm_andnot_si128(mask.v, b.v))};
 }
 #endif
 
-OP u8<16> second_half(u8<16> a) { return {_mm_unpackhi_epi64(a.v, a.v)}; }
+ALWAYS_INLINE Bytes<16> second_half(Bytes<16> a) { return {_mm_unpackhi_epi64(a.v, a.v)}; }
 
 template <int N, int W = 1>
-requires(N == 16) OP u8<N> load(const uint8_t* p) { return {_mm_loadu_si128(xmm(p))}; }
+requires(N == 16) ALWAYS_INLINE Bytes<N> load(const uint8_t* p) { return {_mm_loadu_si128(xmm(p))}; }
 template <int N, int W = 1>
-requires(N == 16) OP half<N> load_chroma(const uint8_t* p)
+requires(N == 16) ALWAYS_INLINE Words<N> load_chroma(const uint8_t* p)
 {
     return {_mm_unpacklo_epi8(_mm_loadl_epi64(xmm(p)), _mm_setzero_si128())};
 }
 // The same samples in the high bytes.
 template <int N, int W = 1>
-requires(N == 16) OP half<N> load_chroma_high(const uint8_t* p)
+requires(N == 16) ALWAYS_INLINE Words<N> load_chroma_high(const uint8_t* p)
 {
     return {_mm_unpacklo_epi8(_mm_setzero_si128(), _mm_loadl_epi64(xmm(p)))};
 }
-OP u8<16> load_first8(const uint8_t* p) { return {_mm_loadl_epi64(xmm(p))}; }
+ALWAYS_INLINE Bytes<16> load_first8(const uint8_t* p) { return {_mm_loadl_epi64(xmm(p))}; }
 template <int N, int W = 1>
-requires(N == 16) OP wide<N> load_two(const uint8_t* p)
+requires(N == 16) ALWAYS_INLINE LowHighWords<N> load_two(const uint8_t* p)
 {
     return {{_mm_loadu_si128(xmm(p))}, {_mm_loadu_si128(xmm(p + 16))}};
 }
 
 // N/2 samples at p, then N/2 at q; and back.
 template <int N>
-requires(N == 16) OP u8<N> load_halves(const uint8_t* p, const uint8_t* q)
+requires(N == 16) ALWAYS_INLINE Bytes<N> load_halves(const uint8_t* p, const uint8_t* q)
 {
     return {_mm_unpacklo_epi64(_mm_loadl_epi64(xmm(p)), _mm_loadl_epi64(xmm(q)))};
 }
-OP void put_halves(uint8_t* p, uint8_t* q, u8<16> a)
+ALWAYS_INLINE void put_halves(uint8_t* p, uint8_t* q, Bytes<16> a)
 {
     _mm_storel_epi64(xmm(p), a.v);
     _mm_storel_epi64(xmm(q), _mm_unpackhi_epi64(a.v, a.v));
 }
 
 // Each right neighbour of an element of so many bytes; the last one is its own.
-template <int size> OP u8<16> neighbours_to_the_end(u8<16> a)
+template <int size> ALWAYS_INLINE Bytes<16> neighbours_to_the_end(Bytes<16> a)
 {
     const auto last = _mm_slli_si128(_mm_cmpeq_epi8(a.v, a.v), 16 - size);
     return {_mm_or_si128(_mm_srli_si128(a.v, size), _mm_and_si128(a.v, last))};
 }
 
-template <Stores S = Stores::cached> OP void put(uint8_t* p, u8<16> a)
-{
-    if constexpr (S == Stores::streaming) _mm_stream_si128(xmm(p), a.v);
-    else _mm_storeu_si128(xmm(p), a.v);
-}
-OP void put_first8(uint8_t* p, u8<16> a) { _mm_storel_epi64(xmm(p), a.v); }
+ALWAYS_INLINE void put(uint8_t* to, Bytes<16> a) { _mm_storeu_si128(xmm(to), a.v); }
+ALWAYS_INLINE void put(Uncached to, Bytes<16> a) { _mm_stream_si128(xmm(to.p), a.v); }
+ALWAYS_INLINE void put_first8(uint8_t* p, Bytes<16> a) { _mm_storel_epi64(xmm(p), a.v); }
 
 // Saturated: the samples of a, then those of b.
-OP u8<16> pack_in_order(half<16> a, half<16> b) { return pack(a, b); }
+ALWAYS_INLINE Bytes<16> pack_in_order(Words<16> a, Words<16> b) { return pack(a, b); }
 
-OP void put_pairs_but_first_eight(uint8_t* p, u8<16> lo, u8<16> hi)
+ALWAYS_INLINE void put_pairs_but_first_eight(uint8_t* p, Bytes<16> lo, Bytes<16> hi)
 {
     _mm_storel_epi64(xmm(p + 8), _mm_unpackhi_epi64(lo.v, lo.v));
     put(p + 16, hi);
 }
 
 // Each lane of a, b, c is a third of the 48 bytes of its 16 pixels.
-template <Stores S> OP void put_thirds(uint8_t* p, u8<16> a, u8<16> b, u8<16> c)
+template <class To> ALWAYS_INLINE void put_thirds(To to, Bytes<16> a, Bytes<16> b, Bytes<16> c)
 {
-    put<S>(p, a);
-    put<S>(p + 16, b);
-    put<S>(p + 32, c);
+    put(to, a);
+    put(to + 16, b);
+    put(to + 32, c);
 }
 
-OP void fence_streaming() { _mm_sfence(); }
+ALWAYS_INLINE void fence_streaming() { _mm_sfence(); }
 
 } // namespace vsurf::VSURF_ISA

@@ -7,7 +7,7 @@
 namespace vsurf::VSURF_ISA {
 
 // The alpha plane's lines lie half the picture's pitch beyond the width apart, whatever the subpicture's pitch.
-OP ptrdiff_t alpha_step(const MIX_INFO* job, ptrdiff_t width)
+ALWAYS_INLINE ptrdiff_t alpha_step(const MIX_INFO* job, ptrdiff_t width)
 {
     return width + (difference(job->picture_pitch, job->width) >> 1);
 }
@@ -15,13 +15,13 @@ OP ptrdiff_t alpha_step(const MIX_INFO* job, ptrdiff_t width)
 // N alphas, N at least 16, and the last eight of a line.
 struct BlueOfRgb32 {
     static constexpr int kBytes = 4, kBlockPixels = 8, kWidest = kPixelsAtATime;
-    template <int N> OP u8<N> alpha(const uint8_t* p)
+    template <int N> static ALWAYS_INLINE Bytes<N> alpha(const uint8_t* p)
     {
         auto px = FromRgb32::pixels<N>(p);
         return pack_in_order(first_bytes(px.of[0]), first_bytes(px.of[1]), first_bytes(px.of[2]),
                              first_bytes(px.of[3]));
     }
-    OP u8<16> eight(const uint8_t* p)
+    static ALWAYS_INLINE Bytes<16> eight(const uint8_t* p)
     {
         auto first = first_bytes(load<16>(p)), second = first_bytes(load<16>(p + 16));
         return pack_in_order(first, second, first, second);
@@ -31,13 +31,19 @@ struct BlueOfRgb32 {
 // The blue of the pixel to the right: byte 3 i + 3. The last of eight pixels ends the second register.
 struct NextBlueOfRgb24 {
     static constexpr int kBytes = 3, kBlockPixels = 8, kWidest = 16;
-    OP longs<16> first_four(const uint8_t* p) { return first_bytes(pixels_of_triples(drop_first<3>(load<16>(p)))); }
-    OP longs<16> last_four(const uint8_t* p) { return first_bytes(pixels_of_triples(drop_first<6>(load<16>(p + 9)))); }
-    template <int N> OP u8<N> alpha(const uint8_t* p)
+    static ALWAYS_INLINE Dwords<16> first_four(const uint8_t* p)
+    {
+        return first_bytes(pixels_of_triples(drop_first<3>(load<16>(p))));
+    }
+    static ALWAYS_INLINE Dwords<16> last_four(const uint8_t* p)
+    {
+        return first_bytes(pixels_of_triples(drop_first<6>(load<16>(p + 9))));
+    }
+    template <int N> static ALWAYS_INLINE Bytes<N> alpha(const uint8_t* p)
     {
         return pack_in_order(first_four(p), last_four(p), first_four(p + 24), last_four(p + 24));
     }
-    OP u8<16> eight(const uint8_t* p)
+    static ALWAYS_INLINE Bytes<16> eight(const uint8_t* p)
     {
         auto first = first_four(p), second = last_four(p);
         return pack_in_order(first, second, first, second);
@@ -45,15 +51,15 @@ struct NextBlueOfRgb24 {
 };
 
 struct BlueOfRgb565 {
-    static constexpr int kBytes = 2, kBlockPixels = 16, kWidest = kLanes;
-    template <int N> OP u8<N> alpha(const uint8_t* p)
+    static constexpr int kBytes = 2, kBlockPixels = 16, kWidest = kRegister;
+    template <int N> static ALWAYS_INLINE Bytes<N> alpha(const uint8_t* p)
     {
-        auto blue = [p](int from) VSURF_INLINED { return shr<11>(shl<11>(words(load<N>(p + from)))); };
+        auto blue = [p](int from) VSURF_INLINED { return shr<11>(shl<11>(as_words(load<N>(p + from)))); };
         return pack_in_order(blue(0), blue(N));
     }
 };
 
-template <class Blue> OP void restore(const MIX_INFO* job)
+template <class Blue> ALWAYS_INLINE void restore(const MIX_INFO* job)
 {
     const ptrdiff_t width = rounds(job->width, Blue::kBlockPixels) * Blue::kBlockPixels;
     const ptrdiff_t src_step = Blue::kBytes * (width - job->width) + job->surface_pitch;
@@ -72,7 +78,7 @@ template <class Blue> OP void restore(const MIX_INFO* job)
 void Restore_RGB32_To_Alpha(MIX_INFO* job) { restore<BlueOfRgb32>(job); }
 void Restore_RGB16_565_To_Alpha(MIX_INFO* job) { restore<BlueOfRgb565>(job); }
 
-OP void count_down(MIX_INFO* job)
+ALWAYS_INLINE void count_down(MIX_INFO* job)
 {
     job->height = difference(job->height, static_cast<int>(at_least_one(job->height)));
 }
@@ -87,26 +93,29 @@ void Restore_RGB24_To_Alpha(MIX_INFO* job)
 // Blue alone; woven by kWeave.
 struct BlueToRgb32 {
     static constexpr int kBytes = 4, kWeave = 4;
-    template <Stores S, int N> OP void store(uint8_t* p, u8<N> alpha)
+    template <Stores S, int N> static ALWAYS_INLINE void store(uint8_t* p, Bytes<N> alpha)
     {
-        auto zero = u8<N>::splat(0);
-        store_quads<S>(p, alpha, zero, zero, zero);
+        auto zero = Bytes<N>::splat(0);
+        store_quads(to<S>(p), alpha, zero, zero, zero);
     }
 };
 struct BlueToRgb24 {
     static constexpr int kBytes = 3, kWeave = 1;
-    template <Stores S, int N> OP void store(uint8_t* p, u8<N> alpha)
+    template <Stores S, int N> static ALWAYS_INLINE void store(uint8_t* p, Bytes<N> alpha)
     {
-        auto zero = u8<N>::splat(0);
-        store_bgr<S>(p, pack(split(alpha)), zero, zero);
+        auto zero = Bytes<N>::splat(0);
+        store_bgr(to<S>(p), pack(split(alpha)), zero, zero);
     }
 };
 struct BlueToRgb565 { // from 32 on it reaches into green
     static constexpr int kBytes = 2, kWeave = 2;
-    template <Stores S, int N> OP void store(uint8_t* p, u8<N> alpha) { store_pairs<S>(p, alpha, u8<N>::splat(0)); }
+    template <Stores S, int N> static ALWAYS_INLINE void store(uint8_t* p, Bytes<N> alpha)
+    {
+        store_pairs(to<S>(p), alpha, Bytes<N>::splat(0));
+    }
 };
 
-template <class Format> OP void draw_alpha(const MIX_INFO* job)
+template <class Format> ALWAYS_INLINE void draw_alpha(const MIX_INFO* job)
 {
     const ptrdiff_t width = rounds(job->width, kBlock) * kBlock, step = alpha_step(job, width);
     const ptrdiff_t surface_step = Format::kBytes * (width - job->width) + job->surface_pitch;

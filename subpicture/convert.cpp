@@ -11,39 +11,40 @@ constexpr int kKeyBlock = 8; // pixels that are skipped together where all are t
 // The matrix in 1/1024, BT.601 studio range, on the word pairs (blue, red) and (green, fourth). The fourth byte,
 // with the offset ORed into it, has weight 1.
 constexpr int kFraction = 10;
-template <int N> OP longs<N> weighted(half<N> blue_red, half<N> green_fourth, half<N> by_blue_red, half<N> by_green)
+template <int N>
+ALWAYS_INLINE Dwords<N> weighted(Words<N> blue_red, Words<N> green_fourth, Words<N> by_blue_red, Words<N> by_green)
 {
     auto sum = add(pair_dots(blue_red, by_blue_red), pair_dots(green_fourth, by_green));
     return shr_signed<kFraction>(sum);
 }
 
-template <int N> OP half<N> with_offset(half<N> green_fourth, int offset)
+template <int N> ALWAYS_INLINE Words<N> with_offset(Words<N> green_fourth, int offset)
 {
-    return words(bit_or(bytes(green_fourth), bytes(half<N>::alternate(0, offset))));
+    return as_words(bit_or(as_bytes(green_fourth), as_bytes(Words<N>::alternate(0, offset))));
 }
 
-template <int N> OP longs<N> luma(u8<N> pixels)
+template <int N> ALWAYS_INLINE Dwords<N> luma(Bytes<N> pixels)
 {
     auto components = split(pixels);
-    return weighted(components.even, with_offset(components.odd, 16), half<N>::alternate(100, 263),
-                    half<N>::alternate(516, 1024));
+    return weighted(components.even, with_offset(components.odd, 16), Words<N>::alternate(100, 263),
+                    Words<N>::alternate(516, 1024));
 }
 
 // U and V of every first pixel of a pair.
-template <int N> OP longs<N> chroma(u8<N> pixels)
+template <int N> ALWAYS_INLINE Dwords<N> chroma(Bytes<N> pixels)
 {
     auto components = split(first_of_pixel_pairs(pixels));
-    return weighted(components.even, with_offset(components.odd, 128), half<N>::repeat(449, -151, -72, 449),
-                    half<N>::repeat(-297, 1024, -376, 1024));
+    return weighted(components.even, with_offset(components.odd, 128), Words<N>::repeat(449, -151, -72, 449),
+                    Words<N>::repeat(-297, 1024, -376, 1024));
 }
 
-template <int N> OP u8<N> all_luma(const Pixels<N>& px)
+template <int N> ALWAYS_INLINE Bytes<N> all_luma(const Pixels<N>& px)
 {
     return pack_in_order(luma(px.of[0]), luma(px.of[1]), luma(px.of[2]), luma(px.of[3]));
 }
 
 // N/2 samples of U, then as many of V.
-template <int N> OP u8<N> all_chroma(const Pixels<N>& px)
+template <int N> ALWAYS_INLINE Bytes<N> all_chroma(const Pixels<N>& px)
 {
     auto uv = split(pack_in_order(chroma(px.of[0]), chroma(px.of[1]), chroma(px.of[2]), chroma(px.of[3])));
     return pack_in_order(uv.even, uv.odd);
@@ -58,7 +59,7 @@ template <class Format> struct Key {
     uint8_t pixels[Format::kBytes * kPixelsAtATime];
     bool matches_nothing;
 
-    OP Key of(uint32_t colour)
+    static ALWAYS_INLINE Key of(uint32_t colour)
     {
         Key key;
         for (int i = 0; i < Format::kBytes * kPixelsAtATime; i++)
@@ -66,7 +67,7 @@ template <class Format> struct Key {
         key.matches_nothing = Format::kBytes == 3 && colour >> 24 != 0;
         return key;
     }
-    MEMBER bool fills(const uint8_t* src) const
+    ALWAYS_INLINE bool fills(const uint8_t* src) const
     {
         auto same = equal(load<kPixelsAtATime>(src), load<kPixelsAtATime>(pixels));
         for (int i = kPixelsAtATime; i < Format::kBytes * kPixelsAtATime; i += kPixelsAtATime)
@@ -74,7 +75,7 @@ template <class Format> struct Key {
         return !matches_nothing && all(same);
     }
     // Which blocks have a pixel of another colour.
-    MEMBER unsigned shown_blocks(const uint8_t* src) const
+    ALWAYS_INLINE unsigned shown_blocks(const uint8_t* src) const
     {
         constexpr int bytes = Format::kBytes * kKeyBlock;
         unsigned shown = 0;
@@ -86,7 +87,7 @@ template <class Format> struct Key {
 
 constexpr unsigned kAllBlocks = (1u << kPixelsAtATime / kKeyBlock) - 1;
 
-template <class Format> OP void convert_blocks(const uint8_t* src, Converted to, unsigned blocks)
+template <class Format> ALWAYS_INLINE void convert_blocks(const uint8_t* src, Converted to, unsigned blocks)
 {
     auto px = Format::template pixels<kPixelsAtATime>(src);
     auto y = all_luma(px), uv = all_chroma(px);
@@ -106,7 +107,8 @@ template <class Format> OP void convert_blocks(const uint8_t* src, Converted to,
         }
 }
 
-template <class Format> OP void convert_line(const uint8_t* src, Converted to, ptrdiff_t width, const Key<Format>& key)
+template <class Format>
+ALWAYS_INLINE void convert_line(const uint8_t* src, Converted to, ptrdiff_t width, const Key<Format>& key)
 {
     ptrdiff_t x = 0;
     auto at = [to](ptrdiff_t from) VSURF_INLINED { return Converted{to.y + from, to.u + from / 2, to.v + from / 2}; };
@@ -123,7 +125,7 @@ template <class Format> OP void convert_line(const uint8_t* src, Converted to, p
 
 // Irregular: blocks of the key colour are skipped, and subpic_alpha moves by what the lines leave over although nothing
 // is done to it.
-template <class Format> OP void convert(MIX_INFO* job)
+template <class Format> ALWAYS_INLINE void convert(MIX_INFO* job)
 {
     const auto key = Key<Format>::of(job->color_key);
     const ptrdiff_t width = static_cast<ptrdiff_t>(static_cast<unsigned>(job->width) >> 3) * kKeyBlock;

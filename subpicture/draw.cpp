@@ -12,12 +12,14 @@ template <class Sink> struct Keyed {
     static constexpr int kBytes = Sink::kBytes, kWeave = Sink::kWeave;
     uint32_t key;
 
-    template <Stores S, int N> MEMBER void put(uint8_t* p, u8<N> alpha, u8<N> b, u8<N> g, u8<N> r) const
+    template <Stores S, int N>
+    ALWAYS_INLINE void put(uint8_t* p, Bytes<N> alpha, Bytes<N> b, Bytes<N> g, Bytes<N> r) const
     {
-        auto zero = u8<N>::splat(0);
-        auto transparent = equal(alpha, zero), shown = equal(sub_sat_unsigned(alpha, u8<N>::splat(127)), zero);
-        auto keyed = [=, this](u8<N> colour, int byte) VSURF_INLINED {
-            return choose(transparent, u8<N>::splat(static_cast<int>(this->key >> byte * 8)), bit_and(shown, colour));
+        auto zero = Bytes<N>::splat(0);
+        auto transparent = equal(alpha, zero), shown = equal(sub_sat_unsigned(alpha, Bytes<N>::splat(127)), zero);
+        auto keyed = [=, this](Bytes<N> colour, int byte) VSURF_INLINED {
+            return choose(transparent, Bytes<N>::splat(static_cast<int>(this->key >> byte * 8)),
+                          bit_and(shown, colour));
         };
         Sink::template put<S>(p, keyed(b, 2), keyed(g, 1), keyed(r, 0));
     }
@@ -29,12 +31,13 @@ struct KeyedWords {
     uint32_t key;
     Word word;
 
-    template <Stores S, int N> MEMBER void put(uint8_t* p, u8<N> alpha, u8<N> b, u8<N> g, u8<N> r) const
+    template <Stores S, int N>
+    ALWAYS_INLINE void put(uint8_t* p, Bytes<N> alpha, Bytes<N> b, Bytes<N> g, Bytes<N> r) const
     {
-        auto transparent = equal(alpha, u8<N>::splat(0));
-        auto low = choose(transparent, u8<N>::splat(static_cast<int>(key)), word.low(b, g));
-        auto high = choose(transparent, u8<N>::splat(static_cast<int>(key >> 8)), word.high(g, r));
-        store_packed_pairs<S>(p, low, high);
+        auto transparent = equal(alpha, Bytes<N>::splat(0));
+        auto low = choose(transparent, Bytes<N>::splat(static_cast<int>(key)), word.low(b, g));
+        auto high = choose(transparent, Bytes<N>::splat(static_cast<int>(key >> 8)), word.high(g, r));
+        store_packed_pairs(to<S>(p), low, high);
     }
 };
 
@@ -43,7 +46,7 @@ struct Drawing {
 };
 
 template <Stores S, int N, class Pixels>
-OP void draw_pixels(const Pixels& pixels, const Drawing& from, ptrdiff_t x, uint8_t* to)
+ALWAYS_INLINE void draw_pixels(const Pixels& pixels, const Drawing& from, ptrdiff_t x, uint8_t* to)
 {
     constexpr int W = Pixels::kWeave;
     auto terms = chroma_terms(load_chroma<N, W>(from.u + x / 2), load_chroma<N, W>(from.v + x / 2));
@@ -53,21 +56,25 @@ OP void draw_pixels(const Pixels& pixels, const Drawing& from, ptrdiff_t x, uint
 }
 
 template <class Pixels>
-OUTLINED void draw_part(Pixels pixels, Drawing from, ptrdiff_t width, uint8_t* to, bool streamed)
+[[maybe_unused]] static NEVER_INLINE void draw_part(Pixels pixels, Drawing from, ptrdiff_t width, uint8_t* to,
+                                                    bool streamed)
 {
     const ptrdiff_t whole = streamed ? width & -streaming_unit(Pixels::kBytes) : 0;
-    for (ptrdiff_t x = 0; x < whole; x += kLanes) draw_pixels<Stores::streaming, kLanes>(pixels, from, x, to);
-    along<kLanes, kBlock>(
+    for (ptrdiff_t x = 0; x < whole; x += kRegister) draw_pixels<Stores::streaming, kRegister>(pixels, from, x, to);
+    along<kRegister, kBlock>(
         whole, width, [=]<int N>(ptrdiff_t x) VSURF_INLINED { draw_pixels<Stores::cached, N>(pixels, from, x, to); });
 }
 
 // The samples as they are, or once they are adjusted.
 struct Unadjusted {
-    template <class Work> MEMBER void prepare(const Drawing& from, ptrdiff_t, const Work& work) const { work(from); }
+    template <class Work> ALWAYS_INLINE void prepare(const Drawing& from, ptrdiff_t, const Work& work) const
+    {
+        work(from);
+    }
 };
 struct AdjustedFirst {
     Adjustments by;
-    template <class Work> MEMBER void prepare(const Drawing& from, ptrdiff_t width, const Work& work) const
+    template <class Work> ALWAYS_INLINE void prepare(const Drawing& from, ptrdiff_t width, const Work& work) const
     {
         uint8_t y[kStripPixels], u[kStripPixels / 2], v[kStripPixels / 2];
         adjust_line(y, Row{from.y}, width, by.luma);
@@ -78,7 +85,8 @@ struct AdjustedFirst {
 };
 
 // Irregular: the picture's pitch is the length of a line, in which the planes are packed; the width is not read.
-template <class Pixels, class Samples> OP void draw(const MIX_INFO* job, const Pixels& pixels, const Samples& samples)
+template <class Pixels, class Samples>
+ALWAYS_INLINE void draw(const MIX_INFO* job, const Pixels& pixels, const Samples& samples)
 {
     const ptrdiff_t width = rounds(job->picture_pitch, kBlock) * kBlock, lines = at_least_one(job->height);
     const ptrdiff_t step = Pixels::kBytes * (width - job->picture_pitch) + job->surface_pitch;
@@ -95,11 +103,11 @@ template <class Pixels, class Samples> OP void draw(const MIX_INFO* job, const P
     if (streamed) fence_streaming();
 }
 
-template <class Format, class Samples> OP void draw_bytes(const MIX_INFO* job, const Samples& samples)
+template <class Format, class Samples> ALWAYS_INLINE void draw_bytes(const MIX_INFO* job, const Samples& samples)
 {
     draw(job, Keyed<Format>{job->color_key}, samples);
 }
-template <class Samples> OP void draw_words(const MIX_INFO* job, const Samples& samples)
+template <class Samples> ALWAYS_INLINE void draw_words(const MIX_INFO* job, const Samples& samples)
 {
     with_rgb16_sink(job->contrast_info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED {
         draw(job, KeyedWords{job->color_key, sink}, samples);

@@ -8,29 +8,29 @@ namespace vsurf::VSURF_ISA {
 // The odd ones of N pixels as words: in two registers, or a block's eight in one.
 template <int N> struct OddPixels {
     static constexpr int kRegister = N == kBlock ? 16 : N / 2;
-    half<kRegister> first, second;
+    Words<kRegister> first, second;
 
-    OP OddPixels of(const uint8_t* p)
+    static ALWAYS_INLINE OddPixels of(const uint8_t* p)
     {
         auto odd = [](const uint8_t* at) VSURF_INLINED { return split(load<kRegister>(at)).odd; };
         if constexpr (N == kBlock) return {odd(p), odd(p)};
         else return {odd(p), odd(p + kRegister)};
     }
     // Every second of them, in the order of odd_chroma.
-    MEMBER half<kRegister> odd() const { return split(narrow(wide<kRegister>{first, second})).odd; }
+    ALWAYS_INLINE Words<kRegister> odd() const { return split(narrow(LowHighWords<kRegister>{first, second})).odd; }
 };
 
 // The odd ones of the chroma of N pixels; of a block the first four words.
-template <int N> OP auto odd_chroma(const uint8_t* p)
+template <int N> ALWAYS_INLINE auto odd_chroma(const uint8_t* p)
 {
     if constexpr (N == kBlock) return split(load_first8(p)).odd;
     else return split(load<N / 2, 2>(p)).odd;
 }
 
-template <Stores S, int N, class Words> OP void store_half(uint8_t* p, OddPixels<N> y, Words u, Words v)
+template <Stores S, int N, class Words> ALWAYS_INLINE void store_half(uint8_t* p, OddPixels<N> y, Words u, Words v)
 {
     if constexpr (N == kBlock) store_first8_yuyv(p, y.first, u, v);
-    else store_yuyv<S>(p, y.first, y.second, u, v);
+    else store_yuyv(to<S>(p), y.first, y.second, u, v);
 }
 
 // Two lines without a subpicture.
@@ -43,18 +43,18 @@ struct HalfAlone {
     template <class Words> struct Chroma {
         Words u, v;
     };
-    template <int N> MEMBER auto chroma(Position, ptrdiff_t x) const
+    template <int N> ALWAYS_INLINE auto chroma(Position, ptrdiff_t x) const
     {
         auto at = [=](const uint8_t* plane) VSURF_INLINED { return odd_chroma<N>(plane + x / 2); };
         return Chroma<decltype(at(u))>{by.u(at(u)), by.v(at(v))};
     }
-    template <Line line, int N> MEMBER OddPixels<N> luma(Position, ptrdiff_t x) const
+    template <Line line, int N> ALWAYS_INLINE OddPixels<N> luma(Position, ptrdiff_t x) const
     {
         auto y = OddPixels<N>::of((line == Line::upper ? upper : lower) + x);
         return {by.luma(y.first), by.luma(y.second)};
     }
     template <Stores S, Line, int N, class Words>
-    MEMBER void store(Position at, ptrdiff_t x, OddPixels<N> y, Chroma<Words> c) const
+    ALWAYS_INLINE void store(Position at, ptrdiff_t x, OddPixels<N> y, Chroma<Words> c) const
     {
         store_half<S>(at.dst + x, y, c.u, c.v);
     }
@@ -65,17 +65,18 @@ struct HalfLine {
     MixedLine<Row> line;
     Adjustments by;
 
-    template <Stores S, int N, class Words> MEMBER void store(ptrdiff_t x, OddPixels<N> y, Words u, Words v) const
+    template <Stores S, int N, class Words>
+    ALWAYS_INLINE void store(ptrdiff_t x, OddPixels<N> y, Words u, Words v) const
     {
         store_half<S>(line.dst + x, OddPixels<N>{by.luma(y.first), by.luma(y.second)}, by.u(u), by.v(v));
     }
-    template <Stores S, int N> MEMBER void alone(ptrdiff_t x) const
+    template <Stores S, int N> ALWAYS_INLINE void alone(ptrdiff_t x) const
     {
         store<S>(x, OddPixels<N>::of(line.y.samples + x), odd_chroma<N>(line.u.samples + x / 2),
                  odd_chroma<N>(line.v.samples + x / 2));
     }
     // Every second pixel has its own alpha, every second chroma sample that of its fourth pixel.
-    template <Stores S, int N> MEMBER void blend(ptrdiff_t x) const
+    template <Stores S, int N> ALWAYS_INLINE void blend(ptrdiff_t x) const
     {
         const auto& over = line.subpicture;
         auto a = OddPixels<N>::of(over.alpha + x), p = OddPixels<N>::of(line.y.samples + x),
@@ -87,20 +88,21 @@ struct HalfLine {
                  chroma(line.u.samples, over.u), chroma(line.v.samples, over.v));
     }
 
-    template <Stores S> MEMBER void units(ptrdiff_t x, ptrdiff_t end) const
+    template <Stores S> ALWAYS_INLINE void units(ptrdiff_t x, ptrdiff_t end) const
     {
         for (; x < end; x += kUnit) {
             if (alphas_at(line.subpicture.alpha + x) == Alphas::transparent) alone<S, kUnit>(x);
             else blend<S, kUnit>(x);
         }
     }
-    MEMBER void blocks(ptrdiff_t x, ptrdiff_t end) const
+    ALWAYS_INLINE void blocks(ptrdiff_t x, ptrdiff_t end) const
     {
         for (; x < end; x += kBlock) blend<Stores::cached, kBlock>(x);
     }
 };
 
-OUTLINED void mix_half_line(MixedLine<Row> line, Adjustments by, ptrdiff_t x, ptrdiff_t end, bool streamed)
+[[maybe_unused]] static NEVER_INLINE void mix_half_line(MixedLine<Row> line, Adjustments by, ptrdiff_t x, ptrdiff_t end,
+                                                        bool streamed)
 {
     const HalfLine half{line, by};
     const ptrdiff_t whole = streamed ? x + ((end - x) & -streaming_unit(HalfAlone::kBytes, kUnit)) : x;
@@ -110,8 +112,8 @@ OUTLINED void mix_half_line(MixedLine<Row> line, Adjustments by, ptrdiff_t x, pt
     half.blocks(units, end);
 }
 
-OUTLINED void mix_half_lines(const MixedLine<Row>& upper, const MixedLine<Row>& lower, const Adjustments& by,
-                             ptrdiff_t width, bool streamed)
+[[maybe_unused]] static NEVER_INLINE void mix_half_lines(const MixedLine<Row>& upper, const MixedLine<Row>& lower,
+                                                         const Adjustments& by, ptrdiff_t width, bool streamed)
 {
     each_mixed_part(width, [&](ptrdiff_t x, ptrdiff_t pixels) VSURF_INLINED {
         if (transparent(upper.subpicture.alpha + x, lower.subpicture.alpha + x, pixels)) {
@@ -125,8 +127,8 @@ OUTLINED void mix_half_lines(const MixedLine<Row>& upper, const MixedLine<Row>& 
     });
 }
 
-OUTLINED void mix_half_blocks(const MixedLine<Row>& upper, const MixedLine<Row>& lower, const Adjustments& by,
-                              ptrdiff_t width)
+[[maybe_unused]] static NEVER_INLINE void mix_half_blocks(const MixedLine<Row>& upper, const MixedLine<Row>& lower,
+                                                          const Adjustments& by, ptrdiff_t width)
 {
     for (ptrdiff_t x = 0; x < width; x += kBlock) {
         HalfLine{upper, by}.blocks(x, x + kBlock);
@@ -134,7 +136,7 @@ OUTLINED void mix_half_blocks(const MixedLine<Row>& upper, const MixedLine<Row>&
     }
 }
 
-OP void mix_half(const FramePairs& pairs)
+ALWAYS_INLINE void mix_half(const FramePairs& pairs)
 {
     const auto by = adjustments_now();
     const bool in_order = pairs.order_shows(), streamed = !in_order && pairs.streamed();

@@ -27,12 +27,12 @@ constexpr ptrdiff_t kMixedPixels = 2048;
 
 struct Samples {
     alignas(64) uint8_t y[kMixedPixels], u[kMixedPixels / 2], v[kMixedPixels / 2];
-    MEMBER Position shown_at(uint8_t* dst) const { return {y, u, v, dst}; }
+    ALWAYS_INLINE Position shown_at(uint8_t* dst) const { return {y, u, v, dst}; }
 };
 
 template <class PairAlpha, class Source>
-OUTLINED void mix_samples(const MixedLine<Source>& line, ptrdiff_t x, ptrdiff_t pixels, const Adjustments& by,
-                          Samples& to)
+[[maybe_unused]] static NEVER_INLINE void mix_samples(const MixedLine<Source>& line, ptrdiff_t x, ptrdiff_t pixels,
+                                                      const Adjustments& by, Samples& to)
 {
     const auto& over = line.subpicture;
     const uint8_t* alpha = over.alpha + x;
@@ -50,8 +50,8 @@ OUTLINED void mix_samples(const MixedLine<Source>& line, ptrdiff_t x, ptrdiff_t 
 
 // The picture's alone, of two lines that share their chroma.
 template <class Source>
-OP void adjust_samples(const MixedLine<Source>& upper, const MixedLine<Source>& lower, ptrdiff_t x, ptrdiff_t pixels,
-                       const Adjustments& by, Samples& to, Samples& to_lower)
+ALWAYS_INLINE void adjust_samples(const MixedLine<Source>& upper, const MixedLine<Source>& lower, ptrdiff_t x,
+                                  ptrdiff_t pixels, const Adjustments& by, Samples& to, Samples& to_lower)
 {
     adjust_line(to.y, upper.y + x, pixels, by.luma);
     adjust_line(to_lower.y, lower.y + x, pixels, by.luma);
@@ -61,14 +61,17 @@ OP void adjust_samples(const MixedLine<Source>& upper, const MixedLine<Source>& 
 
 // Writes lines of samples, in whole blocks.
 template <class Sink> struct Writer {
-    OP PlanarStep<Sink, Plain> step(const void* sink) { return {{}, *static_cast<const Sink*>(sink)}; }
+    static ALWAYS_INLINE PlanarStep<Sink, Plain> step(const void* sink)
+    {
+        return {{}, *static_cast<const Sink*>(sink)};
+    }
 
     // Two lines that share the upper one's chroma.
-    OUTLINED_MEMBER void pair(const void* sink, Position upper, Position lower, ptrdiff_t pixels, bool streamed)
+    static NEVER_INLINE void pair(const void* sink, Position upper, Position lower, ptrdiff_t pixels, bool streamed)
     {
         write_pass(step(sink), upper, lower, pixels, streamed);
     }
-    OUTLINED_MEMBER void line(const void* sink, Position at, ptrdiff_t x, ptrdiff_t end, bool streamed)
+    static NEVER_INLINE void line(const void* sink, Position at, ptrdiff_t x, ptrdiff_t end, bool streamed)
     {
         write_line(step(sink), at, x, end, streamed);
     }
@@ -81,15 +84,15 @@ struct AnyWriter {
     void (*pair_with)(const void*, Position, Position, ptrdiff_t, bool);
     void (*line_with)(const void*, Position, ptrdiff_t, ptrdiff_t, bool);
 
-    template <class Sink> OP AnyWriter of(const Sink& sink)
+    template <class Sink> static ALWAYS_INLINE AnyWriter of(const Sink& sink)
     {
         return {&sink, Sink::kBytes, Writer<Sink>::pair, Writer<Sink>::line};
     }
-    MEMBER void pair(Position upper, Position lower, ptrdiff_t pixels, bool streamed) const
+    ALWAYS_INLINE void pair(Position upper, Position lower, ptrdiff_t pixels, bool streamed) const
     {
         pair_with(sink, upper, lower, pixels, streamed);
     }
-    MEMBER void line(Position at, ptrdiff_t x, ptrdiff_t end, bool streamed) const
+    ALWAYS_INLINE void line(Position at, ptrdiff_t x, ptrdiff_t end, bool streamed) const
     {
         line_with(sink, at, x, end, streamed);
     }
@@ -99,7 +102,7 @@ struct AnyWriter {
 enum class MixOrder { block_by_block, line_by_line, strip_by_strip };
 
 // Calls `work(x, pixels)` for the parts of a line.
-template <class Work> OP void each_mixed_part(ptrdiff_t width, const Work& work)
+template <class Work> ALWAYS_INLINE void each_mixed_part(ptrdiff_t width, const Work& work)
 {
     for (ptrdiff_t x = 0; x < width; x += kMixedPixels) work(x, width - x < kMixedPixels ? width - x : kMixedPixels);
 }
@@ -107,7 +110,8 @@ template <class Work> OP void each_mixed_part(ptrdiff_t width, const Work& work)
 // How two lines without a subpicture are written: through samples, too, which costs little beside RGB,
 struct ThroughSamples {
     template <class Line, class Mixer>
-    OP void write(const Mixer& mixer, const Line& upper, const Line& lower, ptrdiff_t x, ptrdiff_t pixels)
+    static ALWAYS_INLINE void write(const Mixer& mixer, const Line& upper, const Line& lower, ptrdiff_t x,
+                                    ptrdiff_t pixels)
     {
         mixer.adjusted(upper, lower, x, pixels);
     }
@@ -116,17 +120,18 @@ struct ThroughSamples {
 // or at once.
 template <class Sink> struct Directly {
     template <class Source>
-    OUTLINED_MEMBER void write_adjusted(MixedLine<Source> upper, MixedLine<Source> lower, ptrdiff_t x, ptrdiff_t pixels,
-                                        Adjustments by, bool streamed)
+    static NEVER_INLINE void write_adjusted(MixedLine<Source> upper, MixedLine<Source> lower, ptrdiff_t x,
+                                            ptrdiff_t pixels, Adjustments by, bool streamed)
     {
         using From = Adjust<CommonGain, Source>;
-        const SourcesStep<Sink, kLanes, From, From, From> step{
+        const SourcesStep<Sink, kRegister, From, From, From> step{
             {by.luma, upper.y + x}, {by.luma, lower.y + x}, {by.u, upper.u + x / 2}, {by.v, upper.v + x / 2}, {}};
         const ptrdiff_t at = x * Sink::kBytes;
         write_two_lines(step, upper.dst + at, lower.dst + at, pixels, streamed);
     }
     template <class Line, class Mixer>
-    OP void write(const Mixer& mixer, const Line& upper, const Line& lower, ptrdiff_t x, ptrdiff_t pixels)
+    static ALWAYS_INLINE void write(const Mixer& mixer, const Line& upper, const Line& lower, ptrdiff_t x,
+                                    ptrdiff_t pixels)
     {
         if (CommonGain::suits(mixer.by)) write_adjusted(upper, lower, x, pixels, mixer.by, mixer.streamed);
         else mixer.adjusted(upper, lower, x, pixels);
@@ -139,21 +144,21 @@ template <class PairAlpha, class Alone> struct Mixer {
     bool streamed;
 
     template <class Line>
-    MEMBER void adjusted(const Line& upper, const Line& lower, ptrdiff_t x, ptrdiff_t pixels) const
+    ALWAYS_INLINE void adjusted(const Line& upper, const Line& lower, ptrdiff_t x, ptrdiff_t pixels) const
     {
         Samples samples, samples_lower;
         adjust_samples(upper, lower, x, pixels, by, samples, samples_lower);
         writer.pair(samples.shown_at(upper.dst + x * writer.bytes),
                     samples_lower.shown_at(lower.dst + x * writer.bytes), pixels, streamed);
     }
-    template <class Line> MEMBER void mixed(const Line& line, ptrdiff_t x, ptrdiff_t pixels) const
+    template <class Line> ALWAYS_INLINE void mixed(const Line& line, ptrdiff_t x, ptrdiff_t pixels) const
     {
         Samples samples;
         mix_samples<PairAlpha>(line, x, pixels, by, samples);
         writer.line(samples.shown_at(line.dst + x * writer.bytes), 0, pixels, streamed);
     }
 
-    template <class Line> MEMBER void two_lines(const Line& upper, const Line& lower, ptrdiff_t width) const
+    template <class Line> ALWAYS_INLINE void two_lines(const Line& upper, const Line& lower, ptrdiff_t width) const
     {
         each_mixed_part(width, [&](ptrdiff_t x, ptrdiff_t pixels) VSURF_INLINED {
             if (transparent(upper.subpicture.alpha + x, lower.subpicture.alpha + x, pixels)) {
@@ -166,7 +171,7 @@ template <class PairAlpha, class Alone> struct Mixer {
     }
 
     template <class Line>
-    MEMBER void block_by_block(const Line& upper, const Line& lower, ptrdiff_t from, ptrdiff_t end) const
+    ALWAYS_INLINE void block_by_block(const Line& upper, const Line& lower, ptrdiff_t from, ptrdiff_t end) const
     {
         Samples samples, samples_lower;
         each_mixed_part(end - from, [&](ptrdiff_t part, ptrdiff_t pixels) VSURF_INLINED {
@@ -180,12 +185,12 @@ template <class PairAlpha, class Alone> struct Mixer {
         });
     }
 
-    template <class Line> MEMBER void one_line(const Line& line, ptrdiff_t width) const
+    template <class Line> ALWAYS_INLINE void one_line(const Line& line, ptrdiff_t width) const
     {
         each_mixed_part(width, [&](ptrdiff_t x, ptrdiff_t pixels) VSURF_INLINED { this->mixed(line, x, pixels); });
     }
 
-    template <class Pairs> MEMBER void in_order(const Pairs& pairs, ptrdiff_t width) const
+    template <class Pairs> ALWAYS_INLINE void in_order(const Pairs& pairs, ptrdiff_t width) const
     {
         const ptrdiff_t strip = Pairs::kOrder == MixOrder::strip_by_strip ? kBlock : width;
         for (ptrdiff_t x = 0; x < width; x += strip)
@@ -202,7 +207,7 @@ template <class PairAlpha, class Alone> struct Mixer {
 
 // `pairs.each(work)` calls `work(upper, lower)` for each pair of lines in their order. Where pairs.order_shows(), its
 // lines overlap or do not share their chroma.
-template <class PairAlpha, class Alone, class Pairs> OP void mix(const Pairs& pairs, const AnyWriter& writer)
+template <class PairAlpha, class Alone, class Pairs> ALWAYS_INLINE void mix(const Pairs& pairs, const AnyWriter& writer)
 {
     const bool in_order = pairs.order_shows();
     const Mixer<PairAlpha, Alone> mixer{writer, adjustments_now(), !in_order && pairs.streamed()};

@@ -5,12 +5,12 @@
 namespace vsurf::VSURF_ISA {
 
 // Calls `mixer` with the writer of the layout; layouts beyond the four mix nothing.
-template <class Mixer> OP void mix_words(const MIX_INFO* job, const Mixer& mixer)
+template <class Mixer> ALWAYS_INLINE void mix_words(const MIX_INFO* job, const Mixer& mixer)
 {
     with_rgb16_sink(job->contrast_info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED { mixer(AnyWriter::of(sink)); });
 }
 
-OUTLINED void mix_frame(MIX_INFO* job, const AnyWriter& writer)
+[[maybe_unused]] static NEVER_INLINE void mix_frame(MIX_INFO* job, const AnyWriter& writer)
 {
     const auto pairs = frame_pairs(job, writer.bytes, job->picture_pitch);
     mix<OddAlpha, ThroughSamples>(pairs, writer);
@@ -26,7 +26,7 @@ void mix_ayuy2_rgb16_p_ajust(MIX_INFO* job)
 
 // Irregular: a pair's chroma takes the average of its alphas, heights below 4 still give four lines, and the record
 // stays as it is.
-OUTLINED void mix_field(const MIX_INFO* job, const AnyWriter& writer)
+[[maybe_unused]] static NEVER_INLINE void mix_field(const MIX_INFO* job, const AnyWriter& writer)
 {
     const ptrdiff_t width = (at_least_one(job->width) + kBlock - 1) / kBlock * kBlock;
     const auto pairs = field_pairs<MixOrder::strip_by_strip>(job, writer.bytes, width, 0, 0);

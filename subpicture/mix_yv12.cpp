@@ -15,11 +15,11 @@ struct MixedPlane {
     uint8_t* dst;
     ptrdiff_t dst_step, samples, lines;
 
-    MEMBER const uint8_t* picture_line(ptrdiff_t i) const
+    ALWAYS_INLINE const uint8_t* picture_line(ptrdiff_t i) const
     {
         return picture + i / 2 * (picture_step + picture_odd_step) + (i % 2 ? picture_step : 0);
     }
-    template <class Source> MEMBER Source source(ptrdiff_t i) const
+    template <class Source> ALWAYS_INLINE Source source(ptrdiff_t i) const
     {
         const Row own{picture_line(i)};
         if constexpr (__is_same(Source, Row)) return own;
@@ -31,7 +31,7 @@ template <class Source, class After> using Luma = LumaLine<Source, After>;
 template <class Source, class After> using Chroma = ChromaLine<Source, OddAlpha, After>;
 
 template <template <class, class> class Line, class Source, class After>
-OP void mix(const MixedPlane& p, const After& after)
+ALWAYS_INLINE void mix(const MixedPlane& p, const After& after)
 {
     using Mixed = Line<Source, After>;
     const bool streamed = streams(p.dst, p.dst_step, p.samples, p.lines);
@@ -45,7 +45,7 @@ OP void mix(const MixedPlane& p, const After& after)
 }
 
 // Each line moves the pointers by whole blocks, back by the width, and on by the pitch.
-OP MixedPlane luma_plane(const MIX_INFO* job)
+ALWAYS_INLINE MixedPlane luma_plane(const MIX_INFO* job)
 {
     const ptrdiff_t samples = rounds(job->width, 8) * 8, drift = samples - job->width;
     return {
@@ -65,7 +65,8 @@ OP MixedPlane luma_plane(const MIX_INFO* job)
 }
 
 // The subpicture's even lines alone.
-OP MixedPlane chroma_plane(const MIX_INFO* job, const uint8_t* picture, const uint8_t* over, uint8_t* surface)
+ALWAYS_INLINE MixedPlane chroma_plane(const MIX_INFO* job, const uint8_t* picture, const uint8_t* over,
+                                      uint8_t* surface)
 {
     const ptrdiff_t samples = rounds(logical_half(job->width), 8) * 8;
     const ptrdiff_t step = samples + (difference(job->picture_pitch, job->width) >> 1);
@@ -84,8 +85,14 @@ OP MixedPlane chroma_plane(const MIX_INFO* job, const uint8_t* picture, const ui
         .lines = rounds(logical_half(job->height), 1),
     };
 }
-OP MixedPlane v_plane(const MIX_INFO* job) { return chroma_plane(job, job->picture_v, job->subpic_v, job->surface_v); }
-OP MixedPlane u_plane(const MIX_INFO* job) { return chroma_plane(job, job->picture_u, job->subpic_u, job->surface_u); }
+ALWAYS_INLINE MixedPlane v_plane(const MIX_INFO* job)
+{
+    return chroma_plane(job, job->picture_v, job->subpic_v, job->surface_v);
+}
+ALWAYS_INLINE MixedPlane u_plane(const MIX_INFO* job)
+{
+    return chroma_plane(job, job->picture_u, job->subpic_u, job->surface_u);
+}
 
 void mix_ayv12_yv12_p(MIX_INFO* job)
 {
@@ -108,7 +115,7 @@ void mix_ayv12_yv12_p_ajust(MIX_INFO* job)
 }
 
 // A field: even lines are the picture's, odd ones averages with the next, down to the line after its last one.
-OP MixedPlane doubled(MixedPlane plane, int height, ptrdiff_t step_in_pair)
+ALWAYS_INLINE MixedPlane doubled(MixedPlane plane, int height, ptrdiff_t step_in_pair)
 {
     plane.picture_step = step_in_pair;
     plane.lines = 2 * rounds(height, 2);

@@ -7,22 +7,25 @@
 
 namespace vsurf::VSURF_ISA {
 
-OP Subpicture subpicture(const MIX_INFO* job)
+ALWAYS_INLINE Subpicture subpicture(const MIX_INFO* job)
 {
     return {job->subpic_alpha, job->subpic_y, job->subpic_u, job->subpic_v};
 }
-OP Subpicture moved(Subpicture s, ptrdiff_t luma, ptrdiff_t chroma)
+ALWAYS_INLINE Subpicture moved(Subpicture s, ptrdiff_t luma, ptrdiff_t chroma)
 {
     return {s.alpha + luma, s.y + luma, s.u + chroma, s.v + chroma};
 }
-OP void move_subpicture(MIX_INFO* job, ptrdiff_t luma, ptrdiff_t chroma)
+ALWAYS_INLINE void move_subpicture(MIX_INFO* job, ptrdiff_t luma, ptrdiff_t chroma)
 {
     job->subpic_alpha += luma;
     job->subpic_y += luma;
     job->subpic_u += chroma;
     job->subpic_v += chroma;
 }
-OP Position picture(const MIX_INFO* job) { return {job->picture_y, job->picture_u, job->picture_v, job->surface}; }
+ALWAYS_INLINE Position picture(const MIX_INFO* job)
+{
+    return {job->picture_y, job->picture_u, job->picture_v, job->surface};
+}
 
 // A frame: each pair of lines shares a chroma line of the picture, and each line has one of the subpicture. The
 // pointers are moved once a pair.
@@ -32,10 +35,10 @@ struct FramePairs {
     Subpicture subpicture;
     ptrdiff_t subpicture_lower, subpicture_chroma_lower, subpicture_pass, subpicture_chroma_pass;
 
-    MEMBER ptrdiff_t width() const { return walk.width; }
-    MEMBER bool order_shows() const { return lines_overlap(walk); }
-    MEMBER bool streamed() const { return streams(walk); }
-    template <class Work> MEMBER void each(const Work& work) const
+    ALWAYS_INLINE ptrdiff_t width() const { return walk.width; }
+    ALWAYS_INLINE bool order_shows() const { return lines_overlap(walk); }
+    ALWAYS_INLINE bool streamed() const { return streams(walk); }
+    template <class Work> ALWAYS_INLINE void each(const Work& work) const
     {
         Position at = walk.start;
         for (ptrdiff_t i = 0; i < walk.passes; i++, at = at + walk.to_next_pass) {
@@ -49,7 +52,7 @@ struct FramePairs {
 };
 
 // The lower line of the picture is reached by `lower_pitch`, by which its chroma steps, too; `bytes` a source pixel.
-OP FramePairs frame_pairs(const MIX_INFO* job, int bytes, int lower_pitch)
+ALWAYS_INLINE FramePairs frame_pairs(const MIX_INFO* job, int bytes, int lower_pitch)
 {
     const ptrdiff_t width = rounds(job->width, kBlock) * kBlock, drift = width - job->width;
     const ptrdiff_t chroma_drift = width / 2 - (job->width >> 1);
@@ -70,7 +73,7 @@ OP FramePairs frame_pairs(const MIX_INFO* job, int bytes, int lower_pitch)
     };
 }
 
-OP void consume(MIX_INFO* job, const FramePairs& pairs)
+ALWAYS_INLINE void consume(MIX_INFO* job, const FramePairs& pairs)
 {
     const ptrdiff_t passes = pairs.walk.passes;
     job->picture_u += passes * pairs.walk.to_next_pass.chroma;
@@ -90,15 +93,18 @@ template <MixOrder order> struct FieldPairs {
     ptrdiff_t line_bytes, groups, whole_width;
     ptrdiff_t drift, chroma_drift; // of the picture, a line of the surface
 
-    MEMBER ptrdiff_t width() const { return whole_width; }
-    MEMBER bool order_shows() const
+    ALWAYS_INLINE ptrdiff_t width() const { return whole_width; }
+    ALWAYS_INLINE bool order_shows() const
     {
         return drift != 0 || chroma_drift != 0 || (surface_step < line_bytes && -surface_step < line_bytes);
     }
-    MEMBER bool streamed() const { return streams(start.dst, surface_step, line_bytes, 4 * groups); }
+    ALWAYS_INLINE bool streamed() const { return streams(start.dst, surface_step, line_bytes, 4 * groups); }
 
-    MEMBER Average<Row> average(const uint8_t* line, ptrdiff_t to_other) const { return {{line}, {line + to_other}}; }
-    MEMBER MixedLine<Average<Row>> line(ptrdiff_t group, int of_group) const
+    ALWAYS_INLINE Average<Row> average(const uint8_t* line, ptrdiff_t to_other) const
+    {
+        return {{line}, {line + to_other}};
+    }
+    ALWAYS_INLINE MixedLine<Average<Row>> line(ptrdiff_t group, int of_group) const
     {
         const ptrdiff_t n = 4 * group + of_group;
         const bool looks_on = group < groups - 1 || of_group < 2;
@@ -110,7 +116,7 @@ template <MixOrder order> struct FieldPairs {
         return {average(y, below), average(u, chroma_below), average(v, chroma_below),
                 moved(subpicture, n * subpicture_step, n * subpicture_chroma_step), start.dst + n * surface_step};
     }
-    template <class Work> MEMBER void each(const Work& work) const
+    template <class Work> ALWAYS_INLINE void each(const Work& work) const
     {
         for (ptrdiff_t group = 0; group < groups; group++)
             for (int pair = 0; pair < 4; pair += 2) work(line(group, pair), line(group, pair + 1));
@@ -120,8 +126,8 @@ template <MixOrder order> struct FieldPairs {
 // `width` in whole blocks; `drift` and `chroma_drift` are what a line moves the pointers by beyond the pitches. Up to
 // eight lines the last group is the only one.
 template <MixOrder order>
-OP FieldPairs<order> field_pairs(const MIX_INFO* job, int bytes, ptrdiff_t width, ptrdiff_t drift,
-                                 ptrdiff_t chroma_drift)
+ALWAYS_INLINE FieldPairs<order> field_pairs(const MIX_INFO* job, int bytes, ptrdiff_t width, ptrdiff_t drift,
+                                            ptrdiff_t chroma_drift)
 {
     return {
         .start = picture(job),

@@ -11,10 +11,10 @@ namespace vsurf::VSURF_ISA {
 // What the blended samples go through; they come in sixteenths from alphas on the scale. Nothing,
 struct AsTheyAre {
     static constexpr bool kAlwaysExact = false;
-    template <int N> MEMBER u8<N> operator()(u8<N> samples) const { return samples; }
-    template <int N> MEMBER u8<N> sixteenths(wide<N> x) const
+    template <int N> ALWAYS_INLINE Bytes<N> operator()(Bytes<N> samples) const { return samples; }
+    template <int N> ALWAYS_INLINE Bytes<N> sixteenths(LowHighWords<N> x) const
     {
-        return narrow(wide<N>{shr<kAlphaBits>(x.low), shr<kAlphaBits>(x.high)});
+        return narrow(LowHighWords<N>{shr<kAlphaBits>(x.low), shr<kAlphaBits>(x.high)});
     }
 };
 
@@ -24,15 +24,15 @@ template <class Gain> struct AdjustedBy {
     static_assert(CommonGain::kHighest * 64 <= 65535);
     SampleAdjust by;
 
-    template <int N> MEMBER u8<N> operator()(u8<N> samples) const { return adjusted<Gain>(by, samples); }
-    template <int N> MEMBER half<N> sixteenths(half<N> x) const
+    template <int N> ALWAYS_INLINE Bytes<N> operator()(Bytes<N> samples) const { return adjusted<Gain>(by, samples); }
+    template <int N> ALWAYS_INLINE Words<N> sixteenths(Words<N> x) const
     {
-        auto whole = words(bit_and(bytes(x), bytes(half<N>::splat(-1 << kAlphaBits))));
-        return by.offset_uncut(mulhi_unsigned(whole, half<N>::splat(by.gain * 64)));
+        auto whole = as_words(bit_and(as_bytes(x), as_bytes(Words<N>::splat(-1 << kAlphaBits))));
+        return by.offset_uncut(mulhi_unsigned(whole, Words<N>::splat(by.gain * 64)));
     }
-    template <int N> MEMBER u8<N> sixteenths(wide<N> x) const
+    template <int N> ALWAYS_INLINE Bytes<N> sixteenths(LowHighWords<N> x) const
     {
-        return narrow(wide<N>{sixteenths(x.low), sixteenths(x.high)});
+        return narrow(LowHighWords<N>{sixteenths(x.low), sixteenths(x.high)});
     }
 };
 
@@ -40,7 +40,10 @@ template <class Gain> struct AdjustedBy {
 template <> struct AdjustedBy<AnyGain> {
     static constexpr bool kAlwaysExact = true;
     SampleAdjust by;
-    template <int N> MEMBER u8<N> operator()(u8<N> samples) const { return adjusted<AnyGain>(by, samples); }
+    template <int N> ALWAYS_INLINE Bytes<N> operator()(Bytes<N> samples) const
+    {
+        return adjusted<AnyGain>(by, samples);
+    }
 };
 
 template <class Source, class AfterBlend> struct LumaLine {
@@ -51,23 +54,25 @@ template <class Source, class AfterBlend> struct LumaLine {
     uint8_t* dst;
     After after;
 
-    template <Stores S, class Work> MEMBER void each_register(ptrdiff_t x, const Work& work) const
+    template <Stores S, class Work> ALWAYS_INLINE void each_register(ptrdiff_t x, const Work& work) const
     {
-        put<S>(dst + x, work(x));
-        put<S>(dst + x + kLanes, work(x + kLanes));
+        put(to<S>(dst + x), work(x));
+        put(to<S>(dst + x + kRegister), work(x + kRegister));
     }
-    template <Stores S> MEMBER void alone(ptrdiff_t x) const
+    template <Stores S> ALWAYS_INLINE void alone(ptrdiff_t x) const
     {
-        each_register<S>(x, [&](ptrdiff_t at) VSURF_INLINED { return after(picture.template bytes<kLanes, 1>(at)); });
+        each_register<S>(x,
+                         [&](ptrdiff_t at) VSURF_INLINED { return after(picture.template bytes<kRegister, 1>(at)); });
     }
-    template <Stores S> MEMBER void on_scale(ptrdiff_t x) const
+    template <Stores S> ALWAYS_INLINE void on_scale(ptrdiff_t x) const
     {
         each_register<S>(x, [&](ptrdiff_t at) VSURF_INLINED {
-            const auto weights = Weights<kLanes>::of(load<kLanes>(alpha + at));
-            return after.sixteenths(weights.blend(picture.template bytes<kLanes, 1>(at), load<kLanes>(over + at)));
+            const auto weights = Weights<kRegister>::of(load<kRegister>(alpha + at));
+            return after.sixteenths(
+                weights.blend(picture.template bytes<kRegister, 1>(at), load<kRegister>(over + at)));
         });
     }
-    MEMBER void exact(ptrdiff_t x, ptrdiff_t end) const
+    ALWAYS_INLINE void exact(ptrdiff_t x, ptrdiff_t end) const
     {
         for (; end - x >= 16; x += 16) {
             auto p = picture.template bytes<16, 1>(x);
@@ -80,10 +85,10 @@ template <class Source, class AfterBlend> struct LumaLine {
     }
 };
 
-template <class PairAlpha> OP Weights<kLanes> pair_weights(const uint8_t* alpha)
+template <class PairAlpha> ALWAYS_INLINE Weights<kRegister> pair_weights(const uint8_t* alpha)
 {
-    auto pairs = load_two<kLanes>(alpha);
-    return Weights<kLanes>::of(wide<kLanes>{PairAlpha::of(pairs.low), PairAlpha::of(pairs.high)});
+    auto pairs = load_two<kRegister>(alpha);
+    return Weights<kRegister>::of(LowHighWords<kRegister>{PairAlpha::of(pairs.low), PairAlpha::of(pairs.high)});
 }
 
 template <class Source, class PairAlpha, class AfterBlend> struct ChromaLine {
@@ -94,20 +99,23 @@ template <class Source, class PairAlpha, class AfterBlend> struct ChromaLine {
     uint8_t* dst;
     After after;
 
-    template <Stores S> MEMBER void alone(ptrdiff_t x) const
+    template <Stores S> ALWAYS_INLINE void alone(ptrdiff_t x) const
     {
-        put<S>(dst + x / 2, after(picture.template bytes<kLanes, 1>(x / 2)));
+        put(to<S>(dst + x / 2), after(picture.template bytes<kRegister, 1>(x / 2)));
     }
-    template <Stores S> MEMBER void on_scale(ptrdiff_t x, const Weights<kLanes>& weights) const
+    template <Stores S> ALWAYS_INLINE void on_scale(ptrdiff_t x, const Weights<kRegister>& weights) const
     {
-        auto p = picture.template bytes<kLanes, 1>(x / 2);
-        put<S>(dst + x / 2, after.sixteenths(weights.blend(p, load<kLanes>(over + x / 2))));
+        auto p = picture.template bytes<kRegister, 1>(x / 2);
+        put(to<S>(dst + x / 2), after.sixteenths(weights.blend(p, load<kRegister>(over + x / 2))));
     }
-    template <Stores S> MEMBER void on_scale(ptrdiff_t x) const { on_scale<S>(x, pair_weights<PairAlpha>(alpha + x)); }
-    MEMBER void exact(ptrdiff_t x, ptrdiff_t end) const
+    template <Stores S> ALWAYS_INLINE void on_scale(ptrdiff_t x) const
+    {
+        on_scale<S>(x, pair_weights<PairAlpha>(alpha + x));
+    }
+    ALWAYS_INLINE void exact(ptrdiff_t x, ptrdiff_t end) const
     {
         for (; x < end; x += 16) {
-            auto a = PairAlpha::of(words(load<16>(alpha + x)));
+            auto a = PairAlpha::of(as_words(load<16>(alpha + x)));
             auto eight = blended(picture.template words<16, 1>(x / 2), load_chroma<16>(over + x / 2), a);
             put_first8(dst + x / 2, after(pack_in_order(eight, eight)));
         }
@@ -121,20 +129,20 @@ template <class Source, class PairAlpha, class AfterBlend> struct YuvLine {
     ChromaLine<Source, PairAlpha, After> u, v;
     const uint8_t* alpha;
 
-    template <Stores S> MEMBER void alone(ptrdiff_t x) const
+    template <Stores S> ALWAYS_INLINE void alone(ptrdiff_t x) const
     {
         y.template alone<S>(x);
         u.template alone<S>(x);
         v.template alone<S>(x);
     }
-    template <Stores S> MEMBER void on_scale(ptrdiff_t x) const
+    template <Stores S> ALWAYS_INLINE void on_scale(ptrdiff_t x) const
     {
         y.template on_scale<S>(x);
         const auto weights = pair_weights<PairAlpha>(alpha + x);
         u.template on_scale<S>(x, weights);
         v.template on_scale<S>(x, weights);
     }
-    MEMBER void exact(ptrdiff_t x, ptrdiff_t end) const
+    ALWAYS_INLINE void exact(ptrdiff_t x, ptrdiff_t end) const
     {
         y.exact(x, end);
         u.exact(x, end);
@@ -143,9 +151,12 @@ template <class Source, class PairAlpha, class AfterBlend> struct YuvLine {
 };
 
 // By value: what has no address stays in registers around the stores.
-template <class Line> OUTLINED void blend_exactly(Line line, ptrdiff_t x, ptrdiff_t end) { line.exact(x, end); }
+template <class Line> [[maybe_unused]] static NEVER_INLINE void blend_exactly(Line line, ptrdiff_t x, ptrdiff_t end)
+{
+    line.exact(x, end);
+}
 
-template <Stores S, class Line> OP void blend_units(Line line, ptrdiff_t x, ptrdiff_t end)
+template <Stores S, class Line> ALWAYS_INLINE void blend_units(Line line, ptrdiff_t x, ptrdiff_t end)
 {
     for (; x < end; x += kUnit) {
         const auto alphas = alphas_at(line.alpha + x);
@@ -156,7 +167,7 @@ template <Stores S, class Line> OP void blend_units(Line line, ptrdiff_t x, ptrd
 }
 
 // The first `streamed` pixels, whole units, are streamed. Beyond the last unit no difference is made between alphas.
-template <class Line> OP void blend_line(Line line, ptrdiff_t pixels, ptrdiff_t streamed)
+template <class Line> ALWAYS_INLINE void blend_line(Line line, ptrdiff_t pixels, ptrdiff_t streamed)
 {
     if constexpr (Line::After::kAlwaysExact) {
         blend_exactly(line, 0, pixels);
