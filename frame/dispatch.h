@@ -40,8 +40,9 @@
 
 namespace vsurf {
 
+// A pointer to a function of each export's type, as the header declares it.
 struct Kernels {
-#define EXPORT_(name, params, args) void(*name) params;
+#define EXPORT_(name, ...) decltype(&::name) name;
 #include "frame/exports.inc"
 #undef EXPORT_
 };
@@ -54,7 +55,9 @@ struct Isa {
 
 extern const Isa isas[]; // best first; the last one always runs
 extern const int isa_count;
-const Isa& active_isa(); // the one that the exported functions use
+// The one that the exported functions use: the best that runs here, or the one that the environment variable VSURF_ISA
+// names. (The compile definition of that name below is another thing: the namespace that a kernel is compiled for.)
+const Isa& active_isa();
 
 } // namespace vsurf
 

@@ -20,8 +20,7 @@ build_active_isa()
 {
     local tree=$1
     shift
-    printf '#include "frame/dispatch.h"\n#include <cstdio>\nint main() { std::puts(vsurf::active_isa().name); }\n' |
-        "$@" -std=c++20 -static -I. -x c++ - -x none "$tree/libvsurf.a" -o "$tree/active_isa"
+    "$@" -std=c++20 -static -I. tests/dispatch/isa_in_use.cpp "$tree/libvsurf.a" -o "$tree/active_isa"
 }
 
 # A processor without AVX, one with AVX alone, and one whose operating system does not keep the wide registers must
@@ -35,6 +34,10 @@ check_processors()
     chooses "$tree/active_isa" qemu-x86_64-static sse2 \
         Opteron_G1 Conroe Nehalem SandyBridge Haswell,-xsave Haswell,-avx2
     chooses "$tree/active_isa" qemu-x86_64-static avx2 Haswell EPYC
+    VSURF_ISA=sse2 chooses "$tree/active_isa" qemu-x86_64-static sse2 Haswell
+    # The build holds these, the processors do not run them.
+    VSURF_ISA=avx2 chooses "$tree/active_isa" qemu-x86_64-static sse2 Conroe
+    VSURF_ISA=avx512 chooses "$tree/active_isa" qemu-x86_64-static avx2 Haswell
     for program in edges job_exactness band_exactness initial_state; do
         VSURF_TEST_EFFORT=quick qemu-x86_64-static -cpu Conroe "$tree/tests/test_$program" --gtest_brief=1
     done

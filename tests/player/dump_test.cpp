@@ -102,5 +102,19 @@ TEST(DumpRun, every_instruction_set_gives_the_same_picture)
     }
 }
 
+TEST(DumpRun, the_environment_lowers_the_instruction_set_in_use)
+{
+    for (int i = 0; i < vsurf::isa_count; i++) {
+        if (!vsurf::isas[i].runs_here()) continue;
+        const ScratchDirectory scratch;
+        const std::string name = vsurf::isas[i].name;
+        const Result result =
+            play({"--size", "32x32", "--frames", "1", "--stats", "--dump", (scratch / "out").string()},
+                 {"VSURF_ISA=" + name});
+        EXPECT_EQ(result.status, 0) << result.err;
+        EXPECT_TRUE(result.out.starts_with("vsurf " + name + ", ")) << result.out;
+    }
+}
+
 } // namespace
 } // namespace player_test
