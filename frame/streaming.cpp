@@ -2,5 +2,5 @@
 #include "frame/streaming.h"
 
 namespace vsurf {
-constinit size_t streaming_threshold = size_t{256} << 10;
+constinit size_t streaming_threshold = VSURF_STREAM_FROM; // of the build's configuration
 }

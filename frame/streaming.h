@@ -6,8 +6,8 @@
 namespace vsurf {
 
 // Destinations of at least this many bytes are written with streaming stores where their lines allow it: a quarter
-// MiB, beyond which a surface and the picture that it shows soon outgrow a second-level cache. Set by tests and benches
-// alone.
+// MiB, beyond which a surface and the picture that it shows soon outgrow a second-level cache, unless the build is
+// configured for another size (VSURF_STREAM_FROM). Only tests and benches change it at run time.
 extern size_t streaming_threshold;
 
 } // namespace vsurf
