@@ -2,7 +2,7 @@
 # cmake -D input=FILE -D output=FILE -P write_sbom.cmake: the input sets name, version, built (folder and file, in
 # turn), source_folder and sources.
 # Time: SOURCE_DATE_EPOCH, if set, else now. The same files and time give the same document.
-cmake_minimum_required(VERSION 3.20)
+cmake_minimum_required(VERSION 3.21)
 include(${input})
 set(files)
 set(file_count 0)

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2154
-titles[install]="install, move, uninstall; C and C++ programs with the result"
+titles[install]="install, move, uninstall; C and C++ programs with the result, or with the source; presets"
 packages[install]="python3"
 
 # Sets `tree` to what is installed and packed: the tree of check `native`, brought up to date, where that is there; else
@@ -110,6 +110,31 @@ use_header()
     done
 }
 
+# A project that builds vsurf along with itself gets the libraries and nothing else.
+use_source()
+{
+    local tree=build/check/embedding
+    cmake -S tests/install/embedding -B "$tree" -DVSURF_SOURCE="$root" -DVSURF_MAX_ISA=sse2 -DCMAKE_CXX_FLAGS=-O0
+    cmake --build "$tree" --parallel "$jobs"
+    run_tests "$tree"
+}
+
+# Each preset can be configured. Those for other machines take compilers that other checks install.
+use_presets()
+{
+    local preset compiler
+    for preset in $(cmake --list-presets | sed -nE 's/^ +"([a-z0-9]+)".*/\1/p'); do
+        compiler=g++
+        [[ $preset != aarch64 ]] || compiler=aarch64-linux-gnu-g++
+        [[ $preset != mingw ]] || compiler=x86_64-w64-mingw32-g++-posix
+        if command -v "$compiler" >/dev/null; then
+            cmake --preset "$preset" -B "$scratch/preset/$preset"
+        else
+            echo "not tried: the preset $preset, since there is no $compiler"
+        fi
+    done
+}
+
 # names FOLDER: the files and links below it.
 names() { (cd "$1" && find . ! -type d | LC_ALL=C sort); }
 
@@ -164,6 +189,9 @@ check_install()
     mv "$prefix" "$scratch/install/elsewhere/moved"
     find_here "$scratch/install/elsewhere/moved"
     use_vsurf "$scratch/install/elsewhere/moved"
+
+    use_source
+    use_presets
 
     check_uninstall "$prefix" "$scratch/install/names"
     DESTDIR=$scratch/install/stage check_uninstall /opt/anywhere "$scratch/install/names"

@@ -57,7 +57,7 @@ check_licence()
             echo "no licence in the first lines of $name"
             missing=1
         fi
-    done < <(git ls-files --cached --others --exclude-standard -- ':!*.md' ':!*.png' ':!*.jpg' ':!*.svg' ':!*.abi' \
+    done < <(git ls-files --cached --others --exclude-standard -- ':!*.md' ':!*.png' ':!*.jpg' ':!*.svg' ':!*.abi' ':!*.json' \
         ':!.gitignore' ':!.reuse/*' ':!LICENSE*')
     return "$missing"
 }

@@ -14,24 +14,20 @@ without_address_randomisation()
     fi
 }
 
-# Line numbers are all that a report needs; full debugging information takes the compiler minutes on the kernels. Wider
-# kernels are the same sources once more, at more time still.
-# sanitized_tree NAME FLAGS TARGET CMAKE-ARGUMENT...
+# sanitized_tree NAME PRESET TARGET CMAKE-ARGUMENT...: the flags are those of the preset. Line numbers are all that a
+# report needs; full debugging information takes the compiler minutes on the kernels. Null pointers and object sizes are
+# AddressSanitizer's business anyway, and cost the compiler half of its time.
 sanitized_tree()
 {
-    local tree=build/check/$1 flags="-O1 -g1 -fno-omit-frame-pointer $2" target=$3
+    local tree=build/check/$1 preset=$2 target=$3
     shift 3
-    cmake -S . -B "$tree" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON -DCMAKE_BUILD_TYPE=Sanitized \
-        -DCMAKE_C_FLAGS="$flags" -DCMAKE_CXX_FLAGS="$flags" -DVSURF_MAX_ISA=sse2 "$@"
+    cmake --preset "$preset" -B "$tree" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON "$@"
     cmake --build "$tree" --parallel "$jobs" --target "$target"
 }
 
-# Null pointers and object sizes are AddressSanitizer's anyway, and cost the compiler half of its time.
-readonly memory_and_arithmetic="-fsanitize=address,undefined -fno-sanitize=null,object-size -fno-sanitize-recover=all"
-
 check_asan()
 {
-    sanitized_tree asan "$memory_and_arithmetic" all "${with_tests[@]}"
+    sanitized_tree asan asan all -DVSURF_MAX_ISA=sse2 "${with_tests[@]}"
     VSURF_TEST_EFFORT=quick run_tests build/check/asan
 }
 
@@ -39,7 +35,7 @@ check_asan()
 check_asan_player()
 {
     local window_keys='^player\.Keys' status=0
-    sanitized_tree asan_player "$memory_and_arithmetic" player_test -DVSURF_BUILD_BENCH=OFF
+    sanitized_tree asan_player asan player_test -DVSURF_MAX_ISA=sse2
     run_tests build/check/asan_player -R '^player\.' -E "$window_keys" || status=1
     ASAN_OPTIONS=detect_leaks=0 run_tests build/check/asan_player -R "$window_keys" || status=1
     return "$status"
@@ -47,7 +43,7 @@ check_asan_player()
 
 check_tsan()
 {
-    sanitized_tree tsan -fsanitize=thread test_concurrency "${with_tests[@]}"
+    sanitized_tree tsan tsan test_concurrency -DVSURF_MAX_ISA=sse2 "${with_tests[@]}"
     export -f run_tests
     VSURF_TEST_EFFORT=quick jobs=$jobs without_address_randomisation bash -c 'run_tests build/check/tsan -L concurrency'
 }
