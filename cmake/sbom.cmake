@@ -3,7 +3,7 @@
 set(sbom ${PROJECT_BINARY_DIR}/vsurf.spdx.json)
 foreach(folder frame load scale simd subpicture colorkey)
     file(GLOB found CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
-        ${folder}/*.cpp ${folder}/*.h ${folder}/*.inc ${folder}/*.map)
+        ${folder}/*.cpp ${folder}/*.h ${folder}/*.inc)
     list(APPEND library_sources ${found})
 endforeach()
 

@@ -3,6 +3,7 @@
 titles[windows]="vsurf.dll for x86-64: names, clients of each kind, tests under Wine"
 titles[win32]="vsurf.dll for 32-bit x86: names, clients of each kind"
 titles[win32_run]="vsurf.dll for 32-bit x86: clients and tests under Wine"
+packages[defs]="clang llvm"
 packages[windows]="g++-mingw-w64-x86-64-posix googletest clang lld llvm wine wine64 python3"
 packages[win32]="g++-mingw-w64-i686-posix googletest clang lld llvm"
 packages[win32_run]="wine wine32:i386"

@@ -181,15 +181,16 @@ JobImitation imitation(void (*model)(model::JobPlanes&, model::Job&)) { return {
 FillImitation imitation(void (*model)(model::Plane&, const model::Fill&)) { return {model}; }
 MaskImitation imitation(void (*model)(model::Plane&, model::Plane&, const model::Replacement&)) { return {model}; }
 
-#define EXPORT_(name, params, args) \
-    void fake_##name params { imitation(model::name) args; }
-#include "frame/exports.inc"
-#undef EXPORT_
+// A function of an export's type that imitates it by its model.
+template <auto kModel, class Function> struct Fake;
+template <auto kModel, class... Parameters> struct Fake<kModel, void(Parameters...)> {
+    static void call(Parameters... arguments) { imitation(kModel)(arguments...); }
+};
 
 } // namespace
 
 const vsurf::Kernels fakes = {
-#define EXPORT_(name, params, args) fake_##name,
+#define EXPORT_(name, ...) Fake<&model::name, decltype(::name)>::call,
 #include "frame/exports.inc"
 #undef EXPORT_
 };
