@@ -1,11 +1,8 @@
 # SPDX-License-Identifier: MIT
 # The bill of materials of a build (SPDX 2.3, JSON): what was built, from which sources, with the checksums of both.
 set(sbom ${PROJECT_BINARY_DIR}/vsurf.spdx.json)
-foreach(folder frame load scale simd subpicture colorkey)
-    file(GLOB found CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
-        ${folder}/*.cpp ${folder}/*.h ${folder}/*.inc)
-    list(APPEND library_sources ${found})
-endforeach()
+file(GLOB library_sources CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} */*.cpp */*.h */*.inc)
+list(FILTER library_sources EXCLUDE REGEX "^(bench|build[^/]*|docs|tests|tools)/")
 
 # Each built file behind the folder that it is installed to.
 set(built ${CMAKE_INSTALL_INCLUDEDIR} ${PROJECT_SOURCE_DIR}/frame/vsurf.h
