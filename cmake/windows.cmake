@@ -13,7 +13,7 @@ else()
     # Callers align the stack to 4 bytes, vectors are spilled to multiples of 16.
     target_compile_options(vsurf_options INTERFACE -mstackrealign)
 endif()
-set(windows_exports ${PROJECT_SOURCE_DIR}/frame/exports-${windows_arch}.def)
+include(cmake/windows_names.cmake)
 
 enable_language(RC)
 configure_file(${PROJECT_SOURCE_DIR}/frame/vsurf.rc.in ${PROJECT_BINARY_DIR}/vsurf.rc @ONLY)

@@ -1,0 +1,41 @@
+# SPDX-License-Identifier: MIT
+# Makes the module definition of vsurf.dll, ${windows_exports}: each function under its plain name, and under the one by
+# which C++ callers of the platform's own compilers know it. They decorate a name with the types of what is returned and
+# passed. The checks compare the result with what clang, as such a compiler, makes of the header.
+# X is void, E unsigned char, H int, I unsigned int, Uname@@ a record, * marks a pointer to what follows, and a digit
+# repeats the type of so many pointers and records before.
+set(types_LOADER "*X000HHHH*Uajust_contrast_info@@")
+set(types_PACKED_LOADER ${types_LOADER})
+set(types_PLANE_ENLARGER "*E0HHHH")
+set(types_ADJUSTED_PLANE_ENLARGER "*E0HHHH*Uajust_contrast_info@@H")
+set(types_BAND_ENLARGER "*UtagVideoFrame@@HH*EH*Uajust_contrast_info@@")
+set(types_PACKED_ENLARGER "*X000HHH")
+set(types_ADJUSTED_PACKED_ENLARGER "*X000HHH*Uajust_contrast_info@@")
+set(types_JOB "*UMIX_INFO@@")
+set(types_FILL "I*XHHHH")
+set(types_MASK "*E0IIHHH")
+set(types_SETTER "*X")
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    set(pointer PEA)
+else()
+    set(pointer PA)
+endif()
+
+set(index ${PROJECT_SOURCE_DIR}/frame/exports.inc)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${index})
+file(STRINGS ${index} lines REGEX "^EXPORT")
+set(definition "LIBRARY vsurf.dll\nEXPORTS\n")
+foreach(line IN LISTS lines ITEMS "EXPORT(get_contrast_data, SETTER)")
+    string(REGEX REPLACE "^EXPORT\\(([A-Za-z0-9_]+), *([A-Z_]+)\\)$" "\\1;\\2" name_and_family "${line}")
+    list(GET name_and_family 0 name)
+    list(GET name_and_family -1 family)
+    if(NOT DEFINED types_${family})
+        message(FATAL_ERROR "${index}: the types of this export are not known: ${line}")
+    endif()
+    string(REPLACE "*" ${pointer} types ${types_${family}})
+    string(APPEND definition "    ${name}\n    \"?${name}@@YAX${types}@Z\" = ${name}\n")
+endforeach()
+
+set(windows_exports ${PROJECT_BINARY_DIR}/vsurf.def)
+file(WRITE ${windows_exports}.new "${definition}")
+file(COPY_FILE ${windows_exports}.new ${windows_exports} ONLY_IF_DIFFERENT)
