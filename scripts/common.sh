@@ -67,8 +67,9 @@ need()
     with_retries as_root apt-get -q -y --no-install-recommends install "${missing[@]}"
 }
 
-# step NAME TITLE COMMAND...: the command's output goes to build/log/NAME.log and is shown only where it fails.
-# The outcome is left in step_status. Never call it in a condition: the shell would ignore 'set -e' inside the command.
+# step NAME TITLE COMMAND...: the command's output goes to build/log/NAME.log and is shown only where it fails; where it
+# passes, what it said by not_done is shown. The outcome is left in step_status. Never call it in a condition: the shell
+# would ignore 'set -e' inside the command.
 readonly skipped=77
 step()
 {
@@ -85,7 +86,10 @@ step()
     step_status=$?
     set -e
     case $step_status in
-        0) echo "ok, $((SECONDS - start)) s" ;;
+        0)
+            echo "ok, $((SECONDS - start)) s"
+            sed -n 's/^not done: /           &/p' "$log"
+            ;;
         "$skipped") echo "skipped: $(tail -n 1 "$log")" ;;
         *)
             echo "FAILED (status $step_status), $((SECONDS - start)) s; the end of $log:"
@@ -93,6 +97,9 @@ step()
             ;;
     esac
 }
+
+# not_done WHAT: something that a reader of the command's title could think was done.
+not_done() { echo "not done: $*"; }
 
 must()
 {

@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # scripts/test.sh [CHECK...]: installs what is missing, builds, and runs the named checks; 'all', the default, stands for
-# every check but lint and asan_player, which takes long. Ends with a line 'N passed, N failed' and a non-zero status where something failed.
+# every check but lint. Ends with a line 'N passed, N failed' and a non-zero status where something failed.
 source "$(dirname "$0")/common.sh"
 declare -A titles=()
 source scripts/checks.sh
 
-all=(native processors demo install package abi docs licence reproducible clang asan tsan scalar sse2 neon i686 windows win32 win32_run)
+all=(native processors demo install package abi docs licence reproducible clang asan asan_player tsan scalar sse2 neon i686
+    windows win32 win32_run)
 
 checks=()
 for name in "${@:-all}"; do

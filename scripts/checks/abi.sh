@@ -50,7 +50,7 @@ check_abi()
     if [[ -e build/libvsurf.so ]]; then
         print_sizes build
     else
-        echo "no size: check 'native' has not built the library that users get"
+        not_done "the size: check 'native' has not built the library that users get"
     fi
     abi_library
     tests/symbols/exports.sh nm build/check/abi/libvsurf.so frame/exports.inc

@@ -130,7 +130,7 @@ use_presets()
         if command -v "$compiler" >/dev/null; then
             cmake --preset "$preset" -B "$scratch/preset/$preset"
         else
-            echo "not tried: the preset $preset, since there is no $compiler"
+            not_done "preset $preset: there is no $compiler"
         fi
     done
 }

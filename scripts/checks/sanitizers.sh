@@ -27,8 +27,9 @@ sanitized_tree()
 
 check_asan()
 {
-    sanitized_tree asan asan all -DVSURF_MAX_ISA=sse2 "${with_tests[@]}"
+    sanitized_tree asan asan all -DVSURF_MAX_ISA=avx2 "${with_tests[@]}"
     VSURF_TEST_EFFORT=quick run_tests build/check/asan
+    not_done "AVX-512; cases beyond the quick part"
 }
 
 # The desktop libraries behind a window keep memory to the end, in modules that are unloaded by then.
@@ -38,6 +39,7 @@ check_asan_player()
     sanitized_tree asan_player asan player_test -DVSURF_MAX_ISA=sse2
     run_tests build/check/asan_player -R '^player\.' -E "$window_keys" || status=1
     ASAN_OPTIONS=detect_leaks=0 run_tests build/check/asan_player -R "$window_keys" || status=1
+    not_done "kernels above SSE2; leaks in the tests of a window's keys"
     return "$status"
 }
 
@@ -46,4 +48,5 @@ check_tsan()
     sanitized_tree tsan tsan test_concurrency -DVSURF_MAX_ISA=sse2 "${with_tests[@]}"
     export -f run_tests
     VSURF_TEST_EFFORT=quick jobs=$jobs without_address_randomisation bash -c 'run_tests build/check/tsan -L concurrency'
+    not_done "kernels above SSE2; tests other than those of concurrency"
 }

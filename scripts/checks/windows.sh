@@ -36,6 +36,7 @@ run_under_wine()
     run_tests "$tree" -E harness_selfcheck
     GTEST_FILTER='*rgb32*:*opt_yuy2*' run_tests "$tree" -R harness_selfcheck --repeat until-pass:2
     WINEPATH="Z:$tree/tests/windows/lowest" run_tests "$tree" -R 'exactness|edges|large_surfaces'
+    not_done "a real Windows; AVX-512; cases beyond the quick part; faults of most exports; the player"
 }
 
 # The archive for Windows holds the DLL, an import library for each kind of linker, and what CMake and pkg-config need.
@@ -74,7 +75,7 @@ check_windows()
 # The plain C++ code, which takes long to build, is left out.
 configure_win32()
 {
-    configure_windows win32 i686 -DCMAKE_CXX_FLAGS="-msse2 -Wno-error=restrict" -DVSURF_MAX_ISA=sse2
+    configure_windows win32 i686 -DCMAKE_CXX_FLAGS="-msse2 -Wno-error=restrict" -DVSURF_MAX_ISA=avx2
 }
 
 check_win32()
@@ -84,6 +85,7 @@ check_win32()
     check_definition win32 i686
     cmake --build build/check/win32 --parallel "$jobs" --target vsurf vsurf_static windows_clients
     run_tests build/check/win32 -L symbols
+    not_done "the clients and tests were not run, that is check win32_run; AVX-512 and plain C++"
 }
 
 # Debian has a 32-bit Wine for machines that take i386 packages; whether they do is their owner's choice.
