@@ -66,10 +66,10 @@
 /// functions can share a picture among threads.
 ///
 /// @par Instruction sets
-/// The library chooses the best that it holds and the machine runs, once, when it is loaded: SSE2, AVX2 or AVX-512, NEON,
-/// or plain C++. The bytes are the same whichever it is. The environment variable `VSURF_ISA` lowers the choice to the
-/// one it names: `sse2`, `avx2`, `avx512`, `neon` or `scalar`. Names of others, and of what the machine does not run,
-/// change nothing; with glibc, programs that run with more rights than their caller ignore it.
+/// The library chooses the best that it holds and the machine runs, once, when it is loaded: SSE2, AVX2 or AVX-512,
+/// NEON, or plain C++. The bytes are the same whichever it is. The environment variable `VSURF_ISA` lowers the choice
+/// to the one it names: `sse2`, `avx2`, `avx512`, `neon` or `scalar`. Names of others, and of what the machine does not
+/// run, change nothing; with glibc, programs that run with more rights than their caller ignore it.
 ///
 /// @par Names
 /// They are kept letter for letter: `strech`, `ajust` and `Relace` are no slips of this file.

@@ -54,9 +54,7 @@ check_contents()
     done
     unpacked=$scratch/package/unpacked/usr
     tests/install/check_sbom.py "$unpacked/share/doc/libvsurf-dev/vsurf.spdx.json" "$unpacked" .
-    # On x86 the library needs no other, not even libc.
-    lintian --fail-on error,warning --suppress-tags shared-library-lacks-prerequisites \
-        "$scratch"/package/packages/*.deb
+    lintian --fail-on error,warning "$scratch"/package/packages/*.deb
 }
 
 # The archive holds what `cmake --install` puts in place, and serves from where it is unpacked.
