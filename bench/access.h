@@ -24,10 +24,28 @@ enum class Source {
 enum class Surface { rgb32, rgb24, rgb565, rgb555, yuy2, yv12, plane, planes };
 
 enum class Rows {
-    padded,       // every line begins at a multiple of a cache line
-    tight_source, // source lines follow each other without gaps
-    tight,        // those of the surface as well
+    padded,       // every line of the source begins at a multiple of a cache line
+    tight_source, // the source's lines follow each other without gaps
 };
+
+// Where a surface begins and how far its lines lie apart.
+enum class Placement {
+    aligned, // base and pitch are multiples of 64
+    natural, // the pitch is a line, or 16 bytes more where a line is a multiple of 64
+    base8,   // as aligned, but the base is 8 bytes past a multiple of 64
+    pixel,   // as aligned, but the base is one pixel past a multiple of 64
+};
+constexpr Placement kPlacements[] = {Placement::aligned, Placement::natural, Placement::base8, Placement::pixel};
+constexpr const char* name_of(Placement placement)
+{
+    switch (placement) {
+    case Placement::aligned: return "64";
+    case Placement::natural: return "natural";
+    case Placement::base8: return "base8";
+    case Placement::pixel: return "pixel";
+    }
+    return "";
+}
 
 enum class Oddity {
     none,
@@ -96,6 +114,7 @@ struct Layout {
     Access access;
     Size size;                                      // of the source
     int y_pitch, dst_pitch;                         // in bytes; the chroma planes have half
+    int base;                                       // of the surface: bytes past a multiple of 64
     size_t luma_bytes, chroma_bytes, surface_bytes; // what the walk may touch, each plane for itself
     size_t overlay_bytes;                           // of an alpha plane; a subpicture's planes have that pitch, too
 
@@ -104,6 +123,6 @@ struct Layout {
     int source_line() const { return size.width * bytes_per_pixel(access.source); }
     int surface_line() const { return enlarged().width * bytes_per_pixel(access.surface); }
 };
-Layout layout_of(const Access& access, Size size);
+Layout layout_of(const Access& access, Size size, Placement placement = Placement::aligned);
 
 } // namespace bench

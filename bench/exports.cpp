@@ -9,9 +9,9 @@ namespace {
 
 using vsurf::Kernels;
 
-constexpr Size kSizes[] = {{720, 576}, {1920, 1080}, {3840, 2160}};
+constexpr Size kSizes[] = {{352, 288}, {720, 576}, {864, 480}, {1920, 1080}, {3840, 2160}};
 // 352 and not 360, which is no whole number of blocks.
-constexpr Size kEnlargedSizes[] = {{352, 288}, {720, 576}, {960, 540}, {1920, 1080}};
+constexpr Size kEnlargedSizes[] = {{352, 288}, {720, 576}, {864, 480}, {1920, 1080}};
 // Surfaces from well within the second-level cache to well beyond the last one.
 constexpr Size kStoreSizes[] = {{176, 144},  {352, 288},   {512, 384},  {720, 576},
                                 {1280, 720}, {1920, 1080}, {3840, 2160}};
@@ -70,13 +70,13 @@ const std::vector<Group> kPackedLoaders = {
 const std::vector<Group> kPlaneEnlargers = {
     {{{"strech_pic_2X2", &Kernels::strech_pic_2X2, enlarged(Source::luma, Surface::plane, 2, 2)},
       {"strech_pic_2X2_adjust", &Kernels::strech_pic_2X2_adjust,
-       enlarged(Source::luma, Surface::plane, 2, 2, Rows::tight)}}},
+       enlarged(Source::luma, Surface::plane, 2, 2, Rows::tight_source)}}},
     {{{"strech_pic_1X2_adjust", &Kernels::strech_pic_1X2_adjust,
-       enlarged(Source::luma, Surface::plane, 1, 2, Rows::tight)}}},
+       enlarged(Source::luma, Surface::plane, 1, 2, Rows::tight_source)}}},
     {{{"strech_picture_2X2_yv12_ajust", &Kernels::strech_picture_2X2_yv12_ajust,
-       enlarged(Source::planar, Surface::yv12, 2, 2, Rows::tight)}}},
+       enlarged(Source::planar, Surface::yv12, 2, 2, Rows::tight_source)}}},
     {{{"strech_picture_1X2_yv12_ajust", &Kernels::strech_picture_1X2_yv12_ajust,
-       enlarged(Source::planar, Surface::yv12, 1, 2, Rows::tight)}}},
+       enlarged(Source::planar, Surface::yv12, 1, 2, Rows::tight_source)}}},
 };
 
 constexpr Access kBand = enlarged(Source::planar, Surface::yuy2, 1, 2, Rows::tight_source);
@@ -169,6 +169,17 @@ ajust_contrast_info record_for(const Export& e, Size size)
 
 std::span<const Family> families() { return kFamilies; }
 const Access& band_access() { return kBand; }
+
+ajust_contrast_info adjustment()
+{
+    ajust_contrast_info info{};
+    info.y_gain = 74;
+    info.uv_gain = 80;
+    info.y_offset_a = -9;
+    info.u_offset_a = 3;
+    info.v_offset_a = -4;
+    return info;
+}
 
 Load load_with(const vsurf::Isa& isa, const Export& e, const Layout& layout)
 {

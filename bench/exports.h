@@ -50,6 +50,8 @@ struct Family {
 std::span<const Family> families();
 const Access& band_access(); // of the export that interpolates along edges
 
+ajust_contrast_info adjustment(); // one that changes every sample
+
 Load load_with(const vsurf::Isa& isa, const Export& e, const Layout& layout);
 
 } // namespace bench

@@ -134,12 +134,7 @@ std::vector<Contender> store_contenders(const Family& family, const Group& group
 
 void set_adjustment()
 {
-    ajust_contrast_info info{};
-    info.y_gain = 74;
-    info.uv_gain = 80;
-    info.y_offset_a = -9;
-    info.u_offset_a = 3;
-    info.v_offset_a = -4;
+    ajust_contrast_info info = adjustment();
     get_contrast_data(&info);
 }
 

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "bench/picture.h"
 
-#include <benchmark/benchmark.h>
 #include <sys/mman.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstring>
-#include <fstream>
 #include <new>
 #include <stdexcept>
 
@@ -75,22 +72,41 @@ Places places_of(const Layout& l)
     to.overlay_u = to.overlay_y + plane_bytes(overlay);
     to.overlay_v = to.overlay_u + plane_bytes(overlay / 2);
     to.surface = to.overlay_v + plane_bytes(overlay / 2);
-    to.end = to.surface + plane_bytes(l.surface_bytes);
+    // Exports that are made for planes without gaps repeat their last line beyond it.
+    to.end = to.surface + plane_bytes(l.surface_bytes + static_cast<size_t>(l.base + l.dst_pitch));
     return to;
+}
+
+int base_of(Surface surface, Placement placement)
+{
+    switch (placement) {
+    case Placement::base8: return 8;
+    case Placement::pixel: return bytes_per_pixel(surface);
+    case Placement::aligned:
+    case Placement::natural: break;
+    }
+    return 0;
+}
+
+int pitch_of(Surface surface, int line, Placement placement)
+{
+    if (placement == Placement::natural) return line % 64 == 0 ? line + 16 : line;
+    // Half of it is the pitch of a YV12 surface's chroma, which stays aligned too.
+    return round_up(line, is_planar(surface) ? 128 : 64);
 }
 
 size_t variant_of(Cover cover) { return cover == Cover::none ? 0 : static_cast<size_t>(cover) - 1; }
 
 } // namespace
 
-Layout layout_of(const Access& access, Size size)
+Layout layout_of(const Access& access, Size size, Placement placement)
 {
     if (access.field) size.height /= 2;
-    Layout layout{access, size, 0, 0, 0, 0, 0, 0};
-    const int source = layout.source_line(), surface = layout.surface_line();
+    Layout layout{access, size, 0, 0, base_of(access.surface, placement), 0, 0, 0, 0};
+    const int source = layout.source_line();
+    layout.dst_pitch = pitch_of(access.surface, layout.surface_line(), placement);
     layout.y_pitch = access.rows == Rows::padded ? round_up(source, 128) : source;
-    // Half of it is the pitch of a YV12 surface's chroma, which stays aligned too.
-    layout.dst_pitch = access.rows == Rows::tight ? surface : round_up(surface, is_planar(access.surface) ? 128 : 64);
+    if (access.oddity == Oddity::merge) layout.y_pitch = layout.dst_pitch; // both have the same
     const size_t lines = access.source == Source::none ? 0 : static_cast<size_t>(size.height);
     const size_t luma = static_cast<size_t>(layout.y_pitch) * lines;
     layout.luma_bytes = luma;
@@ -180,7 +196,7 @@ Picture Ring::at(size_t slot, const Layout& layout) const
     return {layout.access.converts() ? variant : start,
             start + places.u,
             start + places.v,
-            start + places.surface,
+            start + places.surface + layout.base,
             variant,
             variants + (places.count - 1) * places.variant_bytes,
             start + places.overlay_y,
@@ -198,33 +214,6 @@ Planes planes422_of(uint8_t* surface, int pitch, int height)
 {
     uint8_t* u = surface + ptrdiff_t{pitch} * height;
     return {surface, u, u + ptrdiff_t{pitch / 2} * height, pitch};
-}
-
-size_t last_level_cache_bytes()
-{
-    // The kernel's figure is what this processor's cores share; the C library's may count the whole package. A virtual
-    // machine may show either, and the larger one is safe for both.
-    long largest = std::max(sysconf(_SC_LEVEL2_CACHE_SIZE), sysconf(_SC_LEVEL3_CACHE_SIZE));
-    for (const auto& cache : benchmark::CPUInfo::Get().caches) largest = std::max<long>(largest, cache.size);
-    constexpr long kUnknown = 32L << 20;
-    return static_cast<size_t>(largest > 0 ? largest : kUnknown);
-}
-
-size_t ring_bytes()
-{
-    const auto free = static_cast<size_t>(sysconf(_SC_AVPHYS_PAGES)) * static_cast<size_t>(sysconf(_SC_PAGESIZE));
-    constexpr size_t kLeast = size_t{512} << 20; // several slots of the largest group
-    return std::min(std::max(4 * last_level_cache_bytes(), kLeast), free / 4);
-}
-
-std::string processor_name()
-{
-    std::ifstream info("/proc/cpuinfo");
-    for (std::string line; std::getline(info, line);) {
-        const size_t colon = line.find(": ");
-        if (line.starts_with("model name") && colon != std::string::npos) return line.substr(colon + 2);
-    }
-    return "unknown";
 }
 
 } // namespace bench

@@ -2,7 +2,6 @@
 // Pictures and surfaces to measure with: their places in memory, and a ring of them larger than the caches.
 #pragma once
 #include <cstdint>
-#include <string>
 
 #include "bench/access.h"
 
@@ -56,9 +55,5 @@ private:
     uint8_t* memory_;
     size_t bytes_, slot_bytes_ = 0, slots_ = 0, current_ = 0;
 };
-
-size_t last_level_cache_bytes();
-size_t ring_bytes(); // several times the last-level cache, as far as memory allows
-std::string processor_name();
 
 } // namespace bench

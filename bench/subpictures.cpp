@@ -61,7 +61,7 @@ const std::vector<Mixer>& mixers()
         {"mix_ayuy2_yuy2_i_ajust", &Kernels::mix_ayuy2_yuy2_i_ajust, field(Surface::yuy2),
          "strech_picture_1X2_yuy2_ajust", &Kernels::strech_picture_1X2_yuy2_ajust},
         {"mix_ayv12_yv12_i", &Kernels::mix_ayv12_yv12_i, field(Surface::yv12), "strech_picture_1X2_yv12_ajust",
-         &Kernels::strech_picture_1X2_yv12_ajust, Rows::tight},
+         &Kernels::strech_picture_1X2_yv12_ajust, Rows::tight_source},
     };
     return all;
 }

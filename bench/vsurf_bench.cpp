@@ -15,6 +15,7 @@
 #include "bench/content.h"
 #include "bench/covers.h"
 #include "bench/groups.h"
+#include "bench/machine.h"
 #include "bench/summary.h"
 
 namespace {
