@@ -49,7 +49,7 @@ constexpr const char* name_of(Placement placement)
 
 enum class Oddity {
     none,
-    holes,   // the second line of a pair leaves a quarter of its bytes alone
+    holes,   // a quarter of the bytes of a pair's second line is not written
     overlap, // lines that overlap in the surface, twice the chroma lines
     merge,   // the surface is read, too
 };
@@ -76,6 +76,12 @@ struct Access {
     friend bool operator==(const Access&, const Access&) = default;
     bool enlarges() const { return half_widths > 2 || heights > 1; }
     bool mixes() const { return source == Source::planar && cover != Cover::none; }
+    bool copies() const
+    {
+        const bool same = (source == Source::planar && surface == Surface::yv12) ||
+                          (source == Source::packed && surface == Surface::yuy2);
+        return same && half_widths == 2 && heights == 1 && cover == Cover::none;
+    }
     bool converts() const { return source >= Source::rgb32 && source <= Source::rgb565; }
 };
 

@@ -70,7 +70,7 @@ double difference(const Outcome& ours, const Bytes& theirs, Surface surface)
     return samples == 0 ? 255 : sum / static_cast<double>(samples);
 }
 
-bool tell(const std::string& name, double figure, const char* unit, bool good)
+bool print(const std::string& name, double figure, const char* unit, bool good)
 {
     std::printf("%-66s %7.2f %-14s %s\n", name.c_str(), figure, unit, good ? "" : "WRONG");
     return good;
@@ -82,22 +82,22 @@ bool check_peer(const Contender& peer, const Outcome& ours, const Picture& pictu
 {
     constexpr double kTolerance = 4;
     const double off = difference(ours, result_of(peer, picture, 0), peer.layout.access.surface);
-    return tell(peer.name, off, "mean off", off <= kTolerance);
+    return print(peer.name, off, "mean off", off <= kTolerance);
 }
 
 // The planes that drift by contract end up with a few bytes less.
 bool check_bytes(const std::string& name, size_t written, size_t expected)
 {
-    if (expected == 0) return tell(name, static_cast<double>(written), "bytes", written == 0);
+    if (expected == 0) return print(name, static_cast<double>(written), "bytes", written == 0);
     const double share = 100.0 * static_cast<double>(written) / static_cast<double>(expected);
-    return tell(name, share, "% of its bytes", share > 98.5 && share < 101.5);
+    return print(name, share, "% of its bytes", share > 98.5 && share < 101.5);
 }
 
 // A drawing with two lines of text is counted as nothing but key.
 bool check_text(const std::string& name, size_t written, size_t all)
 {
     const double share = 100.0 * static_cast<double>(written) / static_cast<double>(all);
-    return tell(name, share, "% of the planes", share > 0 && share < 20);
+    return print(name, share, "% of the planes", share > 0 && share < 20);
 }
 
 bool check_traffic(const Contender& c, const Outcome& outcome)
@@ -115,8 +115,13 @@ Picture painted(Ring& ring, const Contender& contender)
     return ring.first(contender.layout);
 }
 
-bool check_group(const std::vector<Contender>& list, Ring& ring)
+bool check_group(const std::vector<Contender>& list, Ring& ring, const std::regex& wanted)
 {
+    const auto is_wanted = [&](const Contender& c) { return std::regex_search("check/" + c.name, wanted); };
+    if (std::none_of(list.begin(), list.end(), is_wanted)) return true;
+    size_t slot = 0;
+    for (const Contender& c : list) slot = std::max(slot, slot_bytes(c.layout));
+    ring.cut(slot);
     const std::string library = std::string("/vsurf:") + vsurf::active_isa().name;
     bool good = true;
     Outcome ours;
@@ -146,13 +151,9 @@ bool check(Ring& ring, const std::regex& wanted)
     bool good = true;
     for (const Family& family : families()) {
         for (const Group& group : family.groups) {
-            const std::vector<Contender> list = contenders(family, group, kSize);
-            const auto is_wanted = [&](const Contender& c) { return std::regex_search("check/" + c.name, wanted); };
-            if (std::none_of(list.begin(), list.end(), is_wanted)) continue;
-            size_t slot = 0;
-            for (const Contender& c : list) slot = std::max(slot, slot_bytes(c.layout));
-            ring.cut(slot);
-            good &= check_group(list, ring);
+            for (const Placement placement : kPlacements)
+                good &= check_group(contenders(family, group, {kSize, placement, placement == Placement::aligned}),
+                                    ring, wanted);
         }
     }
     std::fflush(stdout);

@@ -12,10 +12,11 @@ using vsurf::Kernels;
 constexpr Size kSizes[] = {{352, 288}, {720, 576}, {864, 480}, {1920, 1080}, {3840, 2160}};
 // 352 and not 360, which is no whole number of blocks.
 constexpr Size kEnlargedSizes[] = {{352, 288}, {720, 576}, {864, 480}, {1920, 1080}};
-// Surfaces from well within the second-level cache to well beyond the last one.
-constexpr Size kStoreSizes[] = {{176, 144},  {352, 288},   {512, 384},  {720, 576},
-                                {1280, 720}, {1920, 1080}, {3840, 2160}};
-constexpr Size kEnlargedStoreSizes[] = {{96, 72}, {176, 144}, {352, 288}, {720, 576}, {960, 540}, {1920, 1080}};
+// Surfaces from within the first-level cache to well beyond the last one.
+constexpr Size kStoreSizes[] = {{64, 48},   {176, 144},  {352, 288},   {512, 384},
+                                {720, 576}, {1280, 720}, {1920, 1080}, {3840, 2160}};
+constexpr Size kEnlargedStoreSizes[] = {{64, 36},   {96, 72},   {176, 144},  {352, 288},
+                                        {720, 576}, {960, 540}, {1920, 1080}};
 
 constexpr Access planar_to(Surface surface, Oddity oddity = Oddity::none)
 {
@@ -40,12 +41,22 @@ const std::vector<Group> kPlanarLoaders = {
     {{{"loadimage_rgb16-565", &Kernels::loadimage_rgb16, planar_to(Surface::rgb565), 0},
       {"loadimage_rgb16_ajust-565", &Kernels::loadimage_rgb16_ajust, planar_to(Surface::rgb565), 0}}},
     {{{"loadimage_rgb16-555", &Kernels::loadimage_rgb16, planar_to(Surface::rgb555), 1},
-      {"loadimage_rgb16_ajust-555", &Kernels::loadimage_rgb16_ajust, planar_to(Surface::rgb555), 1}}},
-    // No peer writes these two; the nearest is the other layout that fills all 16 bits.
+      {"loadimage_rgb16_ajust-555", &Kernels::loadimage_rgb16_ajust, planar_to(Surface::rgb555), 1}},
+     Content::noise,
+     true,
+     false},
+    // The layouts share their code. No peer writes the last two; the nearest is the other layout that fills all 16
+    // bits.
     {{{"loadimage_rgb16-664", &Kernels::loadimage_rgb16, planar_to(Surface::rgb565), 2},
-      {"loadimage_rgb16_ajust-664", &Kernels::loadimage_rgb16_ajust, planar_to(Surface::rgb565), 2}}},
+      {"loadimage_rgb16_ajust-664", &Kernels::loadimage_rgb16_ajust, planar_to(Surface::rgb565), 2}},
+     Content::noise,
+     true,
+     false},
     {{{"loadimage_rgb16-655", &Kernels::loadimage_rgb16, planar_to(Surface::rgb565), 3},
-      {"loadimage_rgb16_ajust-655", &Kernels::loadimage_rgb16_ajust, planar_to(Surface::rgb565), 3}}},
+      {"loadimage_rgb16_ajust-655", &Kernels::loadimage_rgb16_ajust, planar_to(Surface::rgb565), 3}},
+     Content::noise,
+     true,
+     false},
     {{{"loadimage_yuy2", &Kernels::loadimage_yuy2, planar_to(Surface::yuy2, Oddity::holes)},
       {"loadimage_yuy2_ajust", &Kernels::loadimage_yuy2_ajust, planar_to(Surface::yuy2)},
       {"loadimage_yuy2_mono_ajust", &Kernels::loadimage_yuy2_mono_ajust, kGrey}}},

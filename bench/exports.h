@@ -39,6 +39,7 @@ struct Group {
     std::vector<Export> exports; // the plain one first, then what is compared with it
     Content content = Content::noise;
     bool peers = true;
+    bool everywhere = true; // false: only where all instruction sets are measured; another group runs the same code
     std::optional<Export> loader = {}; // what takes the place of all of them where there is no subpicture
 };
 

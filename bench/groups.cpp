@@ -16,7 +16,6 @@ Contender contender(const Family& family, const Group& group, const Export& e, c
 void add_roofs(std::vector<Contender>& to, const Contender& like)
 {
     const std::pair<const char*, Stores> kinds[] = {{"/roof:stores", Stores::ordinary},
-                                                    {"/roof:prefetchw", Stores::prefetched},
                                                     {"/roof:nontemporal", Stores::streaming}};
     for (const auto& [suffix, stores] : kinds) {
         Contender roof = like;
@@ -28,7 +27,7 @@ void add_roofs(std::vector<Contender>& to, const Contender& like)
     }
 }
 
-// Peers write every byte of the surface once, whatever the export leaves alone or writes twice.
+// Peers write every byte of the surface once, also those that the export does not write or writes twice.
 Traffic whole_traffic(Layout layout)
 {
     layout.access.oddity = Oddity::none;
@@ -59,11 +58,11 @@ bool is_worth_it(const vsurf::Isa& isa, const Contender& like)
     return like.name == like.plain && (&isa != &vsurf::isas[vsurf::isa_count - 1] || like.layout.size.width <= kLarge);
 }
 
-void add_library(std::vector<Contender>& to, const Contender& like, const Export& e)
+void add_library(std::vector<Contender>& to, const Contender& like, const Export& e, bool every_tier)
 {
     for (int i = 0; i < vsurf::isa_count; i++) {
         const vsurf::Isa& isa = vsurf::isas[i];
-        if (!isa.runs_here() || !is_worth_it(isa, like)) continue;
+        if (!isa.runs_here() || !is_worth_it(isa, like) || (!every_tier && &isa != &vsurf::active_isa())) continue;
         Contender contender = like;
         contender.name += std::string("/vsurf:") + isa.name;
         contender.load = load_with(isa, e, like.layout);
@@ -72,9 +71,9 @@ void add_library(std::vector<Contender>& to, const Contender& like, const Export
 }
 
 // It keeps the mixer's places of planes and surface: where its own surface would lie, the mixer has its alpha.
-void add_loader(std::vector<Contender>& to, const Contender& like, const Export& loader, Size size)
+void add_loader(std::vector<Contender>& to, const Contender& like, const Export& loader, const Place& place)
 {
-    const Layout layout = layout_of(loader.access, size);
+    const Layout layout = layout_of(loader.access, place.size, place.placement);
     Contender contender = like;
     contender.name += "/loader:" + loader.name;
     contender.traffic = traffic_of(layout);
@@ -98,33 +97,40 @@ bool needs_roof(const Group& group, const Export& e)
 
 } // namespace
 
-std::vector<Contender> contenders(const Family& family, const Group& group, Size size)
+std::vector<Contender> contenders(const Family& family, const Group& group, const Place& place)
 {
+    if (!place.every_tier && !group.everywhere) return {};
+
     std::vector<Contender> all;
     const Export& plain = group.exports.front();
     for (const Export& e : group.exports) {
-        const Contender common = contender(family, group, e, layout_of(e.access, size));
+        const Contender common = contender(family, group, e, layout_of(e.access, place.size, place.placement));
         if (needs_roof(group, e)) add_roofs(all, common);
-        add_library(all, common, e);
-        if (&e == &plain && group.loader) add_loader(all, common, *group.loader, size);
+        add_library(all, common, e, place.every_tier);
+        if (&e == &plain && group.loader) add_loader(all, common, *group.loader, place);
         if (&e != &plain || !group.peers) continue;
-        add_peers(all, common, e, libyuv_peers(common.layout));
-        add_peers(all, common, e, swscale_peers(common.layout));
+        add_peers(all, common, e, libyuv_peers(common.layout, place.every_tier));
+        add_peers(all, common, e, swscale_peers(common.layout, place.every_tier));
         add_peers(all, common, e, memory_peers(common.layout));
     }
     return all;
 }
 
-std::vector<Contender> store_contenders(const Family& family, const Group& group, Size size)
+std::vector<Threshold> kinds_of_stores()
 {
     static const size_t chosen = vsurf::streaming_threshold;
-    const std::pair<const char*, size_t> kinds[] = {{"ordinary", SIZE_MAX}, {"nontemporal", 0}, {"chosen", chosen}};
+    return {{"ordinary", SIZE_MAX}, {"nontemporal", 0}, {"chosen", chosen}};
+}
+
+std::vector<Contender> store_contenders(const Family& family, const Group& group, const Place& place,
+                                        const std::vector<Threshold>& thresholds)
+{
     std::vector<Contender> all;
     for (const Export& e : group.exports) {
-        for (const auto& [kind, threshold] : kinds) {
-            Contender one = contender(family, group, e, layout_of(e.access, size));
-            one.name += std::string("/stores:") + kind;
-            one.prepare = [threshold = threshold] { vsurf::streaming_threshold = threshold; };
+        for (const auto& [name, bytes] : thresholds) {
+            Contender one = contender(family, group, e, layout_of(e.access, place.size, place.placement));
+            one.name += "/stores:" + name;
+            one.prepare = [threshold = bytes] { vsurf::streaming_threshold = threshold; };
             one.load = load_with(vsurf::active_isa(), e, one.layout);
             all.push_back(one);
         }

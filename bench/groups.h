@@ -20,17 +20,32 @@ struct Contender {
     std::string family; // "planar loaders"
     Layout layout;
     Traffic traffic;
-    bool own_traffic;         // false for a peer that moves other bytes than the export beside it
+    bool own_traffic;         // false for a peer that moves other bytes than the export that it is compared with
     bool same_picture = true; // false for a peer that makes another picture, for want of one that makes the same
     std::function<void()> prepare = [] {};
     Load load = {};
 };
 
-// The roof, the library on every instruction set that runs here, the peers.
-std::vector<Contender> contenders(const Family& family, const Group& group, Size size);
+// What the exports of a group are measured on.
+struct Place {
+    Size size;
+    Placement placement;
+    bool every_tier; // all instruction sets of the library and of its peers, or only the best one of each
+};
 
-// The library's best instruction set with each kind of stores, and with those that it chooses itself.
-std::vector<Contender> store_contenders(const Family& family, const Group& group, Size size);
+// The roof, the library, the peers.
+std::vector<Contender> contenders(const Family& family, const Group& group, const Place& place);
+
+// From how many bytes on a surface is written with non-temporal stores.
+struct Threshold {
+    std::string name;
+    size_t bytes;
+};
+std::vector<Threshold> kinds_of_stores(); // never, always and as the library chooses
+
+// The library's best instruction set with each threshold.
+std::vector<Contender> store_contenders(const Family& family, const Group& group, const Place& place,
+                                        const std::vector<Threshold>& thresholds);
 
 void set_adjustment();         // one that changes every sample
 void set_neutral_adjustment(); // one that changes none

@@ -52,7 +52,7 @@ MIX_INFO job_for(const Layout& layout, const Picture& picture, ajust_contrast_in
         job.surface_pitch = layout.y_pitch;
         job.subpicture_pitch = layout.dst_pitch;
         job.picture_pitch = pitch_for_alpha(layout.dst_pitch, region.width);
-        job.subpic_alpha = to.y; // a restore's surface is the alpha plane; a conversion moves the pointer alone
+        job.subpic_alpha = to.y; // a restore's surface is the alpha plane; a conversion only moves the pointer
         set_subpicture(job, to.y, to.u, to.v);
     } else {
         job.picture_pitch = pitch_for_alpha(layout.y_pitch, region.width);

@@ -8,7 +8,7 @@
 namespace bench {
 
 struct LibyuvLoad {
-    const char* suffix; // tells several ways to the same surface apart
+    const char* suffix; // the name of this way to the surface, where there are several
     Load load;
 };
 std::vector<LibyuvLoad> libyuv_loads(const Layout& layout);

@@ -11,10 +11,10 @@ namespace bench {
 
 size_t last_level_cache_bytes()
 {
-    // The kernel's figure is what this processor's cores share; the C library's may count the whole package. A virtual
-    // machine may show either, and the larger one is safe for both.
-    long largest = std::max(sysconf(_SC_LEVEL2_CACHE_SIZE), sysconf(_SC_LEVEL3_CACHE_SIZE));
+    // The kernel's figure is what this processor's cores share; the C library's may count the whole package.
+    long largest = 0;
     for (const auto& cache : benchmark::CPUInfo::Get().caches) largest = std::max<long>(largest, cache.size);
+    if (largest == 0) largest = std::max(sysconf(_SC_LEVEL2_CACHE_SIZE), sysconf(_SC_LEVEL3_CACHE_SIZE));
     constexpr long kUnknown = 32L << 20;
     return static_cast<size_t>(largest > 0 ? largest : kUnknown);
 }
@@ -22,8 +22,8 @@ size_t last_level_cache_bytes()
 size_t ring_bytes()
 {
     const auto free = static_cast<size_t>(sysconf(_SC_AVPHYS_PAGES)) * static_cast<size_t>(sysconf(_SC_PAGESIZE));
-    constexpr size_t kLeast = size_t{512} << 20; // several slots of the largest group
-    return std::min(std::max(4 * last_level_cache_bytes(), kLeast), free / 4);
+    constexpr size_t kLeast = size_t{256} << 20; // several slots of the largest group
+    return std::min(std::max(8 * last_level_cache_bytes(), kLeast), free / 4);
 }
 
 std::string processor_name()

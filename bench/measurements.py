@@ -1,12 +1,17 @@
 # SPDX-License-Identifier: MIT
 """The measurements of a vsurf_bench run, read from its JSON output: fastest repetition, ratios."""
 import json
+import math
 from dataclasses import dataclass, field
 
 REGIMES = ("hot", "cold")
 STORE_REGIMES = ("hot", "readback", "cold")
 
-# The peers that use no newer instructions than each of the library's instruction sets, by the beginnings of their names.
+# Kinds of surface, as vsurf_bench names them, and in words.
+KINDS = {"64": "base and pitch multiples of 64", "natural": "natural pitch", "base8": "base 8 bytes off",
+         "pixel": "base one pixel off"}
+
+# By instruction set of the library: the beginnings of the names of peers that use no newer instructions.
 SAME_TIER = {
     "avx512": ("libyuv-avx512", "libyuv-avx2", "swscale"),
     "avx2": ("libyuv-avx2", "swscale"),
@@ -14,20 +19,27 @@ SAME_TIER = {
     "neon": ("libyuv-neon", "swscale"),
 }
 
-# By family, what stands beside an export where that is not its group's plain one.
+# By family, what an export is compared with where that is not its group's plain one.
 TWINS = {"mixers": "loader", "subpictures": "loader or opaque"}
 
 
 @dataclass
 class Case:
-    """One export at one size in one regime: seconds a picture by contender, and what it is compared with."""
+    """One export on one surface in one regime: seconds a picture by contender, and what it is compared with."""
     regime: str
+    kind: str
     size: str
     export: str
     family: str = ""
     plain: str = ""
     times: dict = field(default_factory=dict)
     traffic: dict = field(default_factory=dict)
+
+
+def mean(values):
+    """The geometric mean, None of nothing."""
+    logs = [math.log(value) for value in values if value]
+    return math.exp(sum(logs) / len(logs)) if logs else None
 
 
 def unique(values):
@@ -42,6 +54,7 @@ class Run:
         self.context = document["context"]
         self.cases = {}
         self.stores = {}
+        self._groups = {}
         for entry in document["benchmarks"]:
             self._add(entry)
         self.isa = self.context["vsurf_isa"]
@@ -49,8 +62,8 @@ class Run:
     def _add(self, entry):
         parts = entry["name"].removesuffix("/real_time").split("/")
         cases = self.stores if parts[0] == "stores" else self.cases
-        regime, size, export, contender = parts[-4:]
-        case = cases.setdefault((regime, size, export), Case(regime, size, export))
+        regime, kind, size, export, contender = parts[-5:]
+        case = cases.setdefault((regime, kind, size, export), Case(regime, kind, size, export))
         case.family, case.plain = entry["label"].split("/")
         scale = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1.0}[entry["time_unit"]]
         seconds = entry["real_time"] * scale
@@ -71,7 +84,7 @@ class Run:
         return [export for _, _, export in sorted(names)]
 
     def twin(self, case):
-        return self.cases.get((case.regime, case.size, case.plain))
+        return self.cases.get((case.regime, case.kind, case.size, case.plain))
 
     def time(self, case, isa=None):
         return case.times.get("vsurf:" + (isa or self.isa)) if case else None
@@ -89,8 +102,10 @@ class Run:
         return any(case.family == family and self.loader_time(case) for case in self.cases.values())
 
     def group(self, case):
-        return (other for other in self.cases.values()
-                if (other.regime, other.size, other.plain) == (case.regime, case.size, case.plain))
+        if not self._groups:
+            for other in self.cases.values():
+                self._groups.setdefault((other.regime, other.kind, other.size, other.plain), []).append(other)
+        return self._groups[case.regime, case.kind, case.size, case.plain]
 
     def roof(self, case):
         """The best roof of those of the group that move the same bytes."""
@@ -104,3 +119,12 @@ class Run:
         peers = [(time, name.removeprefix("peer:")) for name, time in (source.times if source else {}).items()
                  if name.startswith("peer:")]
         return min((peer for peer in peers if peer[1].startswith(tuple(names))), default=None)
+
+    def speed(self, case, names=("",)):
+        """Times as fast as that peer; None where there is none."""
+        time, peer = self.time(case), self.best_peer(case, names)
+        return peer[0] / time if time and peer else None
+
+    def elsewhere(self, case, kind):
+        """The same export and size on another kind of surface."""
+        return self.cases.get((case.regime, kind, case.size, case.export))

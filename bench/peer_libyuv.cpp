@@ -8,7 +8,7 @@ namespace {
 
 struct Tier {
     const char* name;
-    int required; // one flag that tells whether the machine has it
+    int required; // a flag that the machine has to have
     int allowed;
 };
 
@@ -31,13 +31,14 @@ constexpr Tier kTiers[] = {{"libyuv", libyuv::kCpuInitialized, -1}};
 
 } // namespace
 
-std::vector<Peer> libyuv_peers(const Layout& layout)
+std::vector<Peer> libyuv_peers(const Layout& layout, bool every_tier)
 {
     std::vector<Peer> peers;
     for (const Tier& tier : kTiers) {
         libyuv::MaskCpuFlags(-1);
         if (!libyuv::TestCpuFlag(tier.required)) continue;
-        const bool best = peers.empty(); // the slower ways to the same surface are worth the time on one tier alone
+        const bool best = peers.empty(); // other ways to the same surface are worth the time on one tier only
+        if (!best && !every_tier && !layout.access.copies()) break;
         for (const auto& [suffix, load] : libyuv_loads(layout)) {
             peers.push_back({std::string(tier.name) + suffix, [&tier] { libyuv::MaskCpuFlags(tier.allowed); }, load});
             if (!best) break;

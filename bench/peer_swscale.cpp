@@ -62,7 +62,7 @@ bool is_rgb(Surface surface)
 }
 
 // Where planar YUV becomes RGB of the same size it has converters of their own, at several instruction sets. What goes
-// through its general scaler is measured at the best one alone.
+// through its general scaler is measured only at the best one.
 bool has_tiers(const Access& access)
 {
     return access.source == Source::planar && is_rgb(access.surface) && same_size(access);
@@ -122,7 +122,7 @@ Load load_with(const std::shared_ptr<SwsContext>& context, const Layout& l)
 
 } // namespace
 
-std::vector<Peer> swscale_peers(const Layout& layout)
+std::vector<Peer> swscale_peers(const Layout& layout, bool every_tier)
 {
     const Access& access = layout.access;
     if (access.cover != Cover::none || access.source == Source::none) return {};
@@ -130,7 +130,7 @@ std::vector<Peer> swscale_peers(const Layout& layout)
     std::vector<Peer> peers;
     for (const Quality& quality : qualities_of(access)) {
         for (const Tier& tier : kTiers) {
-            if ((tier.flags != -1 && !has_tiers(access)) || !machine_has(tier.flags)) continue;
+            if ((tier.flags != -1 && !(every_tier && has_tiers(access))) || !machine_has(tier.flags)) continue;
             peers.push_back({std::string(quality.name) + tier.name, [] {},
                              load_with(make_context(layout, quality.flags, tier.flags), layout)});
         }

@@ -164,13 +164,6 @@ void Ring::cover(Layout layout, Content content, size_t slots)
     repeat(memory_ + places.variants, places.variants_bytes(), slots);
 }
 
-void Ring::uncover(const Layout& layout, size_t slots)
-{
-    const Places places = places_of(layout);
-    make_noise({memory_ + places.variants, places.variants_bytes()});
-    repeat(memory_ + places.variants, places.variants_bytes(), slots);
-}
-
 // FNV-1a.
 uint64_t Ring::digest_of_covers(const Layout& layout) const
 {

@@ -41,7 +41,6 @@ public:
     void cut(size_t bytes_per_slot);
     void paint(const Layout& layout, Content content, size_t slots); // the pictures of the first slots
     void cover(Layout layout, Content content, size_t slots);        // their alpha planes or drawings, of every cover
-    void uncover(const Layout& layout, size_t slots);                // noise again
     size_t slots() const { return slots_; }
     size_t bytes() const { return bytes_; }
     uint64_t digest_of_covers(const Layout& layout) const; // of the first slot

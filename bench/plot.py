@@ -1,141 +1,132 @@
 # SPDX-License-Identifier: MIT
-"""The plots of a vsurf_bench run: every export's speed relative to the roof and to the best peer."""
-import matplotlib
+"""The pictures of a vsurf_bench run: speeds over the best peer."""
+import io
+from math import log
 
-matplotlib.use("svg")
+import matplotlib
+from PIL import Image
+
+matplotlib.use("agg")
 import matplotlib.pyplot as plt
+from matplotlib.colors import LinearSegmentedColormap
 from matplotlib.lines import Line2D
 from matplotlib.ticker import FuncFormatter, NullFormatter
 
-from measurements import REGIMES, TWINS
-from targets import factor_of, targets_of
+from measurements import KINDS, REGIMES, mean
+from report_summary import WORK, work_speed
 
-COLOURS = {"hot": "#d1495b", "cold": "#2e6f95"}
-MARKERS = ("o", "s", "D", "^")
-
-
-def lanes(run, family):
-    """A height within an export's row for every regime and size, and a marker for every size."""
-    sizes = run.sizes(family)
-    step = 0.87 / (len(REGIMES) * len(sizes))
-    return {(regime, size): (0.5 * 0.87 - step * (len(sizes) * i + j + 0.5), MARKERS[j])
-            for i, regime in enumerate(REGIMES) for j, size in enumerate(sizes)}
+# From losses to wins, in the logarithm of the speed; about 1 it is nearly white.
+MAP = LinearSegmentedColormap.from_list("speeds", ["#c0504d", "#e9a6a0", "#f7f3ee", "#9fcbb4", "#3b8a63"])
+MOST = 3.0
+STYLES = {"64": ("o", "#2e6f95"), "natural": ("D", "#d1495b"), "base8": ("^", "#edae49"), "pixel": ("v", "#66a182")}
+TICKS = (0.3, 0.5, 0.7, 1, 1.5, 2, 3, 5, 8, 12, 20)
 
 
-def points(run, family, ratio):
-    """(height, marker, ratio, case) for every case that has the ratio."""
-    for row, export in enumerate(run.exports(family)):
-        for (regime, size), (lane, marker) in lanes(run, family).items():
-            case = run.cases.get((regime, size, export))
-            value = ratio(run, case) if run.time(case) else None
-            if value:
-                yield lane - row, marker, value, case
+def save(figure, path):
+    """In few colours, which makes a small file."""
+    drawn = io.BytesIO()
+    figure.savefig(drawn, dpi=110)
+    plt.close(figure)
+    Image.open(drawn).convert("RGB").quantize(48, dither=Image.Dither.NONE).save(path, optimize=True)
 
 
-def scatter(axes, run, family, ratio, goal):
-    for height, marker, value, case in points(run, family, ratio):
-        axes.plot(value, height, marker, color=COLOURS[case.regime], markersize=4.5, alpha=0.9)
-        wanted = goal(case)
-        if wanted:
-            axes.plot([wanted, wanted], [height - 0.06, height + 0.06], color="black", linewidth=1.1)
-
-
-def dress(axes, rows, title, label):
+def dress_speeds(axes, names, title):
     axes.set_title(title, fontsize=11, loc="left")
-    axes.set_xlabel(label, fontsize=9)
-    axes.set_ylim(-rows + 0.5, 0.5)
+    axes.set_ylim(len(names) - 0.5, -0.5)
+    axes.set_yticks(range(len(names)), names)
+    axes.set_xscale("log")
+    axes.set_xticks(TICKS)
+    axes.xaxis.set_major_formatter(FuncFormatter(lambda value, _: f"{value:g}x"))
+    axes.xaxis.set_minor_formatter(NullFormatter())
+    axes.axvline(1, color="black", linewidth=1)
     axes.grid(axis="x", color="#dddddd", linewidth=0.7)
     axes.set_axisbelow(True)
-    for row in range(0, rows, 2):
-        axes.axhspan(-row - 0.5, -row + 0.5, color="#f5f5f5", zorder=0)
+    for row in range(0, len(names), 2):
+        axes.axhspan(row - 0.5, row + 0.5, color="#f5f5f5", zorder=0)
     for side in ("top", "right", "left"):
         axes.spines[side].set_visible(False)
     axes.tick_params(axis="y", length=0)
-    axes.tick_params(labelsize=8.5)
+    axes.tick_params(axis="x", which="minor", length=0)
 
 
-def of_roof(run, case):
-    roof = run.roof(case)
-    return roof / run.time(case) if roof else None
+def draw_summary(run, path):
+    """Every kind of work on every kind of surface, hot and cold."""
+    figure, panels = plt.subplots(1, 2, sharey=True, figsize=(10, 4.6))
+    for axes, regime in zip(panels, REGIMES):
+        values = [1]
+        for row, (_, pattern) in enumerate(WORK):
+            for lane, (kind, (marker, colour)) in enumerate(STYLES.items()):
+                speed = work_speed(run, pattern, regime, kind)
+                if speed:
+                    values.append(speed)
+                    axes.plot(speed, row + (lane - 1.5) * 0.16, marker, color=colour, markersize=5.5)
+        dress_speeds(axes, [work for work, _ in WORK], f"{regime}: times as fast as the best peer")
+        axes.set_xlim(min(values) / 1.15, max(values) * 1.15)
+    marks = [Line2D([], [], marker=marker, color=colour, linestyle="", label=KINDS[kind])
+             for kind, (marker, colour) in STYLES.items()]
+    figure.legend(handles=marks, loc="lower center", ncol=len(marks), frameon=False, fontsize=9.5)
+    figure.tight_layout(rect=(0, 0.05, 1, 1))
+    save(figure, path)
 
 
-def target_of(case, measures):
-    return next((target for target in targets_of(case.export) if target.measure in measures), None)
+def position(speed):
+    """On the colour map: the middle for 1, an end for MOST or more or as many times slower."""
+    return min(max(0.5 + 0.5 * log(speed) / log(MOST), 0.0), 1.0)
 
 
-def of_peer(run, case):
-    """Of the peers that the export's target counts."""
-    target = target_of(case, ("peer",))
-    peer = run.best_peer(case, target.peers if target else ("",))
-    return peer[0] / run.time(case) if peer else None
+def grid(exports, columns, speed_of):
+    """Rows of speeds, and only of exports that have any."""
+    rows = [(export, [speed_of(export, *column) for column in columns]) for export in exports]
+    return [(export, values) for export, values in rows if any(values)]
 
 
-def of_twin(run, case):
-    twin = run.twin_time(case)
-    return twin / run.time(case) if twin else None
+def draw_grid(rows, columns, width, title, path):
+    """A table in colours; columns are named by the regime and more."""
+    if not rows:
+        return False
+    half = len(columns) // len(REGIMES)
+    heads = ["\n".join([regime if i % half == 0 else "", *names]) for i, (regime, *names) in enumerate(columns)]
+    figure, axes = plt.subplots(figsize=(width, 1.1 + 0.22 * len(rows)))
+    for y, (_, values) in enumerate(rows):
+        for x, value in enumerate(values):
+            if value:
+                shade = position(value)
+                axes.add_patch(plt.Rectangle((x - 0.5, y - 0.5), 1, 1, color=MAP(shade), linewidth=0))
+                text = f"{value:.2f}" if value < 0.995 else f"{value:.1f}"
+                axes.text(x, y, text, ha="center", va="center", fontsize=8)
+    axes.set_xlim(-0.5, len(heads) - 0.5)
+    axes.set_ylim(len(rows) - 0.5, -0.5)
+    axes.set_yticks(range(len(rows)), [export for export, _ in rows], fontsize=8)
+    axes.set_xticks(range(len(heads)), heads, fontsize=8)
+    axes.xaxis.tick_top()
+    axes.tick_params(length=0)
+    axes.axvline(half - 0.5, color="white", linewidth=4)
+    for side in axes.spines.values():
+        side.set_visible(False)
+    axes.set_title(title, fontsize=10, loc="left", pad=8)
+    figure.tight_layout()
+    save(figure, path)
+    return True
 
 
-def goal(case, *measures):
-    """The speed that the target stands for."""
-    target = target_of(case, measures)
-    factor = factor_of(target, case) if target else None
-    return factor if not factor or target.faster_is_more else 1 / factor
+def draw_family(run, family, path):
+    """Every export that has peers on every kind of surface, over all sizes. False if there is none."""
+    sizes = run.sizes(family)
+
+    def speed(export, regime, kind):
+        cases = (run.cases.get((regime, kind, size, export)) for size in sizes)
+        return mean(run.speed(case) for case in cases if case)
+    columns = [(regime, kind) for regime in REGIMES for kind in KINDS]
+    rows = grid(run.exports(family), columns, speed)
+    return draw_grid([row for row in rows if all(row[1])], columns, 8.2,
+                     f"{family.capitalize()}: times as fast as the best peer, mean of all sizes", path)
 
 
-def roof_goal(case):
-    return goal(case, "roof", "slower")
-
-
-def peer_goal(case):
-    return goal(case, "peer")
-
-
-def twin_goal(case):
-    return goal(case, "loader", "opaque")
-
-
-def legend(figure, run, family):
-    marks = [Line2D([], [], marker=marker, color=COLOURS[regime], linestyle="", label=f"{regime} {size}")
-             for (regime, size), (_, marker) in lanes(run, family).items()]
-    marks.append(Line2D([], [], marker="|", color="black", linestyle="", markersize=9, label="target"))
-    figure.legend(handles=marks, loc="upper center", ncol=len(marks), fontsize=9, frameon=False)
-
-
-def draw_roof(axes, run, family):
-    scatter(axes, run, family, of_roof, roof_goal)
-    dress(axes, len(run.exports(family)), "Speed relative to the streaming roof", "share of the roof's speed")
-    axes.set_xlim(0, 1.05 * max([1.0] + [value for _, _, value, _ in points(run, family, of_roof)]))
-    axes.xaxis.set_major_formatter(FuncFormatter(lambda value, _: f"{value:.0%}"))
-
-
-def draw_ratio(axes, run, family, ratio, wanted, title, label):
-    scatter(axes, run, family, ratio, wanted)
-    dress(axes, len(run.exports(family)), title, label)
-    axes.set_xscale("log")
-    axes.set_xticks([0.2, 0.3, 0.5, 0.7, 1, 1.5, 2, 3, 5, 8, 12, 20])
-    axes.xaxis.set_major_formatter(FuncFormatter(lambda value, _: f"{value:g}x"))
-    axes.xaxis.set_minor_formatter(NullFormatter())
-    values = [value for _, _, value, _ in points(run, family, ratio)] + [1]
-    axes.set_xlim(min(values) / 1.15, max(values) * 1.15)
-
-
-def draw(run, family, path):
-    plt.rcParams.update({"svg.fonttype": "none", "svg.hashsalt": "vsurf", "font.family": "sans-serif"})
-    rows = run.exports(family)
-    beside = run.has_loaders(family)
-    figure, panels = plt.subplots(1, 3 if beside else 2, sharey=True, figsize=(13, 1.6 + 0.56 * len(rows)),
-                                  width_ratios=(1, 1, 1) if beside else (1, 1.25))
-    panels[0].set_yticks([-row for row in range(len(rows))], rows, fontfamily="monospace")
-    draw_roof(panels[0], run, family)
-    draw_ratio(panels[-1], run, family, of_peer, peer_goal, "Speed relative to the best peer",
-               "times as fast as the best of the peers")
-    if beside:
-        draw_ratio(panels[1], run, family, of_twin, twin_goal, f"Speed relative to the {TWINS[family]}",
-                   f"times as fast as the {TWINS[family]}")
-    for axes in panels:
-        axes.axvline(1, color="black", linewidth=1, linestyle="--")
-
-    legend(figure, run, family)
-    figure.tight_layout(rect=(0, 0, 1, 1 - 0.4 / figure.get_figheight()))
-    figure.savefig(path, metadata={"Date": None, "Creator": None})
-    plt.close(figure)
+def draw_cells(run, family, path):
+    """Every cell, for a look at it on demand."""
+    def speed(export, regime, kind, size):
+        case = run.cases.get((regime, kind, size, export))
+        return run.speed(case) if case else None
+    columns = [(regime, kind, size) for regime in REGIMES for kind in KINDS for size in run.sizes(family)]
+    rows = grid(run.exports(family), columns, speed)
+    draw_grid(rows, columns, 4 + 0.62 * len(columns), f"{family.capitalize()}: times as fast as the best peer", path)

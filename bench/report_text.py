@@ -1,29 +1,39 @@
 # SPDX-License-Identifier: MIT
 """What the report says besides its tables."""
 
-INTRODUCTION = """# How fast vsurf is
-
-Each export is measured beside a streaming roof (a loop with the same bytes read and written and no arithmetic, the
-better one of ordinary, prefetched and non-temporal stores) and beside the nearest calls of libyuv and libswscale, on
-one thread, in one process, the contenders of a group interleaved at random. The fastest repetition counts. *Hot* uses
-the same picture and surface again and again; *cold* walks a ring of pictures and surfaces that is larger than the
-last-level cache, as a player does. `vsurf` is the instruction set that the library chooses on this machine. Sizes are
-those of the source picture or, with subpictures, of the region. Before anything is measured, `vsurf_bench --check`
-compares every peer's picture with the library's, and the bytes that every roof writes with those that the library
-writes.
+TABLE = """
+Times as fast as each library, the geometric mean of all sizes and kinds of surface, and from the lowest to the highest
+of them. Adjusted exports count too, although no peer adjusts anything.
 """
-NOTES = """
-- *best peer* is the fastest of libyuv at each of its instruction sets and of libswscale; a speed above 1 means that
-  vsurf is faster. Adjusted exports are compared with the peers of their plain twin; no peer adjusts anything.
-- *target* is met as measured, without allowance. *(roof: ...)* tells what the roof itself would reach where that is
-  short of the target: nothing that moves these bytes can meet it.
+MEASURED = """
+One thread, one process; the contenders of a group run interleaved at random, and the fastest repetition counts.
+Contenders are the library on the instruction set that it chooses on this machine, the nearest calls of libyuv and
+libswscale, and a streaming roof: a loop that reads and writes the same bytes without arithmetic, the better one of
+ordinary and non-temporal stores. *Hot* uses the same picture and surface again and again; *cold* walks a ring of
+pictures and surfaces that is larger than the last-level cache, as a player does.
+
+Surfaces lie in four ways: with base and pitch at multiples of 64 bytes (*64*); at the natural pitch, which is a line
+or, where that is a multiple of 64, 16 bytes more (*natural*); with the base 8 bytes (*base8*) or one pixel (*pixel*)
+past a multiple of 64, and a pitch that is one. Peers write to the same surfaces. Sizes are those of the source picture
+or, with subpictures, of the region.
+
+Before anything is measured, `vsurf_bench --check` compares every peer's picture with the library's, and the bytes that
+every roof writes with those that the library writes, on every kind of surface. On surfaces at multiples of 64, at
+720x576 and 1920x1080, each instruction set is measured, of the peers as well; elsewhere only the best one of each, and
+of plain copies all of libyuv's.
+"""
+DETAILS = """
+The tables below show microseconds a picture on a surface at multiples of 64 and, after the slash, at the natural pitch;
+in brackets the speed over the best peer, above 1 where vsurf is faster, or, where no library does the work, the share
+of the roof's speed. Adjusted exports are compared with the peers of their plain twin. *Of roof* and *time vs* are
+geometric means of the line. `bench/run.sh --plots DIR` draws every cell.
 """
 FAMILY_NOTES = {
     "planar loaders": """
-- No peer writes the 664 and 655 layouts; theirs is the call for 565. `loadimage_yuy2` writes 7/8 of the surface, its
-  peers all of it. `loadimage_yv12` has lines that later ones replace; its roof and its GB/s count the bytes that
-  remain, 1.25 a pixel, where its peers move 1.5. No peer halves the width into YUY2 in one call: libyuv's figure is
-  two calls.
+- No peer writes the 664 and 655 layouts; theirs is the call for 565. The layouts share their code; all but 565 are
+  measured only where every instruction set is. `loadimage_yuy2` writes 7/8 of the surface, its peers all of it.
+  `loadimage_yv12` has lines that later ones replace; its roof counts the bytes that remain, 1.25 a pixel, where its
+  peers move 1.5. No peer halves the width into YUY2 in one call: libyuv's figure is two calls.
 """,
     "packed loaders": """
 - libyuv writes RGB32 from YUY2 in one call. RGB24 and RGB16 take it two, by way of RGB32 (*-argb*) or of planes
@@ -33,8 +43,8 @@ FAMILY_NOTES = {
 """,
     "plane enlargers": """
 - The smallest picture is 352x288, since 360 is no whole number of blocks of 16. The adjusted forms are made for planes
-  without gaps, and are measured on such. At 720x576 the chroma planes, 360 wide, take the 2X2 form's path for widths
-  that are not whole blocks.
+  without gaps; on others they move as many bytes, and the picture is sheared. At 720x576 the chroma planes, 360 wide,
+  take the 2X2 form's path for widths that are not whole blocks.
 - Peers are bilinear, which places the new samples a quarter further out and weighs their neighbours 3 to 1: libyuv's
   `ScalePlane`, plane by plane, and libswscale's `SWS_BILINEAR` (*swscale*) and `SWS_FAST_BILINEAR` (*swscale-fast*),
   planes as grey pictures.
@@ -42,8 +52,7 @@ FAMILY_NOTES = {
     "enlarged loaders": """
 - libyuv's figures are two steps, for YUY2 sources three: all planes scaled bilinearly into a picture between,
   allocated beforehand, then converted. libswscale does both at once, `SWS_BILINEAR` (*swscale*) or `SWS_FAST_BILINEAR`
-  (*swscale-fast*). `strech_picture_1X2_yuy2_ajust` computes four taps where its peers compute two. The target of
-  `yuy2_strech_*` is set against libswscale alone, and so are they in the plot.
+  (*swscale-fast*). `strech_picture_1X2_yuy2_ajust` computes four taps where its peers compute two.
 - `strech_opt_yuy2_ajust` has no peer. *-edges* is noise, in which {band_edges_share} of the groups between a line's
   ends differ enough to be searched for an edge; *-natural* is a picture of smooth shading with a disc, slanted bars and
   a faint grain, in which {band_natural_share} do (luma, 720x576).
@@ -55,10 +64,10 @@ FAMILY_NOTES = {
   Of the four 16-bit layouts 565 is measured. The record is filled anew before each call, inside the clock.
 - *Time vs loader* compares with the adjusted loader of the same surface: `loadimage_*_ajust`, and for the interlaced
   ones the loader that doubles the lines of the same field, `strech_picture_1X2_*`, which computes four taps into YUY2.
-  `mix_ayv12_yv12_p` and `_i` adjust nothing, but the plain planar copy is no copy of a picture; they are set beside
-  the adjusted loaders as well. How far they are from a mere copy is told by the roof.
+  `mix_ayv12_yv12_p` and `_i` adjust nothing, but the plain planar copy is no copy of a picture; they are compared
+  with the adjusted loaders as well. How far they are from a mere copy is shown by the roof.
 - The roof reads the picture and the alpha plane, of *-random* the subpicture's other planes as well; a loader reads
-  the picture alone. Cold, the subpicture is as cold as the picture, although a player shows one for seconds.
+  only the picture. Cold, the subpicture is as cold as the picture, although a player shows one for seconds.
 - The peers' figures are libyuv's `I420Blend` into a picture between, allocated beforehand, then its conversion; fields
   are doubled by `ScalePlane` first, and half the width is dropped by it after. They adjust nothing, blend one line of
   the subpicture's chroma for two of the picture, and take an alpha of 0 to 255, prepared for them. They blend whatever
@@ -69,11 +78,11 @@ FAMILY_NOTES = {
   lines of text on key (*-subtitle*); the last two are compared with the first. Their roof reads the drawing, and of
   *-opaque* writes the planes. Peers convert all: libyuv's `ARGBToI422`, after an expansion of RGB24 and RGB16.
 - `Restore_*` and `load_subpicture_alpha_*` have no peers, and neither have the drawers, `load_subpicture_yuy2_*`, which
-  are set beside the loader of the same surface: it reads 1.5 bytes a pixel where they read 3.
-- Fills are set beside libyuv's `ARGBRect` and `SetPlane` and the C library's `memset`, with a colour whose bytes are
+  are compared with the loader of the same surface: it reads 1.5 bytes a pixel where they read 3.
+- Fills are compared with libyuv's `ARGBRect` and `SetPlane` and the C library's `memset`, with a colour whose bytes are
   equal, the only kind that all of them can fill with. `RelaceMaskWithColorKey` reads two bytes for each that it writes.
 """,
 }
 
-# The shares that the notes above tell, as they were measured.
+# The shares that the notes above name, as they were measured.
 SHARES = ("band_edges_share", "band_natural_share", "subtitle_pixels", "subtitle_blocks")

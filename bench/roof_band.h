@@ -8,8 +8,7 @@ namespace bench {
 
 enum class Stores {
     ordinary,
-    prefetched, // ordinary ones, the line fetched for writing some way ahead
-    streaming,  // non-temporal ones, whole cache lines only
+    streaming, // non-temporal ones, whole cache lines only
 };
 
 // What is read besides with every line of the surface; nothing where `bytes` is 0.
@@ -26,9 +25,9 @@ struct Band {
     int luma_bytes = 0, chroma_bytes = 0; // in a line of the source
     int luma_every = 0, chroma_every = 0; // with which lines a new one is read: 1 is every line, 2 every second, 0 none
     int written_for_two = 0; // bytes of a line for two luma bytes of its source: 1 (half size) to 8 (RGB32)
-    bool gaps = false;       // in every second line, of every 32 bytes the first 8 are left alone
-    // Up to two of as many bytes as of luma and, after these, two of half as many. Where no luma is read, the first
-    // alone, of any length.
+    bool gaps = false;       // in every second line, of every 32 bytes the first 8 are not written
+    // Up to two of as many bytes as of luma and, after these, two of half as many. Where no luma is read, only the
+    // first, of any length.
     Stream also[4] = {};
     int luma_times = 1; // of which multiple of `luma_bytes` the source's line consists, where nothing else is read
 };

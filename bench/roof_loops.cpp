@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The roof's inner loops, compiled once per instruction set.
+#include <stddef.h>
+
 #include "bench/roof_band.h"
 #include "bench/roof_registers.h"
 
@@ -18,20 +20,15 @@ template <int bytes> void read(const uint8_t* from)
     for (int i = 0; i < bytes; i += narrower(bytes, kWidest)) R::keep(R::load(from + i));
 }
 
-// What a register moves where `in` bytes are read for `out` written ones.
-template <int in, int out> constexpr int kStepOf = narrower(common_divisor(in, out), kWidest);
-
 // Reads `in` bytes and writes `out` bytes, which repeat or drop what was read.
 template <int in, int out, Stores stores> void move(const uint8_t* from, uint8_t* to)
 {
-    constexpr int kStep = kStepOf<in, out>, kLoads = in / kStep;
+    constexpr int kStep = narrower(common_divisor(in, out), kWidest), kLoads = in / kStep;
     using R = Register<kStep>;
     typename R::Value seen[kLoads] = {};
     for (int i = 0; i < kLoads; i++) R::keep(seen[i] = R::load(from + i * kStep));
     for (int i = 0; i < out / kStep; i++) {
         uint8_t* at = to + i * kStep;
-        constexpr int kAhead = 2048;
-        if (stores == Stores::prefetched && i * kStep % 64 == 0) __builtin_prefetch(at + kAhead, 1);
         if (stores == Stores::streaming) {
             R::stream(at, seen[i % kLoads]);
         } else {
@@ -40,10 +37,9 @@ template <int in, int out, Stores stores> void move(const uint8_t* from, uint8_t
     }
 }
 
-// 16 luma bytes, 32 surface bytes of which the first 8 are left alone.
-template <Stores stores> void move_with_gap(const uint8_t* from, uint8_t* to)
+// 16 luma bytes, 32 surface bytes of which the first 8 are not written.
+inline void move_with_gap(const uint8_t* from, uint8_t* to)
 {
-    if (stores == Stores::prefetched) __builtin_prefetch(to + 2048, 1);
     constexpr int kStep = narrower(16, kWidest);
     const auto low = Register<8>::load(from);
     Register<8>::store(to + 8, low);
@@ -88,22 +84,13 @@ template <int whole, int half, int times> struct Cursor {
         for (; left >= unit; left -= unit) {
             pass_others<unit>();
             if constexpr (gaps) {
-                for (int i = 0; i < unit; i += 16) move_with_gap<stores>(luma + i, to + 2 * i);
+                for (int i = 0; i < unit; i += 16) move_with_gap(luma + i, to + 2 * i);
             } else {
                 move<unit, kOut, stores>(luma, to);
             }
             luma += advance;
             to += kOut;
         }
-    }
-
-    // Planes need not start at a cache line: ordinary stores up to the first one.
-    template <int written_for_two> IN_REGISTERS void head(int count)
-    {
-        const int behind = left - count;
-        left = count;
-        rest<written_for_two, Stores::ordinary, false>();
-        left = behind;
     }
 
     // What is left of a line, in ever smaller pieces.
@@ -122,21 +109,57 @@ template <int whole, int half, int times> struct Cursor {
     {
         for (; count > 0; count -= step, left -= step, luma += fresh ? times * step : 0) *to++ = *luma;
     }
+
+    template <int unit> IN_REGISTERS void skip()
+    {
+        for (; left >= unit; left -= unit, luma += fresh ? times * unit : 0) {
+            pass_others<unit>();
+            read<unit>(luma);
+        }
+    }
 };
+
+// Ordinary stores of `count` bytes of any content.
+template <int step = kWidest> void put(const uint8_t* from, uint8_t* to, ptrdiff_t count)
+{
+    const auto seen = Register<step>::load(from);
+    for (; count >= step; count -= step, to += step) Register<step>::store(to, seen);
+    if constexpr (step > 1) put<step / 2>(from, to, count);
+}
+
+constexpr int unit_of(int written_for_two) { return written_for_two % 2 == 1 ? 128 : 64; }
+
+// Non-temporal stores of the whole cache lines, ordinary ones before and after, wherever the line begins and ends.
+template <int written_for_two, class Line> void stream_line(Line cursor)
+{
+    constexpr int kUnit = unit_of(written_for_two), kOut = kUnit * written_for_two / 2;
+    uint8_t* const end = cursor.to + ptrdiff_t{cursor.left} * written_for_two / 2;
+    const ptrdiff_t head = -reinterpret_cast<intptr_t>(cursor.to) & 63;
+    if (end - cursor.to < head + kOut) return cursor.template rest<written_for_two, Stores::ordinary, false>();
+    put(cursor.luma, cursor.to, head);
+    cursor.to += head;
+    const int streamed = static_cast<int>((end - cursor.to) / kOut) * kUnit, behind = cursor.left - streamed;
+    cursor.left = streamed;
+    cursor.template run<kUnit, written_for_two, Stores::streaming, false>();
+    cursor.left = behind;
+    const uint8_t* const last = cursor.luma;
+    cursor.template skip<16>();
+    cursor.template skip<2>();
+    for (; end - cursor.to >= 64; cursor.to += 64) move<64, 64, Stores::streaming>(last, cursor.to);
+    put(last, cursor.to, end - cursor.to);
+}
 
 template <int written_for_two, Stores stores, bool gaps, class Line> void copy_line(Line cursor)
 {
-    if constexpr (stores == Stores::streaming && (written_for_two == 2 || written_for_two == 4)) {
-        const auto misaligned = static_cast<int>(reinterpret_cast<uintptr_t>(cursor.to) % 64);
-        if (misaligned != 0) cursor.template head<written_for_two>((64 - misaligned) * 2 / written_for_two);
+    if constexpr (stores == Stores::streaming && !gaps) {
+        stream_line<written_for_two>(cursor);
+    } else {
+        constexpr int kUnit = unit_of(written_for_two);
+        cursor.template run<kUnit, written_for_two, stores, gaps>();
+        if constexpr (!gaps && kUnit > 64) cursor.template run<64, written_for_two, stores, false>();
+        if constexpr (!gaps) cursor.template run<32, written_for_two, stores, false>();
+        cursor.template rest<written_for_two, stores, gaps>();
     }
-    constexpr int kUnit = written_for_two % 2 == 1 ? 128 : 64;
-    cursor.template run<kUnit, written_for_two, stores, gaps>();
-    // Below a whole cache line streaming stores would cost more than they save; 16 pixels of RGB32 are one.
-    constexpr Stores kTail = stores == Stores::streaming && written_for_two < 8 ? Stores::ordinary : stores;
-    if constexpr (!gaps && kUnit > 64) cursor.template run<64, written_for_two, kTail, false>();
-    if constexpr (!gaps) cursor.template run<32, written_for_two, kTail, false>();
-    cursor.template rest<written_for_two, kTail, gaps>();
 }
 
 template <int written_for_two, Stores stores, bool gaps, int whole, int half, int times = 1>
@@ -212,7 +235,6 @@ void copy_band(const Band& band, Stores stores)
 {
     switch (stores) {
     case Stores::ordinary: return copy_as<Stores::ordinary>(band);
-    case Stores::prefetched: return copy_as<Stores::prefetched>(band);
     case Stores::streaming: return copy_as<Stores::streaming>(band);
     }
 }

@@ -120,7 +120,7 @@ private:
         plane(picture.v, v, {half, height}, from_pitch, to_pitch, emit);
     }
 
-    // Written alone; what is written comes from the first-level cache. Not zeros, which some machines are quicker with.
+    // Only written; what is written comes from the first-level cache. Not zeros, which some machines are quicker with.
     template <class Emit> void fill(Emit emit) const
     {
         emit(Band{
@@ -152,7 +152,7 @@ private:
         samples(picture.y + line - half, to.v, to.pitch / 2, half, half, emit);
     }
 
-    // Reads `bytes` of every line of a drawing, a multiple of `count`, for so many samples of a plane.
+    // Reads `bytes` of every line of a drawing, a multiple of `count`, for `count` samples of a plane.
     template <class Emit>
     void samples(const uint8_t* from, uint8_t* to, int to_pitch, int count, int bytes, Emit emit) const
     {

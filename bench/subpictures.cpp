@@ -72,16 +72,16 @@ Group conversion(const char* name, Job Kernels::*kernel, Source drawing)
                        {{"-opaque", Cover::whole}, {"-subtitle", Cover::subtitle}, {"-transparent", Cover::clear}});
 }
 
-Group alone(const char* name, Job Kernels::*kernel, const Access& access)
+Group without_peers(const char* name, Job Kernels::*kernel, const Access& access)
 {
     return {{{name, kernel, access}}, Content::noise, false};
 }
 
-// The subpicture alone; a loader makes the same surface of the picture alone.
+// Only the subpicture; a loader makes the same surface of the picture.
 Group drawer(const char* name, Job Kernels::*kernel, Surface surface, const char* loader, Loader Kernels::*load)
 {
     const Access access{Source::subpicture, surface, 2, 1, Rows::tight_source, Oddity::none, Cover::subtitle};
-    Group group = alone(name, kernel, access);
+    Group group = without_peers(name, kernel, access);
     group.loader = Export{loader, load, progressive(surface)};
     return group;
 }
@@ -115,12 +115,13 @@ std::vector<Group> subpicture_groups()
         conversion("Convert_RGB32_To_AYUY2", &Kernels::Convert_RGB32_To_AYUY2, Source::rgb32),
         conversion("Convert_RGB24_To_AYUY2", &Kernels::Convert_RGB24_To_AYUY2, Source::rgb24),
         conversion("Convert_RGB16_565_To_AYUY2", &Kernels::Convert_RGB16_565_To_AYUY2, Source::rgb565),
-        alone("Restore_RGB32_To_Alpha", &Kernels::Restore_RGB32_To_Alpha, alpha_of(Source::rgb32)),
-        alone("Restore_RGB24_To_Alpha", &Kernels::Restore_RGB24_To_Alpha, alpha_of(Source::rgb24)),
-        alone("Restore_RGB16_565_To_Alpha", &Kernels::Restore_RGB16_565_To_Alpha, alpha_of(Source::rgb565)),
-        alone("load_subpicture_alpha_rgb32", &Kernels::load_subpicture_alpha_rgb32, luma_to(Surface::rgb32)),
-        alone("load_subpicture_alpha_rgb24", &Kernels::load_subpicture_alpha_rgb24, luma_to(Surface::rgb24)),
-        alone("load_subpicture_alpha_rgb16_565", &Kernels::load_subpicture_alpha_rgb16_565, luma_to(Surface::rgb565)),
+        without_peers("Restore_RGB32_To_Alpha", &Kernels::Restore_RGB32_To_Alpha, alpha_of(Source::rgb32)),
+        without_peers("Restore_RGB24_To_Alpha", &Kernels::Restore_RGB24_To_Alpha, alpha_of(Source::rgb24)),
+        without_peers("Restore_RGB16_565_To_Alpha", &Kernels::Restore_RGB16_565_To_Alpha, alpha_of(Source::rgb565)),
+        without_peers("load_subpicture_alpha_rgb32", &Kernels::load_subpicture_alpha_rgb32, luma_to(Surface::rgb32)),
+        without_peers("load_subpicture_alpha_rgb24", &Kernels::load_subpicture_alpha_rgb24, luma_to(Surface::rgb24)),
+        without_peers("load_subpicture_alpha_rgb16_565", &Kernels::load_subpicture_alpha_rgb16_565,
+                      luma_to(Surface::rgb565)),
         drawer("load_subpicture_yuy2_rgb32", &Kernels::load_subpicture_yuy2_rgb32, Surface::rgb32, "loadimage_rgb32",
                &Kernels::loadimage_rgb32),
         drawer("load_subpicture_yuy2_rgb24", &Kernels::load_subpicture_yuy2_rgb24, Surface::rgb24, "loadimage_rgb24",

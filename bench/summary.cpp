@@ -17,7 +17,7 @@ std::string join(std::initializer_list<std::string_view> parts)
     return all;
 }
 
-// What tells the name of an export from that of its group's first.
+// The part of an export's name that differs from that of its group's first.
 std::string difference(const std::string& first, const std::string& name)
 {
     const auto common = std::mismatch(name.begin(), name.end(), first.begin(), first.end()).first - name.begin();
@@ -131,14 +131,17 @@ void Summary::print_line(const std::string& prefix, const Group& group) const
 
 void Summary::print_stores(const std::string& prefix, const std::vector<Contender>& contenders) const
 {
+    std::string shown;
     for (const Contender& c : contenders) {
-        const std::string name = prefix + export_of(c.name);
-        const double ordinary = seconds(name + "/stores:ordinary"), streamed = seconds(name + "/stores:nontemporal");
-        if (!c.name.ends_with(":ordinary") || ordinary <= 0 || streamed <= 0) continue;
-        std::printf("%-50s %8.3f MB  ordinary %8.4f ms  non-temporal %8.4f ms (%.2fx as fast)  chosen %8.4f ms\n",
-                    name.c_str(), static_cast<double>(c.traffic.written) / 1e6, ordinary * 1e3, streamed * 1e3,
-                    ordinary / streamed, seconds(name + "/stores:chosen") * 1e3);
+        const std::string name = export_of(c.name);
+        if (name != shown) {
+            std::printf("%s%-60s %8.3f MB, us:", shown.empty() ? "" : "\n", (prefix + name).c_str(),
+                        static_cast<double>(c.traffic.written) / 1e6);
+        }
+        shown = name;
+        std::printf("  %s %9.2f", c.name.substr(c.name.find(':') + 1).c_str(), seconds(prefix + c.name) * 1e6);
     }
+    std::printf("\n");
     std::fflush(stdout);
 }
 

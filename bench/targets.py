@@ -3,64 +3,76 @@
 import re
 from dataclasses import dataclass
 
+# Cold, the smallest pictures are to reach this share of a speed: calls are short there.
+SMALLEST, SMALLEST_SHARE = "352x288", 0.8
+
 
 @dataclass(frozen=True)
 class Target:
     title: str
     exports: str  # a pattern of whole names
-    measure: str  # "peer": speed over the best peer's; "roof": share of the roof's speed; "slower": time over the
-    #               roof's; "plain", "loader": time over the plain twin's or the loader's; "opaque": speed over the
-    #               opaque twin's
-    factors: tuple  # hot 720x576, hot other sizes, cold; None where nothing is to be reached
-    peers: tuple = ("",)  # beginnings of the names of those that count
+    measure: str  # "peer": speed over the best peer's; "loader": time over that of the loader that takes the export's
+    #               place; "kind": time at the natural pitch over that at multiples of 64
+    factors: dict  # by regime, or by regime and size
 
     @property
     def faster_is_more(self):
-        return self.measure in ("peer", "roof", "opaque")
+        return self.measure == "peer"
 
-    @property
-    def of_twin(self):
-        return self.measure in ("plain", "loader", "opaque")
+    def factor(self, case):
+        factor = self.factors.get((case.regime, case.size), self.factors.get(case.regime))
+        if factor and self.faster_is_more and case.regime == "cold" and case.size == SMALLEST:
+            return SMALLEST_SHARE * factor
+        return factor
 
-    def show(self, value):
-        return f"{value:.0%}" if self.measure == "roof" else f"{value:.2f}x"
 
-    def unit(self):
-        named = {"peer": "peer" if self.peers == ("",) else self.peers[0], "roof": "of roof", "slower": "roof's time"}
-        return named.get(self.measure, self.measure)
+def over_peer(title, exports, hot, cold):
+    return Target(title, exports, "peer", {"hot": hot, "cold": cold})
 
+
+def over_loader(title, exports, hot, cold):
+    return Target(title, exports, "loader", {"hot": hot, "cold": cold})
+
+
+_FULL_HD = 1.15
+_SMALLER = 1.3
 
 TARGETS = (
-    Target("YV12 to RGB32", "loadimage_rgb32", "peer", (1.25, 1.0, 2.0)),
-    Target("YV12 to RGB24", "loadimage_rgb24", "peer", (1.2, 1.1, 2.0)),
-    Target("YV12 to RGB16", "loadimage_rgb16-.*", "peer", (2.8, 2.5, 2.5)),
-    Target("YV12 to YUY2", "loadimage_yuy2", "peer", (1.4, 1.1, 2.0)),
-    Target("YV12 copy, half size", "loadimage_(yv12|half_.*)", "roof", (0.9, 0.9, 0.9)),
-    Target("YV12, adjusted beside plain", "loadimage_.*_ajust.*", "plain", (1.35, 1.1, 1.05)),
-    Target("YUY2 to RGB32", "LoadYUY2_RGB32.*", "peer", (1.15, 1.15, 2.0)),
-    Target("YUY2 to RGB24", "LoadYUY2_RGB24.*", "peer", (1.4, 1.4, 2.0)),
-    Target("YUY2 to RGB16", "LoadYUY2_RGB16.*", "peer", (3.0, 3.0, 2.8)),
-    Target("YUY2 to YUY2", "LoadYUY2_YUY2.*", "roof", (0.9, 0.9, 0.9)),
-    Target("planes 2X2, 1X2", "strech_pic_.*|strech_picture_.*_yv12_ajust", "peer", (1.7, 1.7, 2.3)),
-    Target("YV12 2X2, 1X2 into YUY2", "strech_picture_.X2_yuy2(_ajust)?", "peer", (2.5, 2.5, 4.0)),
-    Target("YV12 1X2 into RGB", "strech_picture_1X2_yuy2_ajust_rgb.*", "peer", (1.8, 1.8, 3.0)),
-    Target("YUY2 2X2 into YUY2", "yuy2_strech_.*", "peer", (6.0, 6.0, 7.0), ("swscale",)),
-    Target("band, every group at an edge", "strech_opt_yuy2_ajust-edges", "slower", (6.0, 6.0, 3.0)),
-    Target("mixer, alpha all 0", "mix_.*-clear", "loader", (1.25, 1.15, 1.15)),
-    Target("mixer, a subtitle's alpha", "mix_.*-subtitle", "loader", (1.4, 1.2, 1.2)),
-    Target("mixer, random alpha", "mix_.*-random", "loader", (2.2, 1.7, 1.4)),
-    Target("mixer, any alpha", "mix_.*", "peer", (2.0, 1.5, 2.0)),
-    Target("conversion, transparent", "Convert_.*-transparent", "opaque", (6.0, 6.0, None)),
-    Target("fills", "LoadColorKey.*", "roof", (1.0, 1.0, 1.0)),
+    over_peer("YV12 to RGB32", "loadimage_rgb32", 1.5, 1.45),
+    over_peer("YV12 to RGB32, adjusted", "loadimage_rgb32_ajust", 1.4, 1.35),
+    over_peer("YV12 to RGB24", "loadimage_rgb24", 2.5, 2.2),
+    over_peer("YV12 to RGB24, adjusted", "loadimage_rgb24_ajust", 1.9, 1.8),
+    over_peer("YV12 to RGB16", "loadimage_rgb16-.*", 3.3, 2.6),
+    over_peer("YV12 to RGB16, adjusted", "loadimage_rgb16_ajust-.*", 2.5, 2.3),
+    over_peer("YV12 to YUY2", "loadimage_yuy2", 1.0, 1.0),
+    over_peer("YV12 to YUY2, adjusted", "loadimage_yuy2(_mono)?_ajust", 0.9, 1.2),
+    over_peer("YUY2 to RGB32", "LoadYUY2_RGB32", 1.2, 1.2),
+    over_peer("YUY2 to RGB32, adjusted", "LoadYUY2_RGB32_adjust", 1.0, 1.0),
+    over_peer("YUY2 to YUY2, over a plain copy", "LoadYUY2_YUY2", 0.95, 1.2),
+    over_peer("YUY2 to YUY2, adjusted, over a plain copy", "LoadYUY2_YUY2_adjust", 0.85, 1.1),
+    over_peer("YV12 to YV12, adjusted, over a plain copy", "loadimage_yv12_ajust", 0.9, 1.2),
+    over_peer("planes 1X2", "strech_pic_1X2.*|strech_picture_1X2_yv12_ajust", 1.2, 1.3),
+    over_peer("planes 2X2", "strech_pic_2X2.*|strech_picture_2X2_yv12_ajust", 1.7, 1.8),
+    over_peer("fills", "LoadColorKey.*", 0.9, 1.3),
+    over_peer("mixers, any alpha", "mix_.*", 1.1, 1.1),
+    over_loader("half-width mixer, alpha clear", "mix_ayuy2_half_.*-clear", 1.25, 1.2),
+    over_loader("half-width mixer, subtitle", "mix_ayuy2_half_.*-subtitle", 1.5, 1.3),
+    over_loader("half-width mixer, random alpha", "mix_ayuy2_half_.*-random", 2.2, 1.6),
+    Target("natural pitch, compared with multiples of 64", ".*", "kind",
+           {("cold", "352x288"): _SMALLER, ("cold", "720x576"): _SMALLER, ("cold", "864x480"): _SMALLER,
+            ("cold", "1920x1080"): _FULL_HD}),
 )
+
+UNITS = {"peer": "peer", "loader": "loader's time", "kind": "time at 64"}
 
 
 @dataclass
 class Verdict:
     target: Target
+    case: object
     factor: float
     value: float
-    limit: float  # what the roof's speed would make of it
+    limit: float  # what the roof's speed would make of it; None where that is unknown
 
     @property
     def met(self):
@@ -69,7 +81,7 @@ class Verdict:
     @property
     def beyond(self):
         """Not even an export as fast as the roof would meet the target."""
-        return not self._reaches(self.limit)
+        return self.limit is not None and not self._reaches(self.limit)
 
     def _reaches(self, value):
         return value >= self.factor if self.target.faster_is_more else value <= self.factor
@@ -78,45 +90,32 @@ class Verdict:
         """Above 1 where the target is met."""
         return self.value / self.factor if self.target.faster_is_more else self.factor / self.value
 
-    def goal(self):
-        return f"{self.target.show(self.factor)} {self.target.unit()}"
-
-    def __str__(self):
-        # Where only some peers count, the table's comparison with the best of all tells something else.
-        value = f" {self.target.show(self.value)}" if self.target.peers != ("",) else ""
-        if self.met:
-            return "yes" + value
-        return f"**no**{value}" + (f" (roof: {self.target.show(self.limit)})" if self.beyond else "")
-
-
-def targets_of(export):
-    return [target for target in TARGETS if re.fullmatch(target.exports, export)]
-
-
-def factor_of(target, case):
-    if case.regime == "cold":
-        return target.factors[2]
-    return target.factors[0 if case.size == "720x576" else 1]
-
 
 def reached(run, case, target):
     """What the export reaches of the target's measure, and what one as fast as the roof would; None for unknown."""
     time, roof = run.time(case), run.roof(case)
-    if not time or not roof:
+    if not time:
         return None
-    if target.measure == "roof":
-        return roof / time, 1
-    if target.measure == "slower":
-        return time / roof, 1
-    if target.of_twin:
-        twin = run.twin_time(case)
-        ratios = (time / twin, roof / twin) if twin else None
-        return tuple(1 / ratio for ratio in ratios) if ratios and target.faster_is_more else ratios
-    peer = run.best_peer(case, target.peers)
-    return (peer[0] / time, peer[0] / roof) if peer else None
+    if target.measure == "peer":
+        peer = run.best_peer(case)
+        return (peer[0] / time, peer[0] / roof if roof else None) if peer else None
+    if target.measure == "loader":
+        loader = run.loader_time(case)
+        return (time / loader, roof / loader if roof else None) if loader else None
+    aligned = run.elsewhere(case, "64") if case.kind == "natural" else None
+    if not run.time(aligned):
+        return None
+    best = run.roof(aligned)
+    return time / run.time(aligned), roof / best if roof and best else None
 
 
-def verdicts(run, case):
-    """How an export does beside its targets, as far as it has any and was measured."""
-    found = [(target, factor_of(target, case), reached(run, case, target)) for target in targets_of(case.export)]
-    return [Verdict(target, factor, *values) for target, factor, values in found if factor and values]
+def verdicts(run):
+    """Every cell that has a target and was measured."""
+    found = []
+    for case in run.cases.values():
+        for target in TARGETS:
+            factor = target.factor(case) if re.fullmatch(target.exports, case.export) else None
+            values = reached(run, case, target) if factor else None
+            if values:
+                found.append(Verdict(target, case, factor, *values))
+    return found
