@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <functional>
 #include <map>
 #include <regex>
 #include <stdexcept>
@@ -80,8 +81,7 @@ public:
     bool print() const
     {
         std::printf("\n%zu cells more than 5 %% slower\n", slower_.size());
-        for (auto at = slower_.rbegin(); at != slower_.rend(); ++at)
-            std::printf("  %.3f  %s\n", at->first, at->second.c_str());
+        for (const auto& [ratio, cell] : slower_) std::printf("  %.3f  %s\n", ratio, cell.c_str());
         std::printf("geometric mean of new/old:\n");
         for (const auto& [key, mean] : means_)
             std::printf("  %.3f  %s (%d)\n", std::exp(mean.first / mean.second), key.c_str(), mean.second);
@@ -92,7 +92,7 @@ public:
     static constexpr double kSlower = 1.05;
 
 private:
-    std::multimap<double, std::string> slower_;
+    std::multimap<double, std::string, std::greater<>> slower_; // the slowest first
     std::map<std::string, std::pair<double, int>> means_;
     std::vector<std::string> different_;
 };

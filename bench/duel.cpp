@@ -54,7 +54,9 @@ bool Duel::agree(Ring& ring, const Layout& layout) const
     std::memcpy(after.data(), from, count);
     std::memcpy(from, before.data(), count);
     loads_[1](picture);
-    return std::memcmp(after.data(), from, count) == 0 && std::memcmp(before.data(), from, count) != 0;
+    const bool nothing_to_write = layout.access.converts() && layout.access.cover == Cover::clear;
+    const bool written = std::memcmp(before.data(), from, count) != 0;
+    return std::memcmp(after.data(), from, count) == 0 && (written || nothing_to_write);
 }
 
 void Duel::run(Ring& ring, const Layout& layout, bool cold, double seconds)

@@ -43,7 +43,7 @@ done
 stores_of='/(loadimage_(rgb32|rgb24|rgb16-565|yuy2_ajust|yv12_ajust|half_yuy2_ajust|half_yv12_ajust)|LoadYUY2_RGB32'
 stores_of="$stores_of|strech_pic_2X2|strech_picture_2X2_yuy2|mix_ayuy2_rgb32_p_ajust-subtitle|LoadColorKeyRgb32)/"
 # Many short repetitions find the quiet moments of a busy machine better than a few long ones.
-effort='--benchmark_repetitions=7 --benchmark_min_time=0.002'
+effort='--benchmark_repetitions=5 --benchmark_min_time=0.002'
 filter=.
 if [ "$quick" ]; then
     effort='--benchmark_repetitions=2 --benchmark_min_time=0.0005'
