@@ -22,12 +22,13 @@ TEST_P(BandExactness, every_content_start_and_mode)
                 for (const int field_mode : {0, 1}) {
                     if (harness::quick() && !random.one_in(9)) continue;
                     const int lines = random.between(8, 24);
-                    Case c = case_of(pitch, lines, Pitch::kTight, static_cast<Pitch>(random.between(0, 6)), random);
+                    Case c = harness::case_of(GetParam(), pitch, lines, Pitch::kTight,
+                                              static_cast<Pitch>(random.between(0, 6)), random);
                     c.content = content;
                     c.start = start;
                     c.field_mode = field_mode;
                     if (random.one_in(2)) c.adjustment = harness::unity_adjustment();
-                    ASSERT_TRUE(check(c, harness::flush_and_aligned(random.between(0, 63))));
+                    ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
                 }
             }
         }
@@ -44,15 +45,15 @@ TEST_P(BandExactness, long_lines)
         if (harness::quick() && pitch != 560 && pitch != 4144) continue;
         for (const Content content : {Content::kNoise, Content::kNear, Content::kStripes}) {
             for (const Pitch surface : {Pitch::kLines64, Pitch::kTight, Pitch::kOdd}) {
-                Case c = case_of(pitch, 8 + random.between(0, 2), Pitch::kTight, surface, random);
+                Case c = harness::case_of(GetParam(), pitch, 8 + random.between(0, 2), Pitch::kTight, surface, random);
                 c.content = content;
-                ASSERT_TRUE(check(c, harness::flush_and_aligned(random.one_in(2) ? 0 : random.between(0, 63))));
+                ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
             }
         }
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Bands, BandExactness, testing::Values(harness::export_named("strech_opt_yuy2_ajust")),
-                         harness::name_of);
+                         harness::name_of<harness::Export>);
 
 } // namespace

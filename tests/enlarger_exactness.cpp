@@ -8,7 +8,6 @@ namespace {
 
 using harness::Case;
 using harness::Pitch;
-using harness::Placement;
 using harness::Random;
 
 class EnlargerExactness : public harness::Exactness {};
@@ -16,13 +15,14 @@ class EnlargerExactness : public harness::Exactness {};
 TEST_P(EnlargerExactness, every_width_and_height)
 {
     const int cases = harness::by_effort(1 + 24 * GetParam().sizes.width_step / 16, 1);
+    Random random(30);
     int number = 0;
     for (const int width : harness::widths(GetParam(), 160)) {
         for (const int height : harness::heights(GetParam(), 24)) {
             if (harness::quick() && (width + height) % 5 != 0) continue;
             for (int i = 0; i < cases; ++i) {
                 const Case c = harness::any_case(GetParam(), width, height, static_cast<uint64_t>(++number));
-                ASSERT_TRUE(check(c, harness::flush_and_aligned(number % 64)));
+                ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
             }
         }
     }
@@ -35,22 +35,9 @@ TEST_P(EnlargerExactness, every_pair_of_pitches)
     for (const int width : kWidths) {
         for (int pair = 0; pair < 100; pair += harness::by_effort(1, 23)) {
             const int height = harness::legal_height(GetParam(), random.between(1, 20));
-            const Case c = case_of(harness::legal_width(GetParam(), width), height, static_cast<Pitch>(pair % 10),
-                                   static_cast<Pitch>(pair / 10), random);
-            ASSERT_TRUE(check(c, harness::flush_and_aligned(random.between(0, 63))));
-        }
-    }
-}
-
-TEST_P(EnlargerExactness, every_base_alignment)
-{
-    static constexpr int kWidths[] = {16, 24, 48, 64, 80, 128, 176};
-    Random random(32);
-    for (const int width : kWidths) {
-        for (int alignment = 0; alignment < 64; alignment += harness::by_effort(1, 11)) {
-            const Case c = harness::any_case(GetParam(), harness::legal_width(GetParam(), width),
-                                             harness::legal_height(GetParam(), random.between(2, 18)), random.next());
-            ASSERT_TRUE(check(c, {{Placement::Kind::kInside, alignment}}));
+            const Case c = harness::case_of(GetParam(), harness::legal_width(GetParam(), width), height,
+                                            static_cast<Pitch>(pair % 10), static_cast<Pitch>(pair / 10), random);
+            ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
         }
     }
 }
@@ -64,7 +51,7 @@ TEST_P(EnlargerExactness, wide_pictures)
         for (int i = 0; i < harness::by_effort(4, 1); ++i) {
             const Case c = harness::any_case(GetParam(), harness::legal_width(GetParam(), width),
                                              harness::legal_height(GetParam(), random.between(2, 18)), random.next());
-            ASSERT_TRUE(check(c, harness::flush_and_aligned(random.between(0, 63))));
+            ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
             if (harness::quick()) break;
         }
     }
@@ -75,11 +62,13 @@ TEST_P(EnlargerExactness, heights_far_below_the_guard)
     if (!GetParam().sizes.guarded) GTEST_SKIP() << "there is no guard";
     Random random(34);
     for (const int height : {-1, -8, -1000, INT_MIN, INT_MIN + 20}) {
-        const Case c = case_of(harness::legal_width(GetParam(), 48), height, Pitch::kTight, Pitch::kTight, random);
+        const Case c = harness::case_of(GetParam(), harness::legal_width(GetParam(), 48), height, Pitch::kTight,
+                                        Pitch::kTight, random);
         ASSERT_TRUE(check(c, harness::flush()));
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Enlargers, EnlargerExactness, testing::ValuesIn(harness::enlargers()), harness::name_of);
+INSTANTIATE_TEST_SUITE_P(Enlargers, EnlargerExactness, testing::ValuesIn(harness::enlargers()),
+                         harness::name_of<harness::Export>);
 
 } // namespace

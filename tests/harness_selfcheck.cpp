@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The comparison itself: the model, dressed as a table of exports, passes; each way of spoiling it is caught.
-#include "harness/checker.h"
-#include "harness/job_exports.h"
+#include "harness/exactness.h"
 #include "model/planar.h"
 #include "selfcheck/fakes.h"
-
-#include <gtest/gtest.h>
 
 #include <sstream>
 
@@ -13,14 +10,17 @@ namespace {
 
 using harness::Case;
 using harness::Checker;
+using harness::Edge;
 using harness::Export;
+using harness::Phases;
 using harness::Placement;
 using harness::Variant;
 using selfcheck::Spoil;
 using selfcheck::unlimited;
 
 const std::vector<Variant> kFakeTables = {{"the model itself", &selfcheck::fakes}};
-const Placement kInside = {Placement::Kind::kInside, 5};
+const Placement kRoomAfter = {Edge::kStart, Phases{5}}; // the guard page is on the other side
+const Placement kRoomBefore = {Edge::kEnd, Phases{5}};
 
 class HarnessSelfcheck : public testing::TestWithParam<Export> {
 protected:
@@ -50,7 +50,7 @@ protected:
 
 TEST_P(HarnessSelfcheck, the_model_equals_itself)
 {
-    for (const Placement& placement : harness::flush_and_aligned(7)) {
+    for (const Placement& placement : {harness::flush()[0], harness::flush()[1], kRoomBefore, kRoomAfter}) {
         const auto wrong = run(Spoil::kNothing, placement);
         EXPECT_FALSE(wrong) << *wrong;
     }
@@ -59,21 +59,21 @@ TEST_P(HarnessSelfcheck, the_model_equals_itself)
 TEST_P(HarnessSelfcheck, wrong_bytes_are_caught)
 {
     for (const Spoil how : {Spoil::kWrongByte, Spoil::kUnwrittenByte, Spoil::kByteTooMany, Spoil::kByteTooFew}) {
-        const auto wrong = run(how, kInside);
+        const auto wrong = run(how, how == Spoil::kByteTooFew ? kRoomBefore : kRoomAfter);
         ASSERT_TRUE(wrong);
         EXPECT_NE(wrong->find("1 bytes differ"), std::string::npos) << *wrong;
     }
-    EXPECT_FALSE(run(Spoil::kNothing, kInside)) << "a caught difference must not outlive its case";
+    EXPECT_FALSE(run(Spoil::kNothing, kRoomAfter)) << "a caught difference must not outlive its case";
 }
 
 TEST_P(HarnessSelfcheck, changed_inputs_are_caught)
 {
-    EXPECT_TRUE(run(Spoil::kChangesSource, kInside));
+    EXPECT_TRUE(run(Spoil::kChangesSource, kRoomAfter));
     if (reads_record()) {
-        EXPECT_TRUE(run(Spoil::kChangesRecord, kInside));
+        EXPECT_TRUE(run(Spoil::kChangesRecord, kRoomAfter));
     }
     if (has_frame()) {
-        EXPECT_TRUE(run(Spoil::kChangesFrame, kInside));
+        EXPECT_TRUE(run(Spoil::kChangesFrame, kRoomAfter));
     }
 }
 
@@ -89,13 +89,12 @@ TEST_P(HarnessSelfcheck, steps_beyond_the_touched_bytes_fault)
 TEST_P(HarnessSelfcheck, looks_at_ignored_arguments_fault)
 {
     const std::string name = GetParam().name;
-    if (!reads_record()) expect_fault(Spoil::kReadsIgnoredRecord, kInside);
-    if (name.starts_with("LoadYUY2") || name.starts_with("yuy2_")) expect_fault(Spoil::kReadsIgnoredPlane, kInside);
-    if (has_frame()) expect_fault(Spoil::kReadsBeyondFrame, kInside);
+    if (!reads_record()) expect_fault(Spoil::kReadsIgnoredRecord, kRoomAfter);
+    if (name.starts_with("LoadYUY2") || name.starts_with("yuy2_")) expect_fault(Spoil::kReadsIgnoredPlane, kRoomAfter);
+    if (has_frame()) expect_fault(Spoil::kReadsBeyondFrame, kRoomAfter);
 }
 
-INSTANTIATE_TEST_SUITE_P(Exports, HarnessSelfcheck, testing::ValuesIn(harness::exports()),
-                         [](const auto& tested) { return std::string(tested.param.name); });
+INSTANTIATE_TEST_SUITE_P(Exports, HarnessSelfcheck, testing::ValuesIn(harness::exports()), harness::name_of<Export>);
 
 // A new export in the index must not go untested.
 TEST(HarnessIndex, every_export_has_a_model)
@@ -134,7 +133,7 @@ TEST(HarnessSelfcheckOrder, the_order_of_stores_shows_where_lines_overlap)
         c.y_pitch = c.width;
         c.dst_pitch = 4 * c.width;
         const bool overlap = c.width % 16 != 0 && c.width > 16; // a single block has nothing to come after it
-        EXPECT_EQ(checker.run(c, {kInside}, {{"line by line", &table}}).has_value(), overlap) << c.width;
+        EXPECT_EQ(checker.run(c, {kRoomAfter}, {{"line by line", &table}}).has_value(), overlap) << c.width;
     }
 }
 

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Every export for subpictures and colour keys on every instruction set against the model.
-#include "harness/effort.h"
-#include "harness/job_checker.h"
-
-#include <gtest/gtest.h>
+#include "harness/exactness.h"
 
 #include <algorithm>
 #include <iterator>
@@ -12,21 +9,11 @@ namespace {
 
 using harness::JobCase;
 using harness::JobExport;
-using harness::JobKind;
 using harness::Pitch;
-using harness::Placement;
 using harness::Random;
 
-class JobExactness : public testing::TestWithParam<JobExport> {
+class JobExactness : public harness::JobsExactness {
 protected:
-    // Ends the test at the first case that differs: the ones after it would say the same.
-    bool check(const JobCase& c, const std::vector<Placement>& placements)
-    {
-        static harness::JobChecker checker(size_t{1} << 20);
-        if (auto wrong = checker.run(c, placements)) ADD_FAILURE() << *wrong;
-        return !HasFailure();
-    }
-
     static int any_height(Random& random, int highest)
     {
         return random.between(GetParam().sizes.least_height, highest);
@@ -43,13 +30,14 @@ class JobBelowZero : public JobExactness {};
 
 TEST_P(JobExactness, every_width_and_height)
 {
+    Random random(40);
     int number = 0;
     for (const int width : harness::widths(GetParam(), 160)) {
         for (const int height : harness::heights(GetParam(), 20)) {
             if ((width + height) % harness::by_effort(1, 13) != 0) continue;
             for (int i = 0; i < harness::by_effort(2, 1); ++i) {
                 const JobCase c = harness::any_job(GetParam(), width, height, static_cast<uint64_t>(++number));
-                ASSERT_TRUE(check(c, harness::flush_and_aligned(number % 64)));
+                ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
             }
         }
     }
@@ -64,23 +52,7 @@ TEST_P(JobExactness, every_pair_of_pitches)
             const harness::JobPitches pitches = {
                 static_cast<Pitch>(pair % 10), static_cast<Pitch>(random.between(0, 9)), static_cast<Pitch>(pair / 10)};
             const JobCase c = harness::job_of(GetParam(), width, any_height(random, 14), pitches, random);
-            ASSERT_TRUE(check(c, harness::flush_and_aligned(random.between(0, 63))));
-        }
-    }
-}
-
-// A player's usual job: whole blocks, room for each plane's lines.
-TEST_P(JobExactness, every_base_alignment)
-{
-    static constexpr int kWidths[] = {16, 32, 48, 64, 80, 128, 144, 192, 240, 256};
-    static constexpr Pitch kPitches[] = {Pitch::kTight, Pitch::kPadded, Pitch::kLines64, Pitch::kNegative};
-    Random random(42);
-    for (const int width : kWidths) {
-        for (int alignment = 0; alignment < 64; alignment += harness::by_effort(1, 9)) {
-            const Pitch planes = random.pick(kPitches);
-            const JobCase c = harness::job_of(GetParam(), width, any_height(random, 16),
-                                              {planes, planes, random.pick(kPitches)}, random);
-            ASSERT_TRUE(check(c, {{Placement::Kind::kInside, alignment}}));
+            ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
         }
     }
 }
@@ -93,7 +65,7 @@ TEST_P(JobExactness, lines_that_overlap_the_next)
         const JobCase c =
             harness::job_of(GetParam(), width, any_height(random, 12),
                             {Pitch::kTight, Pitch::kTight, random.pick({Pitch::kTight, Pitch::kCrowded})}, random);
-        ASSERT_TRUE(check(c, harness::flush_and_aligned(random.between(0, 63))));
+        ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
     }
 }
 
@@ -108,7 +80,7 @@ TEST_P(JobExactness, surfaces_of_whole_cache_lines)
                 harness::job_of(GetParam(), width, any_height(random, width < 500 ? 16 : 6),
                                 {harness::any_pitch(random), harness::any_pitch(random), Pitch::kRounded}, random);
             c.surface_pitch = (c.surface_pitch + 127) / 128 * (i % 2 == 0 ? 128 : -128);
-            ASSERT_TRUE(check(c, {harness::flush()[0], {Placement::Kind::kInside, 0}}));
+            ASSERT_TRUE(check(c, {harness::flush()[0], harness::at_phase(0, random)}));
         }
         if (harness::quick() && width > 256) break;
     }
@@ -123,7 +95,7 @@ TEST_P(JobExactness, wide_pictures)
     for (const int width : kWidths) {
         for (int i = 0; i < harness::by_effort(2, 1); ++i) {
             const JobCase c = any(width, any_height(random, 10), random);
-            ASSERT_TRUE(check(c, harness::flush_and_aligned(random.between(0, 63))));
+            ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
         }
         if (harness::quick() && width > 1000) break;
     }
@@ -138,7 +110,7 @@ TEST_P(JobInPlace, whole_blocks_at_equal_pitches)
                                         {pitch, random.pick({pitch, Pitch::kAny}), pitch}, random);
             c.picture_pitch = c.surface_pitch;
             c.in_place = true;
-            ASSERT_TRUE(check(c, harness::flush_and_aligned(random.between(0, 63))));
+            ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
         }
     }
 }
@@ -156,8 +128,6 @@ TEST_P(JobBelowZero, sizes_count_as_the_least)
     }
 }
 
-std::string name_of(const testing::TestParamInfo<JobExport>& tested) { return tested.param.name; }
-
 auto those_that(bool (*fit)(const JobExport&))
 {
     std::vector<JobExport> found;
@@ -165,15 +135,12 @@ auto those_that(bool (*fit)(const JobExport&))
     return testing::ValuesIn(found);
 }
 
-bool works_in_place(const JobExport& tested)
-{
-    return tested.kind == JobKind::kPlanarMixer || tested.kind == JobKind::kMask;
-}
+bool works_in_place(const JobExport& tested) { return tested.works_in_place(); }
 
 bool has_signed_height(const JobExport& tested) { return tested.sizes.least_height < 0; }
 
-INSTANTIATE_TEST_SUITE_P(Jobs, JobExactness, testing::ValuesIn(harness::job_exports()), name_of);
-INSTANTIATE_TEST_SUITE_P(Jobs, JobInPlace, those_that(works_in_place), name_of);
-INSTANTIATE_TEST_SUITE_P(Jobs, JobBelowZero, those_that(has_signed_height), name_of);
+INSTANTIATE_TEST_SUITE_P(Jobs, JobExactness, testing::ValuesIn(harness::job_exports()), harness::name_of<JobExport>);
+INSTANTIATE_TEST_SUITE_P(Jobs, JobInPlace, those_that(works_in_place), harness::name_of<JobExport>);
+INSTANTIATE_TEST_SUITE_P(Jobs, JobBelowZero, those_that(has_signed_height), harness::name_of<JobExport>);
 
 } // namespace

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The comparison of jobs itself: the model, dressed as a table of exports, passes; each way of spoiling it is caught.
-#include "harness/effort.h"
-#include "harness/job_checker.h"
+#include "harness/exactness.h"
 #include "harness/job_record.h"
 #include "selfcheck/fakes.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstring>
@@ -13,14 +10,17 @@
 
 namespace {
 
+using harness::Edge;
 using harness::JobCase;
 using harness::JobExport;
 using harness::JobKind;
+using harness::Phases;
 using harness::Placement;
 using selfcheck::JobSpoil;
 
 const std::vector<harness::Variant> kFakeTables = {{"the model itself", &selfcheck::fakes}};
-const Placement kInside = {Placement::Kind::kInside, 5};
+const Placement kRoomAfter = {Edge::kStart, Phases{5}}; // the guard page is on the other side
+const Placement kRoomBefore = {Edge::kEnd, Phases{5}};
 
 std::vector<size_t> sources(JobKind kind)
 {
@@ -48,7 +48,7 @@ protected:
         for (const size_t plane : sources(GetParam().kind)) used_[plane] = true;
     }
 
-    std::optional<std::string> run(JobSpoil how, size_t which = 0, const Placement& placement = kInside)
+    std::optional<std::string> run(JobSpoil how, size_t which = 0, const Placement& placement = kRoomAfter)
     {
         static harness::JobChecker checker(size_t{1} << 20);
         selfcheck::spoilt_job = {how, which};
@@ -58,12 +58,12 @@ protected:
 
     void expect_caught(const std::string& what, JobSpoil how, size_t which = 0)
     {
-        const auto wrong = run(how, which);
+        const auto wrong = run(how, which, how == JobSpoil::kByteTooFew ? kRoomBefore : kRoomAfter);
         ASSERT_TRUE(wrong) << what;
         EXPECT_NE(wrong->find(what), std::string::npos) << *wrong;
     }
 
-    void expect_fault(JobSpoil how, size_t plane = 0, const Placement& placement = kInside)
+    void expect_fault(JobSpoil how, size_t plane = 0, const Placement& placement = kRoomAfter)
     {
         std::ostringstream call;
         call << "fault at .*" << GetParam().name << " width " << case_.width << " height " << case_.height;
@@ -78,7 +78,7 @@ class RecordSelfcheck : public JobSelfcheck {};
 
 TEST_P(JobSelfcheck, the_model_equals_itself)
 {
-    for (const Placement& placement : harness::flush_and_aligned(7)) {
+    for (const Placement& placement : {harness::flush()[0], harness::flush()[1], kRoomBefore, kRoomAfter}) {
         const auto wrong = run(JobSpoil::kNothing, 0, placement);
         EXPECT_FALSE(wrong) << *wrong;
     }
@@ -129,8 +129,6 @@ TEST_P(RecordSelfcheck, the_adjustments_beside_the_record_are_watched)
     else expect_fault(JobSpoil::kReadsUnusedInfo);
 }
 
-std::string name_of(const testing::TestParamInfo<JobExport>& tested) { return tested.param.name; }
-
 std::vector<JobExport> with_record()
 {
     std::vector<JobExport> found = harness::job_exports();
@@ -138,8 +136,8 @@ std::vector<JobExport> with_record()
     return found;
 }
 
-INSTANTIATE_TEST_SUITE_P(Jobs, JobSelfcheck, testing::ValuesIn(harness::job_exports()), name_of);
-INSTANTIATE_TEST_SUITE_P(Jobs, RecordSelfcheck, testing::ValuesIn(with_record()), name_of);
+INSTANTIATE_TEST_SUITE_P(Jobs, JobSelfcheck, testing::ValuesIn(harness::job_exports()), harness::name_of<JobExport>);
+INSTANTIATE_TEST_SUITE_P(Jobs, RecordSelfcheck, testing::ValuesIn(with_record()), harness::name_of<JobExport>);
 
 // Functions that move the record's pointers, and how far those of this region go.
 TEST(JobSelfcheckMoves, a_pointer_that_stays_is_caught)
@@ -158,7 +156,7 @@ TEST(JobSelfcheckMoves, a_pointer_that_stays_is_caught)
             const bool picture = plane <= harness::kPictureV;
             if (field.moved == nullptr || (picture && each.kind == JobKind::kConversion)) continue;
             selfcheck::spoilt_job = {JobSpoil::kLeavesPointer, plane};
-            const auto wrong = checker.run(c, {kInside}, kFakeTables);
+            const auto wrong = checker.run(c, {kRoomAfter}, kFakeTables);
             ASSERT_TRUE(wrong) << each.name << " " << field.name;
             EXPECT_NE(wrong->find(field.name), std::string::npos) << *wrong;
         }

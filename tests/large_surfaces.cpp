@@ -44,6 +44,12 @@ Checker& checker()
     return one;
 }
 
+std::vector<Placement> any_placements(Random& random)
+{
+    const Placement phased = harness::at_phase(random.pick(kAlignments), random);
+    return {phased, random.pick({harness::flush()[0], harness::flush()[1]})};
+}
+
 class LargeSurfaces : public testing::TestWithParam<Export> {};
 
 TEST_P(LargeSurfaces, every_kind_of_alignment)
@@ -66,8 +72,7 @@ TEST_P(LargeSurfaces, every_kind_of_alignment)
             c.dst_pitch = (padding == 0 ? line : (line + 63) / 64 * 64 + padding);
             if (tested.signed_pitches && random.one_in(5)) c.dst_pitch = -c.dst_pitch;
             harness::complete(c, random);
-            const Placement inside{Placement::Kind::kInside, random.pick(kAlignments)};
-            const auto wrong = checker().run(c, {inside, random.pick({harness::flush()[0], harness::flush()[1]})});
+            const auto wrong = checker().run(c, any_placements(random));
             ASSERT_FALSE(wrong) << *wrong;
         }
     }
@@ -88,7 +93,7 @@ TEST_P(LargeSurfaces, lines_that_overlap)
         c.y_pitch = size.width;
         c.dst_pitch = harness::line_bytes(GetParam(), size.width);
         harness::complete(c, random);
-        const auto wrong = checker().run(c, {{Placement::Kind::kInside, random.pick(kAlignments)}});
+        const auto wrong = checker().run(c, {harness::at_phase(random.pick(kAlignments), random)});
         ASSERT_FALSE(wrong) << *wrong;
     }
 }
@@ -108,15 +113,13 @@ TEST_P(LargeJobs, every_kind_of_alignment)
             const int line = size.width * GetParam().pixel_bytes;
             c.surface_pitch = padding == 0 ? line : (line + 63) / 64 * 64 + padding;
             if (random.one_in(5)) c.surface_pitch = -c.surface_pitch;
-            const Placement inside{Placement::Kind::kInside, random.pick(kAlignments)};
-            const auto wrong = jobs.run(c, {inside, random.pick({harness::flush()[0], harness::flush()[1]})});
+            const auto wrong = jobs.run(c, any_placements(random));
             ASSERT_FALSE(wrong) << *wrong;
         }
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Exports, LargeSurfaces, testing::ValuesIn(harness::exports()), harness::name_of);
-INSTANTIATE_TEST_SUITE_P(Jobs, LargeJobs, testing::ValuesIn(harness::job_exports()),
-                         [](const auto& tested) { return std::string(tested.param.name); });
+INSTANTIATE_TEST_SUITE_P(Exports, LargeSurfaces, testing::ValuesIn(harness::exports()), harness::name_of<Export>);
+INSTANTIATE_TEST_SUITE_P(Jobs, LargeJobs, testing::ValuesIn(harness::job_exports()), harness::name_of<JobExport>);
 
 } // namespace

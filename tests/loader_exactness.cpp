@@ -6,7 +6,6 @@ namespace {
 
 using harness::Case;
 using harness::Pitch;
-using harness::Placement;
 using harness::Random;
 
 class LoaderExactness : public harness::Exactness {};
@@ -14,12 +13,13 @@ class LoaderExactness : public harness::Exactness {};
 TEST_P(LoaderExactness, every_width_and_height)
 {
     const int cases = harness::by_effort(20, 2);
+    Random random(10);
     for (int width = 0; width <= 160; ++width) {
         for (int height = 0; height <= 20; height += harness::by_effort(1, 1 + (width + height) % 5)) {
             for (int i = 0; i < cases; ++i) {
                 const int number = (width * 21 + height) * cases + i;
                 const Case c = harness::any_case(GetParam(), width, height, static_cast<uint64_t>(number));
-                ASSERT_TRUE(check(c, harness::flush_and_aligned(number % 64)));
+                ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
             }
         }
     }
@@ -32,21 +32,9 @@ TEST_P(LoaderExactness, every_pair_of_pitches)
     Random random(11);
     for (const int width : kWidths) {
         for (int pair = 0; pair < 100; pair += harness::by_effort(1, 7)) {
-            const Case c = case_of(width, random.between(0, 14), static_cast<Pitch>(pair % 10),
-                                   static_cast<Pitch>(pair / 10), random);
-            ASSERT_TRUE(check(c, harness::flush_and_aligned(random.between(0, 63))));
-        }
-    }
-}
-
-TEST_P(LoaderExactness, every_base_alignment)
-{
-    static constexpr int kWidths[] = {16, 32, 48, 64, 80, 112, 128, 144, 192, 240, 256, 100, 250};
-    Random random(12);
-    for (const int width : kWidths) {
-        for (int alignment = 0; alignment < 64; alignment += harness::by_effort(1, 5)) {
-            const Case c = harness::any_case(GetParam(), width, random.between(1, 12), random.next());
-            ASSERT_TRUE(check(c, {{Placement::Kind::kInside, alignment}}));
+            const Case c = harness::case_of(GetParam(), width, random.between(0, 14), static_cast<Pitch>(pair % 10),
+                                            static_cast<Pitch>(pair / 10), random);
+            ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
         }
     }
 }
@@ -56,8 +44,8 @@ TEST_P(LoaderExactness, tight_lines_that_overlap_the_next)
 {
     Random random(13);
     for (int width = 1; width <= 320; width += harness::by_effort(1, 9)) {
-        Case c = case_of(width, random.between(1, 12), Pitch::kTight, Pitch::kTight, random);
-        ASSERT_TRUE(check(c, harness::flush_and_aligned(random.between(0, 63))));
+        Case c = harness::case_of(GetParam(), width, random.between(1, 12), Pitch::kTight, Pitch::kTight, random);
+        ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
         if (!GetParam().signed_pitches) continue;
         c.dst_pitch = -c.dst_pitch;
         ASSERT_TRUE(check(c, harness::flush()));
@@ -73,11 +61,12 @@ TEST_P(LoaderExactness, wide_pictures)
     for (const int width : kWidths) {
         for (int i = 0; i < harness::by_effort(30, 1); ++i) {
             const Case c = harness::any_case(GetParam(), width, random.between(0, 10), random.next());
-            ASSERT_TRUE(check(c, harness::flush_and_aligned(random.between(0, 63))));
+            ASSERT_TRUE(check(c, harness::flush_and_phased(random)));
         }
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Loaders, LoaderExactness, testing::ValuesIn(harness::loaders()), harness::name_of);
+INSTANTIATE_TEST_SUITE_P(Loaders, LoaderExactness, testing::ValuesIn(harness::loaders()),
+                         harness::name_of<harness::Export>);
 
 } // namespace

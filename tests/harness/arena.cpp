@@ -7,7 +7,6 @@ namespace harness {
 namespace {
 
 constexpr size_t kGuard = size_t{1} << 16;
-constexpr int64_t kMargin = 256; // compared on both sides of a range that lies inside
 
 } // namespace
 
@@ -24,15 +23,13 @@ Arena::Arena(size_t capacity)
 
 Arena::~Arena() { release_pages(mapping_, mapped_); }
 
-uint8_t* Arena::place(int64_t low, int64_t high, const Placement& placement) const
+uint8_t* Arena::place(int64_t low, int64_t high, Edge edge, std::optional<int> phase) const
 {
-    const int64_t room = end_ - begin_;
-    if (high - low > room) return nullptr;
-    if (placement.kind == Placement::Kind::kAtStart) return begin_ - low;
-    if (placement.kind == Placement::Kind::kAtEnd) return end_ - high;
-    uint8_t* lowest = begin_ + kMargin - low;
-    const int64_t off = (placement.alignment - static_cast<int64_t>(reinterpret_cast<uintptr_t>(lowest) % 64)) & 63;
-    return high - low + 2 * kMargin + 64 <= room ? lowest + off : nullptr;
+    uint8_t* const flush = edge == Edge::kStart ? begin_ - low : end_ - high;
+    const int64_t ahead = phase ? *phase - static_cast<int64_t>(reinterpret_cast<uintptr_t>(flush) % 64) : 0;
+    const int64_t gap = (edge == Edge::kStart ? ahead : -ahead) & 63;
+    if (high - low + gap > end_ - begin_) return nullptr;
+    return edge == Edge::kStart ? flush + gap : flush - gap;
 }
 
 } // namespace harness

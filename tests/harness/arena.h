@@ -3,14 +3,12 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 namespace harness {
 
-// Where a touched range of bytes lies in its arena.
-struct Placement {
-    enum class Kind { kAtStart, kAtEnd, kInside } kind;
-    int alignment = 0; // of the pointer that the caller passes, modulo 64; for kInside only
-};
+// The guard page that a touched range of bytes lies against: the one before it or the one after it.
+enum class Edge { kStart, kEnd };
 
 class Arena {
 public:
@@ -23,8 +21,9 @@ public:
     uint8_t* end() const { return end_; }
     uint8_t* forbidden() const { return end_ + 64; } // an address that faults
 
-    // The pointer for which bytes [low, high) around it lie as `placement` says; null if they do not fit.
-    uint8_t* place(int64_t low, int64_t high, const Placement& placement) const;
+    // The pointer for which bytes [low, high) around it are flush against the guard page, or as close to it as a
+    // pointer at `phase` modulo 64 allows; null if they do not fit.
+    uint8_t* place(int64_t low, int64_t high, Edge edge, std::optional<int> phase) const;
 
 private:
     uint8_t* mapping_;

@@ -100,6 +100,8 @@ int pitch_for(int tight, int whole, Pitch pitch, Random& random)
     case Pitch::kNegative: return -whole - 16 * random.between(0, 3);
     case Pitch::kNegativeOdd: return -((whole + random.between(0, 40)) | 1);
     case Pitch::kCrowded: return random.between(0, tight);
+    case Pitch::kAbove: return whole + random.between(1, 63);
+    case Pitch::kNegativeAbove: return -whole - random.between(1, 63);
     case Pitch::kAny: return random.between(-whole - 80, whole + 80);
     default: return 0;
     }
@@ -184,17 +186,23 @@ Pitch any_pitch(Random& random)
     return random.pick(kPitches);
 }
 
-Case any_case(const Export& tested, int width, int height, uint64_t seed)
+Case case_of(const Export& tested, int width, int height, Pitch source, Pitch surface, Random& random)
 {
-    Random random(seed);
     Case c;
     c.tested = &tested;
     c.width = width;
     c.height = height;
-    c.y_pitch = source_pitch(tested, width, any_pitch(random), random);
-    c.dst_pitch = surface_pitch(tested, width, any_pitch(random), random);
+    c.y_pitch = source_pitch(tested, width, source, random);
+    c.dst_pitch = surface_pitch(tested, width, surface, random);
     complete(c, random);
     return c;
+}
+
+Case any_case(const Export& tested, int width, int height, uint64_t seed)
+{
+    Random random(seed);
+    const Pitch source = any_pitch(random);
+    return case_of(tested, width, height, source, any_pitch(random), random);
 }
 
 std::string describe(const Case& c)

@@ -33,7 +33,20 @@ int legal_width(const Export& tested, int width);
 int legal_height(const Export& tested, int height);
 
 // How the pitches of a case relate to its width.
-enum class Pitch { kTight, kRounded, kPadded, kLines64, kOdd, kNegative, kNegativeOdd, kCrowded, kAny, kZero };
+enum class Pitch {
+    kTight,
+    kRounded,
+    kPadded,
+    kLines64,
+    kOdd,
+    kNegative,
+    kNegativeOdd,
+    kCrowded,
+    kAny,
+    kZero,
+    kAbove,
+    kNegativeAbove
+};
 
 // A pitch for lines of `tight` bytes as stated, of `whole` bytes in whole blocks.
 int pitch_for(int tight, int whole, Pitch pitch, Random& random);
@@ -57,5 +70,8 @@ Case any_case(const Export& tested, int width, int height, uint64_t seed);
 
 // Fills in what a given geometry leaves open.
 void complete(Case& c, Random& random);
+
+// A case of chosen pitches, the rest random.
+Case case_of(const Export& tested, int width, int height, Pitch source, Pitch surface, Random& random);
 
 } // namespace harness

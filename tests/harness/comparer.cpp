@@ -4,6 +4,7 @@
 #include "harness/random.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace harness {
 namespace {
@@ -60,14 +61,15 @@ std::optional<std::string> Comparer::compare(const std::vector<Placement>& place
     return wrong;
 }
 
-// Sources differ in alignment, from each other and from what is written.
 bool Comparer::place(const Placement& placement)
 {
-    int turn = 0;
+    size_t others = 1; // behind the first destination
+    bool is_first = true;
     return std::all_of(memories_.begin(), memories_.end(), [&](PlaneMemory& each) {
-        Placement own = placement;
-        if (!each.written() && each.touched()) own.alignment = (placement.alignment * 5 + 13 * turn++) % 64;
-        const bool fits = each.place(own);
+        const size_t number = each.written() && std::exchange(is_first, false) ? 0 : others++;
+        std::optional<int> phase;
+        if (placement.phases) phase = placement.phases->of(number);
+        const bool fits = each.place(placement.edge, phase);
         if (fits && !each.written()) each.fill();
         return fits;
     });
@@ -87,13 +89,6 @@ std::optional<std::string> Comparer::run(const Placement& placement, const Varia
         if (auto wrong = each.difference()) return wrong;
     }
     return wrong_records();
-}
-
-std::vector<Placement> flush() { return {{Placement::Kind::kAtStart, 0}, {Placement::Kind::kAtEnd, 0}}; }
-
-std::vector<Placement> flush_and_aligned(int alignment)
-{
-    return {{Placement::Kind::kAtStart, 0}, {Placement::Kind::kAtEnd, 0}, {Placement::Kind::kInside, alignment}};
 }
 
 } // namespace harness

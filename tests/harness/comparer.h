@@ -47,10 +47,4 @@ private:
     std::deque<std::vector<uint8_t>> canvases_;
 };
 
-// The two placements that have a guard page flush against everything that is touched.
-std::vector<Placement> flush();
-
-// The flush ones and one inside with a given alignment of the pointers.
-std::vector<Placement> flush_and_aligned(int alignment);
-
 } // namespace harness

@@ -43,13 +43,4 @@ InCall::InCall(const Described& call, const Placement& placement, const Variant&
 
 InCall::~InCall() { current_call = nullptr; }
 
-std::string describe(const Placement& placement)
-{
-    switch (placement.kind) {
-    case Placement::Kind::kAtStart: return "touched bytes right after a guard page";
-    case Placement::Kind::kAtEnd: return "touched bytes right before a guard page";
-    default: return "pointers at " + std::to_string(placement.alignment) + " modulo 64";
-    }
-}
-
 } // namespace harness

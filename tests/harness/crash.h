@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Makes a fault on a guard page name the call that caused it.
 #pragma once
-#include "harness/arena.h"
+#include "harness/placement.h"
 #include "harness/variants.h"
 
 #include <string>
@@ -25,7 +25,5 @@ public:
     InCall(const InCall&) = delete;
     InCall& operator=(const InCall&) = delete;
 };
-
-std::string describe(const Placement& placement);
 
 } // namespace harness

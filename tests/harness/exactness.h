@@ -3,37 +3,31 @@
 #pragma once
 #include "harness/checker.h"
 #include "harness/effort.h"
+#include "harness/job_checker.h"
 
 #include <gtest/gtest.h>
 
 namespace harness {
 
-class Exactness : public testing::TestWithParam<Export> {
+template <class Export, class Checker> class ExactnessOf : public testing::TestWithParam<Export> {
 protected:
     // Ends the test at the first case that differs: the ones after it would say the same.
-    bool check(const Case& c, const std::vector<Placement>& placements)
+    template <class Case> bool check(const Case& c, const std::vector<Placement>& placements)
     {
-        if (auto wrong = checker_.run(c, placements)) ADD_FAILURE() << *wrong;
-        return !HasFailure();
+        if (auto wrong = checker().run(c, placements)) ADD_FAILURE() << *wrong;
+        return !this->HasFailure();
     }
 
-    // A case of chosen pitches, the rest random.
-    static Case case_of(int width, int height, Pitch source, Pitch surface, Random& random)
+    static Checker& checker()
     {
-        Case c;
-        c.tested = &GetParam();
-        c.width = width;
-        c.height = height;
-        c.y_pitch = source_pitch(GetParam(), width, source, random);
-        c.dst_pitch = surface_pitch(GetParam(), width, surface, random);
-        complete(c, random);
-        return c;
+        static Checker one(size_t{1} << 20);
+        return one;
     }
-
-private:
-    Checker checker_{size_t{1} << 20};
 };
 
-inline std::string name_of(const testing::TestParamInfo<Export>& tested) { return tested.param.name; }
+using Exactness = ExactnessOf<Export, Checker>;
+using JobsExactness = ExactnessOf<JobExport, JobChecker>;
+
+template <class Export> std::string name_of(const testing::TestParamInfo<Export>& tested) { return tested.param.name; }
 
 } // namespace harness

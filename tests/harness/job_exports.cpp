@@ -55,6 +55,8 @@ std::vector<JobPlane> JobExport::destinations() const
     }
 }
 
+bool JobExport::works_in_place() const { return kind == JobKind::kPlanarMixer || kind == JobKind::kMask; }
+
 const std::vector<JobExport>& job_exports()
 {
     using enum JobKind;

@@ -55,6 +55,7 @@ struct JobExport {
     bool reads_layout = false;
 
     std::vector<JobPlane> destinations() const;
+    bool works_in_place() const; // the surface may be the picture, or the mask
 };
 
 // In the order of the index, which lists them after those of `exports`.

@@ -36,11 +36,11 @@ void PlaneMemory::touch(const model::Plane& plane)
     escaped_ |= plane.escaped();
 }
 
-bool PlaneMemory::place(const Placement& placement)
+bool PlaneMemory::place(Edge edge, std::optional<int> phase)
 {
     placed_ = arena_.forbidden();
     if (!touched()) return true;
-    placed_ = arena_.place(low_, high_, placement);
+    placed_ = arena_.place(low_, high_, edge, phase);
     if (placed_ == nullptr) return false;
     first_ = std::max({low_ - kMargin, -reach_, static_cast<int64_t>(arena_.begin() - placed_)});
     end_ = std::min({high_ + kMargin, reach_, static_cast<int64_t>(arena_.end() - placed_)});

@@ -26,7 +26,7 @@ public:
     bool escaped() const { return escaped_; }
     bool written() const { return before_ != after_; }
 
-    bool place(const Placement& placement); // false where there is not enough memory
+    bool place(Edge edge, std::optional<int> phase); // false where there is not enough memory
     void fill() const;
     std::optional<std::string> difference() const;
     void forget() const; // what the model wrote
