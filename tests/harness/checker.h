@@ -12,6 +12,8 @@ public:
     // `reach`: how far from a passed pointer, in either direction, a case may touch memory.
     explicit Checker(size_t reach);
 
+    using Comparer::wrote;
+
     // What went wrong, or nothing. Sources, records and every unwritten byte must come out as they went in.
     std::optional<std::string> run(const Case& c, const std::vector<Placement>& placements,
                                    const std::vector<Variant>& tables = variants());

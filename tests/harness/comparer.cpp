@@ -61,6 +61,12 @@ std::optional<std::string> Comparer::compare(const std::vector<Placement>& place
     return wrong;
 }
 
+bool Comparer::wrote() const
+{
+    return std::any_of(memories_.begin(), memories_.end(),
+                       [](const PlaneMemory& each) { return each.written() && each.touched(); });
+}
+
 bool Comparer::place(const Placement& placement)
 {
     size_t others = 1; // behind the first destination

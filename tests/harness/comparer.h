@@ -14,6 +14,9 @@
 namespace harness {
 
 class Comparer : protected Described {
+public:
+    bool wrote() const; // the last case, by the model
+
 protected:
     Comparer(size_t reach, std::initializer_list<const char*> planes);
     ~Comparer() = default;

@@ -12,6 +12,8 @@ public:
     // `reach`: how far from the record's pointers, in either direction, a case may touch memory.
     explicit JobChecker(size_t reach);
 
+    using Comparer::wrote;
+
     // What went wrong, or nothing. Every byte and the record must come out as the model leaves them.
     std::optional<std::string> run(const JobCase& c, const std::vector<Placement>& placements,
                                    const std::vector<Variant>& tables = variants());

@@ -13,7 +13,7 @@ Pitch any_sweep_pitch(Random& random)
                         Pitch::kNegativeAbove, Pitch::kAny});
 }
 
-int any_sweep_height(Random& random) { return random.pick({2, 2, 3, 4, 4, 5, 6, 7, 8, 12}); }
+int any_sweep_height(Random& random) { return random.pick({2, 2, 3, 4, 4, 5, 6, 7, 8, 10, 12}); }
 
 // Every phase with every remainder; lines long enough for whole cache lines in most planes.
 void add_round(int width_step, Random& random, std::vector<SweepPoint>& to)
