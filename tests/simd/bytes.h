@@ -42,7 +42,7 @@ template <int N> void judges_zero(Trial& t)
 
 template <int N> void sums_fours(Trial& t)
 {
-    const int limit = t.number() % 1100 - 20;
+    const int limit = t.number() % 1100; // from none to more than any sum
     t.yields(fours_above(t.bytes<N>(0), limit), [&](int i) {
         int sum = 0;
         for (int j = 0; j < 4; j++) sum += t.byte(0, i / 4 * 4 + j);
