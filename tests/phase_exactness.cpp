@@ -5,20 +5,36 @@
 
 namespace {
 
-class PhaseExactness : public harness::Exactness {};
-class JobPhaseExactness : public harness::JobsExactness {};
+using harness::Random;
 
-TEST_P(PhaseExactness, every_phase_and_remainder)
-{
-    const auto wrong = harness::sweep(checker(), GetParam());
-    ASSERT_FALSE(wrong) << *wrong;
-}
+template <class Fixture> class Phases : public Fixture {
+protected:
+    void check_all(const std::vector<harness::SweepPoint>& points, Random& random)
+    {
+        const auto wrong = harness::sweep(this->checker(), this->GetParam(), points, random);
+        ASSERT_FALSE(wrong) << *wrong;
+    }
 
-TEST_P(JobPhaseExactness, every_phase_and_remainder)
-{
-    const auto wrong = harness::sweep(checker(), GetParam());
-    ASSERT_FALSE(wrong) << *wrong;
-}
+    void every_phase_and_remainder()
+    {
+        Random random(61);
+        check_all(harness::sweep_points(this->GetParam(), random), random);
+    }
+
+    void long_lines()
+    {
+        Random random(63);
+        check_all(harness::long_points(random), random);
+    }
+};
+
+class PhaseExactness : public Phases<harness::Exactness> {};
+class JobPhaseExactness : public Phases<harness::JobsExactness> {};
+
+TEST_P(PhaseExactness, every_phase_and_remainder) { every_phase_and_remainder(); }
+TEST_P(PhaseExactness, long_lines) { long_lines(); }
+TEST_P(JobPhaseExactness, every_phase_and_remainder) { every_phase_and_remainder(); }
+TEST_P(JobPhaseExactness, long_lines) { long_lines(); }
 
 INSTANTIATE_TEST_SUITE_P(Exports, PhaseExactness, testing::ValuesIn(harness::exports()),
                          harness::name_of<harness::Export>);

@@ -5,6 +5,8 @@
 #include "selfcheck/broken_lines.h"
 #include "selfcheck/fakes.h"
 
+#include <algorithm>
+
 namespace {
 
 using harness::Arena;
@@ -23,13 +25,16 @@ template <class Fixture> class BrokenLines : public Fixture {
 protected:
     ~BrokenLines() override { selfcheck::broken_line = {}; }
 
-    std::optional<std::string> run(const BrokenLine& broken, size_t most_cases = SIZE_MAX)
+    std::optional<std::string> run(const BrokenLine& broken, size_t most_points = SIZE_MAX)
     {
         selfcheck::spoil = selfcheck::Spoil::kNothing;
         selfcheck::spoilt_job = {};
         selfcheck::broken_line = broken;
         const auto fake = selfcheck::breaking(this->GetParam());
-        return harness::sweep(this->checker(), fake, {{"broken", &selfcheck::fakes}}, most_cases);
+        harness::Random random(61);
+        auto points = harness::sweep_points(this->GetParam(), random);
+        points.resize(std::min(points.size(), most_points));
+        return harness::sweep(this->checker(), fake, points, random, {{"broken", &selfcheck::fakes}});
     }
 
     void expect_caught(const BrokenLine& broken)

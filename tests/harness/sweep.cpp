@@ -45,9 +45,20 @@ std::vector<SweepPoint> sweep_points(const Export& tested, Random& random)
 
 std::vector<SweepPoint> sweep_points(const JobExport&, Random& random) { return points(1, random); }
 
+std::vector<SweepPoint> long_points(Random& random)
+{
+    std::vector<SweepPoint> all;
+    for (int i = 0; i < by_effort(64, 4); ++i) {
+        const int width = i % 4 == 0 ? 16 * random.between(256, 480) : random.between(4096, 7680);
+        all.push_back({width, at_phase(random.between(0, 63), random)});
+    }
+    return all;
+}
+
 Case sweep_case(const Export& tested, int width, Random& random)
 {
     const int height = legal_height(tested, any_sweep_height(random));
+    width = legal_width(tested, width);
     const Pitch source = any_sweep_pitch(random);
     return case_of(tested, width, height, source, any_sweep_pitch(random), random);
 }

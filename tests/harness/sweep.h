@@ -19,6 +19,9 @@ struct SweepPoint {
 std::vector<SweepPoint> sweep_points(const Export& tested, Random& random);
 std::vector<SweepPoint> sweep_points(const JobExport& tested, Random& random);
 
+// Lines of 4096 pixels and more: what is kept of one line for the next ends within them.
+std::vector<SweepPoint> long_points(Random& random);
+
 // Some lines of a width, at pitches that make lines lie end to end, closely or loosely, upwards and downwards, and at
 // times overlap.
 Case sweep_case(const Export& tested, int width, Random& random);
@@ -26,14 +29,12 @@ JobCase sweep_case(const JobExport& tested, int width, Random& random);
 
 inline constexpr int kMostTries = 1000;
 
-// What went wrong first, in so many points at the most, or nothing. Calls that write nothing do not count.
+// What went wrong first, or nothing. Calls that write nothing do not count.
 template <class Checker, class Export>
-std::optional<std::string> sweep(Checker& checker, const Export& tested,
-                                 const std::vector<Variant>& tables = variants(), size_t most_points = SIZE_MAX)
+std::optional<std::string> sweep(Checker& checker, const Export& tested, const std::vector<SweepPoint>& points,
+                                 Random& random, const std::vector<Variant>& tables = variants())
 {
-    Random random(61);
-    for (const SweepPoint& point : sweep_points(tested, random)) {
-        if (most_points-- == 0) break;
+    for (const SweepPoint& point : points) {
         for (int tries = 0; tries == 0 || !checker.wrote(); ++tries) {
             if (tries == kMostTries) return "no call writes anything";
             const auto c = sweep_case(tested, point.width, random);
