@@ -20,7 +20,7 @@ protected:
 
     static Checker& checker()
     {
-        static Checker one(size_t{1} << 20);
+        static Checker one(size_t{1} << 21);
         return one;
     }
 };

@@ -49,7 +49,7 @@ std::vector<SweepPoint> long_points(Random& random)
 {
     std::vector<SweepPoint> all;
     for (int i = 0; i < by_effort(64, 4); ++i) {
-        const int width = i % 4 == 0 ? 16 * random.between(256, 480) : random.between(4096, 7680);
+        const int width = i % 4 == 0 ? 16 * random.between(256, 544) : random.between(4096, 8704);
         all.push_back({width, at_phase(random.between(0, 63), random)});
     }
     return all;

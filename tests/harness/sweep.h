@@ -19,7 +19,7 @@ struct SweepPoint {
 std::vector<SweepPoint> sweep_points(const Export& tested, Random& random);
 std::vector<SweepPoint> sweep_points(const JobExport& tested, Random& random);
 
-// Lines of 4096 pixels and more: what is kept of one line for the next ends within them.
+// Lines of 4096 pixels and more, and of twice as many: what is kept of one line for the next ends within them.
 std::vector<SweepPoint> long_points(Random& random);
 
 // Some lines of a width, at pitches that make lines lie end to end, closely or loosely, upwards and downwards, and at
