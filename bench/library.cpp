@@ -24,9 +24,9 @@ Library::Library(const std::string& path) : isa_{"loaded", &kernels_, [] { retur
     const std::string file = std::filesystem::canonical(path).string();
     void* handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!handle) throw std::runtime_error(dlerror());
-#define EXPORT_(name, params, args) find(handle, #name, kernels_.name);
+#define EXPORT(name, call) find(handle, #name, kernels_.name);
 #include "frame/exports.inc"
-#undef EXPORT_
+#undef EXPORT
     find(handle, "get_contrast_data", set_adjustment_);
 }
 

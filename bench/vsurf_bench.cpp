@@ -9,7 +9,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "bench/session.h"
+#include "bench/conditions.h"
 
 namespace {
 

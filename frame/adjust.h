@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The picture adjustment: the process-wide state and, for the kernels, what it does to a sample.
+// The picture adjustment: the state of the process, and what it does to a sample.
 #pragma once
 #include <stdint.h>
 
@@ -11,30 +11,21 @@ struct Adjustment {
 
 extern Adjustment adjustment_state;
 
-// Relaxed atomic loads: a concurrent `get_contrast_data` is the caller's mistake and may give a mixture of old and
-// new values, yet it stays defined behaviour. Each load is a plain move.
-static inline __attribute__((always_inline)) Adjustment current_adjustment()
-{
-    const Adjustment& s = adjustment_state;
-    auto read = [](const int16_t& x) __attribute__((always_inline)) { return __atomic_load_n(&x, __ATOMIC_RELAXED); };
-    return {read(s.luma_gain), read(s.chroma_gain), read(s.luma_offset), read(s.u_offset), read(s.v_offset)};
-}
-
 } // namespace vsurf
 
 #ifdef VSURF_ISA
-#include "simd/simd.h"
+#include "frame/blocks.h"
 
 namespace vsurf::VSURF_ISA {
 
-// One gain and one offset. A scaled sample lies in 0..1023, so an offset beyond -1023..255 acts like that bound.
-// Lifting the sum by 32767 - 255 lets one signed saturation cut it at 255, and one unsigned saturation cut it at 0 on
-// the way back.
+// A gain and an offset. A scaled sample lies in 0..1023, so an offset beyond -1023..255 acts like that bound. The
+// offset is lifted by 32767 - 255: then one signed saturation cuts the sum at 255, and one unsigned saturation cuts it
+// at 0 on the way back.
 struct SampleAdjust {
     int16_t gain, lifted_offset;
     static constexpr int kLift = 32767 - 255;
 
-    static ALWAYS_INLINE SampleAdjust of(int16_t gain, int16_t offset)
+    static ALWAYS_INLINE SampleAdjust with(int16_t gain, int16_t offset)
     {
         int bounded = offset < -1023 ? -1023 : offset > 255 ? 255 : offset;
         return {gain, static_cast<int16_t>(bounded + kLift)};
@@ -52,44 +43,58 @@ struct SampleAdjust {
     {
         return add(scaled, Words<N>::splat(lifted_offset - kLift));
     }
-    // The product keeps its low 16 bits and is shifted right by 6.
-    template <int N> ALWAYS_INLINE Words<N> scale(Words<N> sample) const
-    {
-        return shr<6>(mullo(sample, Words<N>::splat(gain)));
-    }
-    template <int N> ALWAYS_INLINE Words<N> operator()(Words<N> sample) const { return offset(scale(sample)); }
 };
 
 struct Adjustments {
     SampleAdjust luma, u, v;
 };
 
+// A concurrent `get_contrast_data` is the caller's mistake and may give a mixture of old and new values. Relaxed atomic
+// loads keep that defined, and each is a plain move.
+ALWAYS_INLINE Adjustment current_adjustment()
+{
+    const Adjustment& s = adjustment_state;
+    auto read = [](const int16_t& x) VSURF_INLINED { return __atomic_load_n(&x, __ATOMIC_RELAXED); };
+    return {read(s.luma_gain), read(s.chroma_gain), read(s.luma_offset), read(s.u_offset), read(s.v_offset)};
+}
+
 ALWAYS_INLINE Adjustments adjustments_now()
 {
     auto s = current_adjustment();
-    return {SampleAdjust::of(s.luma_gain, s.luma_offset), SampleAdjust::of(s.chroma_gain, s.u_offset),
-            SampleAdjust::of(s.chroma_gain, s.v_offset)};
+    return {SampleAdjust::with(s.luma_gain, s.luma_offset), SampleAdjust::with(s.chroma_gain, s.u_offset),
+            SampleAdjust::with(s.chroma_gain, s.v_offset)};
 }
 
-// How samples are scaled: by any gain, which is exact, not fast: no picture looks right with gains that wrap, so the
-// code is built for one width alone,
-struct AnyGain {
-    static constexpr int kWidest = 16;
-    template <int N, int W> static ALWAYS_INLINE Words<N> load_words(const uint8_t* p) { return load_chroma<N, W>(p); }
+// Any gain: the product of gain and sample keeps its low 16 bits and is shifted right by 6. No picture looks right with
+// gains that wrap, so it is built for the narrowest registers only. It also serves where the order of stores matters.
+struct WrappingGain {
+    static constexpr int kWidest = kBlock;
+    template <int N, int W, class Source> static ALWAYS_INLINE Words<N> words(const Source& of, ptrdiff_t x)
+    {
+        return of.template words<N, W>(x);
+    }
+    template <int N> static ALWAYS_INLINE Words<N> of_words(Words<N> samples) { return samples; }
     template <int N> static ALWAYS_INLINE EvenOddWords<N> split(Bytes<N> x) { return VSURF_ISA::split(x); }
     template <int N> static ALWAYS_INLINE LowHighWords<N> widen(Bytes<N> x) { return VSURF_ISA::widen(x); }
-    template <int N> static ALWAYS_INLINE Words<N> scale(SampleAdjust by, Words<N> x) { return by.scale(x); }
+    template <int N> static ALWAYS_INLINE Words<N> scale(SampleAdjust by, Words<N> x)
+    {
+        return shr<6>(mullo(x, Words<N>::splat(by.gain)));
+    }
 };
 
-// or by one whose products never wrap: from samples in the high bytes, 256 x * 4 gain >> 16, in one instruction.
-struct CommonGain {
+// A gain whose products never wrap. With the sample in the high byte of its word one multiplication also shifts:
+// (256 x * 4 gain) >> 16 is (x * gain) >> 6.
+struct FastGain {
+    using Exact = WrappingGain;
     static constexpr int kWidest = kRegister, kHighest = 65535 / 255;
     static ALWAYS_INLINE bool suits(SampleAdjust by) { return by.gain >= 0 && by.gain <= kHighest; }
     static ALWAYS_INLINE bool suits(const Adjustments& by) { return suits(by.luma) && suits(by.u); }
-    template <int N, int W> static ALWAYS_INLINE Words<N> load_words(const uint8_t* p)
+    template <int N, int W, class Source> static ALWAYS_INLINE Words<N> words(const Source& of, ptrdiff_t x)
     {
-        return load_chroma_high<N, W>(p);
+        if constexpr (requires { of.template high_words<N, W>(x); }) return of.template high_words<N, W>(x);
+        else return of_words(of.template words<N, W>(x));
     }
+    template <int N> static ALWAYS_INLINE Words<N> of_words(Words<N> samples) { return shl<8>(samples); }
     template <int N> static ALWAYS_INLINE EvenOddWords<N> split(Bytes<N> x) { return split_high(x); }
     template <int N> static ALWAYS_INLINE LowHighWords<N> widen(Bytes<N> x) { return widen_high(x); }
     template <int N> static ALWAYS_INLINE Words<N> scale(SampleAdjust by, Words<N> x)
@@ -98,58 +103,15 @@ struct CommonGain {
     }
 };
 
+// Adjusted samples, of bytes and of the words that the gain takes.
+template <class Gain, int N> ALWAYS_INLINE Words<N> adjusted(SampleAdjust by, Words<N> x)
+{
+    return by.offset(Gain::scale(by, x));
+}
 template <class Gain, int N> ALWAYS_INLINE Bytes<N> adjusted(SampleAdjust by, Bytes<N> samples)
 {
     auto x = Gain::widen(samples);
     return narrow(LowHighWords<N>{by.offset_uncut(Gain::scale(by, x.low)), by.offset_uncut(Gain::scale(by, x.high))});
-}
-
-// The samples of a picture on their way from memory: as they are,
-struct Plain {
-    template <int N, int W> ALWAYS_INLINE Words<N> u(const uint8_t* p) const { return load_chroma<N, W>(p); }
-    template <int N, int W> ALWAYS_INLINE Words<N> v(const uint8_t* p) const { return load_chroma<N, W>(p); }
-    template <int N> ALWAYS_INLINE EvenOddWords<N> u_and_v(Bytes<N> uv) const
-    {
-        return split(uv);
-    } // from u0 v0 u1 v1 ...
-    template <int N> ALWAYS_INLINE Bytes<N> luma(Bytes<N> y) const { return y; }
-    template <int N> ALWAYS_INLINE EvenOddWords<N> luma_times4(Bytes<N> y) const { return split_times4(y); }
-};
-
-// or adjusted.
-template <class Gain> struct Adjusted {
-    Adjustments by;
-
-    template <int N> static ALWAYS_INLINE Words<N> apply(SampleAdjust by, Words<N> x)
-    {
-        return by.offset(Gain::scale(by, x));
-    }
-    template <int N, int W> ALWAYS_INLINE Words<N> u(const uint8_t* p) const
-    {
-        return apply(by.u, Gain::template load_words<N, W>(p));
-    }
-    template <int N, int W> ALWAYS_INLINE Words<N> v(const uint8_t* p) const
-    {
-        return apply(by.v, Gain::template load_words<N, W>(p));
-    }
-    template <int N> ALWAYS_INLINE EvenOddWords<N> u_and_v(Bytes<N> uv) const
-    {
-        auto words = Gain::split(uv);
-        return {apply(by.u, words.even), apply(by.v, words.odd)};
-    }
-    template <int N> ALWAYS_INLINE Bytes<N> luma(Bytes<N> y) const { return adjusted<Gain>(by.luma, y); }
-    template <int N> ALWAYS_INLINE EvenOddWords<N> luma_times4(Bytes<N> y) const
-    {
-        auto words = Gain::split(y);
-        return shl<2>(EvenOddWords<N>{apply(by.luma, words.even), apply(by.luma, words.odd)});
-    }
-};
-
-// Calls `work` with the kind of gain that serves luma and chroma.
-template <class Work> ALWAYS_INLINE void with_gain(const Adjustments& by, const Work& work)
-{
-    if (CommonGain::suits(by)) work(CommonGain{});
-    else work(AnyGain{});
 }
 
 } // namespace vsurf::VSURF_ISA

@@ -6,7 +6,6 @@
 // Every product is floored by itself; the sums lie within -364 and 536, so 16-bit addition neither wraps nor needs an
 // order, and the stores saturate them to bytes.
 #pragma once
-#include "frame/stores.h"
 #include "simd/simd.h"
 
 namespace vsurf::VSURF_ISA {

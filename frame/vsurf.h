@@ -49,7 +49,7 @@
 ///
 /// @par Overlapping lines
 /// Where a pitch is smaller than the bytes written on a line, lines overlap and the bytes stored last stay;
-/// docs/contract.md and the two pages beside it give the order of stores. Where they give none, such a pitch is not
+/// docs/contract.md and the two pages next to it give the order of stores. Where they give none, such a pitch is not
 /// usable.
 ///
 /// @par Errors
@@ -61,8 +61,8 @@
 /// Any thread may call any function, and calls may run side by side on memory that does not overlap. There are no
 /// locks. The only state that outlives a call is the picture adjustment, shared by the whole process and read once per
 /// call (by the two YV12 enlargers once per plane) by each function whose name contains `_ajust` or `_adjust`, unless
-/// it says otherwise. Do not let get_contrast_data() run beside such a call, which may then work with some old and some
-/// new values. A call allocates nothing and uses up to 40 KiB of its thread's stack. docs/threads.md tells which
+/// it says otherwise. Do not let get_contrast_data() run during such a call, which may then work with some old and some
+/// new values. A call allocates nothing and uses up to 40 KiB of its thread's stack. docs/threads.md says which
 /// functions can share a picture among threads.
 ///
 /// @par Instruction sets
@@ -72,7 +72,7 @@
 /// run, change nothing; with glibc, programs that run with more rights than their caller ignore it.
 ///
 /// @par Names
-/// They are kept letter for letter: `strech`, `ajust` and `Relace` are no slips of this file.
+/// They are kept letter for letter: `strech`, `ajust` and `Relace` are spelled so on purpose.
 #ifndef VSURF_H
 #define VSURF_H
 #include <stddef.h>
@@ -246,7 +246,7 @@ VSURF_API void VSURF_CALL get_contrast_data(void* info);
 ///     L = ((Y-16) * 4 * 19071) >> 16              R = L + (((V-128) * 4 * 26149) >> 16)
 ///     B = L + (((U-128) * 8 * 16532) >> 16)       G = L - (((U-128) * 25625) >> 16) - (((V-128) * 2 * 26641) >> 16)
 ///
-/// White (235, 128, 128) gives 254, not 255. Chroma is not interpolated. docs/formats.md tells the rest.
+/// White (235, 128, 128) gives 254, not 255. Chroma is not interpolated. docs/formats.md has the rest.
 ///
 /// @anchor layout_guard
 /// @par Layouts of RGB16
@@ -491,7 +491,7 @@ VSURF_API void VSURF_CALL LoadYUY2_RGB16_adjust(void* src, void* unused_u, void*
 /// Single planes, whole YV12 pictures and bands of a frame, at twice their size.
 ///
 /// @anchor enlarging_terms
-/// 2X2 doubles width and height, 1X2 the height alone. Notation here and in the next family:
+/// 2X2 doubles width and height, 1X2 only the height. Notation here and in the next family:
 ///
 ///     avg(a, b) = (a + b + 1) >> 1        S(j) source line j        D(m) destination line m, dst + m * dst_pitch
 ///     H(line): sample i gives out[2i] = s[i], out[2i+1] = avg(s[i], s[i+1])
@@ -566,7 +566,7 @@ VSURF_API void VSURF_CALL strech_pic_2X2_adjust(unsigned char* src, unsigned cha
 /// more, back by 16 and on by r; both pitches are followed. First and last lines are done in blocks of 8. Height 1 runs
 /// one round.
 /// @par Irregular
-/// The last copy is D(2h-1) in a packed plane alone; otherwise D(2h-1) stays unwritten and the copy lies in the
+/// The last copy is D(2h-1) only in a packed plane; otherwise D(2h-1) stays unwritten and the copy lies in the
 /// padding. The picture lies one line lower than its source, whose last line only enters averages that are overwritten.
 VSURF_API void VSURF_CALL strech_pic_1X2_adjust(unsigned char* src, unsigned char* dst, int width, int height,
                                                 int src_pitch, int dst_pitch, ajust_contrast_info* info, int plane);
@@ -834,7 +834,7 @@ VSURF_API void VSURF_CALL yuy2_strech_picture_2X2_yuy2_ajust(void* src, void* un
 /// @param[in,out] job the record; reads `subpicture_pitch`, `surface_pitch`, `width`, `height`, the four subpicture
 ///                    pointers, `surface` and `color_key`
 /// @par Reads and writes
-/// As @ref conversion_to_yuv "Conversion to AYUY2" tells, B = 4. A pixel is transparent if all its 32 bits are the
+/// As in @ref conversion_to_yuv "Conversion to AYUY2", B = 4. A pixel is transparent if all its 32 bits are the
 /// key's.
 /// @par Irregular
 /// `subpic_alpha` moves though nothing is written there.
@@ -845,7 +845,7 @@ VSURF_API void VSURF_CALL Convert_RGB32_To_AYUY2(MIX_INFO* job);
 /// The key is compared with 24 bits, so its top byte must be 0, or nothing is transparent.
 /// @param[in,out] job the record, as Convert_RGB32_To_AYUY2()
 /// @par Reads and writes
-/// As @ref conversion_to_yuv "Conversion to AYUY2" tells, B = 3; reads the byte beyond each line's last pixel, without
+/// As in @ref conversion_to_yuv "Conversion to AYUY2", B = 3; reads the byte beyond each line's last pixel, without
 /// effect.
 /// @par Irregular
 /// `subpic_alpha` moves though nothing is written there.
@@ -856,7 +856,7 @@ VSURF_API void VSURF_CALL Convert_RGB24_To_AYUY2(MIX_INFO* job);
 /// Components are shifted up and not replicated, so white is 248, 252, 248. The key is its low 16 bits.
 /// @param[in,out] job the record, as Convert_RGB32_To_AYUY2(); `contrast_info` is not looked at
 /// @par Reads and writes
-/// As @ref conversion_to_yuv "Conversion to AYUY2" tells, B = 2.
+/// As in @ref conversion_to_yuv "Conversion to AYUY2", B = 2.
 /// @par Irregular
 /// `subpic_alpha` moves though nothing is written there.
 VSURF_API void VSURF_CALL Convert_RGB16_565_To_AYUY2(MIX_INFO* job);
@@ -935,7 +935,7 @@ VSURF_API void VSURF_CALL load_subpicture_alpha_rgb16_565(MIX_INFO* job);
 /// @param[in] job the record; reads `picture_pitch`, `surface_pitch`, `height`, the four subpicture pointers, `surface`
 ///                and `color_key`
 /// @par Reads and writes
-/// As @ref drawer "The subpicture alone" tells, B = 4; the fourth byte is 0. The record is left alone.
+/// As in @ref drawer "The subpicture alone", B = 4; the fourth byte is 0. The record is left alone.
 /// @par Irregular
 /// pp is the width, and the pitch of packed planes. The key comes with its bytes reversed. Alpha is signed.
 VSURF_API void VSURF_CALL load_subpicture_yuy2_rgb32(MIX_INFO* job);
@@ -943,7 +943,7 @@ VSURF_API void VSURF_CALL load_subpicture_yuy2_rgb32(MIX_INFO* job);
 /// The subpicture alone to RGB24: blue, green, red.
 /// @param[in] job the record, as load_subpicture_yuy2_rgb32()
 /// @par Reads and writes
-/// As @ref drawer "The subpicture alone" tells, B = 3. The record is left alone.
+/// As in @ref drawer "The subpicture alone", B = 3. The record is left alone.
 /// @par Irregular
 /// pp is the width, and the pitch of packed planes. The key comes with its bytes reversed. Alpha is signed.
 VSURF_API void VSURF_CALL load_subpicture_yuy2_rgb24(MIX_INFO* job);
@@ -951,7 +951,7 @@ VSURF_API void VSURF_CALL load_subpicture_yuy2_rgb24(MIX_INFO* job);
 /// The subpicture alone to RGB16, in the layout `contrast_info->rgb16_layout`.
 /// @param[in] job the record; reads what load_subpicture_yuy2_rgb32() reads, and `contrast_info`
 /// @par Reads and writes
-/// As @ref drawer "The subpicture alone" tells, B = 2, and bytes 32 to 35 of `contrast_info`. The record is left alone.
+/// As in @ref drawer "The subpicture alone", B = 2, and bytes 32 to 35 of `contrast_info`. The record is left alone.
 /// @par Returns at once
 /// for a layout other than 0..3.
 /// @par Irregular

@@ -1,90 +1,95 @@
 // SPDX-License-Identifier: MIT
 // Planar YV12 pictures at half their width.
-#include "frame/passes.h"
-#include "load/loader.h"
-#include "load/plane.h"
+#include "frame/adjusted_line.h"
+#include "frame/dispatch.h"
+#include "frame/half_width.h"
+#include "frame/picture.h"
 
 namespace vsurf::VSURF_ISA {
 
-// Neighbours are averaged, rounded up, then adjusted: N source pixels give N/2, a block of 16 half a register of them.
-struct HalfYuy2Step {
-    static constexpr int kWidest = 2 * kRegister, kBytes = 1;
-    static constexpr bool kStreams = true;
-    Adjustments by;
-
-    template <int N> struct Chroma {
-        Words<N> u, v;
-    };
-    template <int N> ALWAYS_INLINE auto chroma(Position at, ptrdiff_t x) const
+// Neighbours are averaged, rounded up, then adjusted.
+struct AveragesOfPairs {
+    template <class Gain, int N> static ALWAYS_INLINE Words<N> words(Bytes<N> samples)
     {
-        constexpr int samples = N == kBlock ? 16 : N / 2;
-        auto averages = [x](const uint8_t* plane) VSURF_INLINED {
-            if constexpr (N == kBlock) return averages_of_pairs(load_first8(plane + x / 2));
-            else return averages_of_pairs(load<samples, 2>(plane + x / 2));
-        };
-        return Chroma<samples>{by.u(averages(at.u)), by.v(averages(at.v))};
-    }
-    // A block is one register, anything wider two.
-    template <int N> struct Luma {
-        Words<N == kBlock ? 16 : N / 2> first, second;
-    };
-    template <int N> ALWAYS_INLINE Words<N> averages_at(const uint8_t* y) const
-    {
-        return by.luma(averages_of_pairs(load<N>(y)));
-    }
-    template <Line, int N> ALWAYS_INLINE Luma<N> luma(Position at, ptrdiff_t x) const
-    {
-        auto y = at.y + x;
-        constexpr int samples = N == kBlock ? 16 : N / 2;
-        auto first = averages_at<samples>(y);
-        if constexpr (N == kBlock) return Luma<N>{first, first};
-        else return Luma<N>{first, averages_at<samples>(y + samples)};
-    }
-    template <Stores S, Line, int N, int M>
-    ALWAYS_INLINE void store(Position at, ptrdiff_t x, Luma<N> y, Chroma<M> c) const
-    {
-        if constexpr (N == kBlock) store_first8_yuyv(at.dst + x, y.first, c.u, c.v);
-        else store_yuyv(to<S>(at.dst + x), y.first, y.second, c.u, c.v);
+        return Gain::of_words(averages_of_pairs(samples));
     }
 };
 
-LOADER_EXPORT(loadimage_half_yuy2_ajust)
+void loadimage_half_yuy2_ajust(Picture p)
 {
-    do_walk(walk_by_line(PICTURE, HalfYuy2Step::kBytes), HalfYuy2Step{adjustments_now()});
+    write_adjusted(walk_by_line(p, kHalfWidthBytes), [](Adjustments by) VSURF_INLINED {
+        return [=](Position at) VSURF_INLINED {
+            return HalfWidthLine<FastGain, AveragesOfPairs>{at.y, at.u, at.v, by};
+        };
+    });
 }
 
-// A chroma line closes with a block that ends at its last sample and overlaps what came before.
-struct HalveChromaLine : HalveLine {
-    ptrdiff_t rest; // samples beyond the whole blocks
-    template <Stores S> ALWAYS_INLINE void store(uint8_t* dst, const uint8_t* src, ptrdiff_t x, ptrdiff_t end) const
+// Every second sample, the odd ones.
+struct OddSamples {
+    static constexpr int kWidest = kRegister;
+    const uint8_t* samples;
+
+    template <int N, int> ALWAYS_INLINE Words<N> words(ptrdiff_t x) const
     {
-        HalveLine::store<S>(dst, src, x, end);
-        if (S == Stores::cached && rest) block(dst + end - 8 + (rest >> 1), src + 2 * end - 16 + rest);
+        return split(load<N>(samples + 2 * x)).odd;
+    }
+    template <int N, int W> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x) const
+    {
+        return pack_in_order(words<N, W>(x), words<N, W>(x + N / 2));
     }
 };
+static_assert(Source<OddSamples>);
+
+struct HalvedPlane {
+    const uint8_t* src;
+    uint8_t* dst;
+    ptrdiff_t src_step, dst_step, lines, samples; // from line to line in bytes; samples of a new line
+};
+
+// A line closes with 8 samples that begin `closing` samples of the source after the last whole block, and that overlap
+// what came before. From an even place they continue the line; from an odd one they are even samples.
+[[maybe_unused]] static NEVER_INLINE void halve_plane(const HalvedPlane& p, SampleAdjust by, ptrdiff_t closing)
+{
+    using Halved = PlaneLine<Adjust<FastGain, OddSamples>>;
+    const bool continues = closing % 2 == 0;
+    const ptrdiff_t samples = p.samples + (continues ? closing / 2 : 0);
+    Writer writer(continues ? Target::lines(p.dst, p.dst_step, samples, p.lines) : Target::never_streamed());
+    for (ptrdiff_t i = 0; i < p.lines; i++) {
+        const uint8_t* src = p.src + i * p.src_step;
+        uint8_t* dst = p.dst + i * p.dst_step;
+        write_adjusted_line(writer, by, Halved{{by, {src}}}, dst, {0, samples});
+        if (!continues)
+            ExactOf<Halved>{{by, {src + closing}}}.store_eight(dst + samples - 8 + closing / 2, samples - 8);
+    }
+}
 
 // Keeps the odd samples, without averaging; the planes lie at the ordinary places for its own height and pitch, and
 // each has its own offset.
-LOADER_EXPORT(loadimage_half_yv12_ajust)
+void loadimage_half_yv12_ajust(Picture p)
 {
-    const auto by = adjustments_now();
-    const Picture p = PICTURE;
-    const ptrdiff_t pitch = dst_pitch, half_pitch = dst_pitch >> 1, half_width = width >> 1;
-    const ptrdiff_t luma_lines = rounds(height, 1), luma_bytes = rounds(width, 16) * 8;
-    const auto size = static_cast<size_t>(luma_lines * luma_bytes) * 3 / 2;
-
-    Plane luma{p.start.y, p.start.dst, y_pitch + 2 * luma_bytes - width, pitch + luma_bytes - half_width, luma_lines};
-    each_line(luma, luma_bytes, streams(luma, size), HalveLine{by.luma});
-
-    const ptrdiff_t rest = half_width & 15, chroma_bytes = rounds(width >> 1 & ~15, 16) * 8;
-    auto chroma = [&](const uint8_t* plane, uint8_t* to, SampleAdjust adjust) VSURF_INLINED {
-        Plane lines{plane, to, (y_pitch >> 1) - half_width + 2 * chroma_bytes + rest,
-                    half_pitch - (width >> 2) + chroma_bytes + (rest >> 1), rounds(height >> 1, 1)};
-        each_line(lines, chroma_bytes, streams(lines, size), HalveChromaLine{{adjust}, rest});
+    const Position at = start_of(p);
+    const ptrdiff_t pitch = p.dst_pitch, half_pitch = p.dst_pitch >> 1, half_width = p.width >> 1;
+    const ptrdiff_t luma_samples = step_count(p.width, 16) * 8;
+    const HalvedPlane luma{.src = at.y,
+                           .dst = at.dst,
+                           .src_step = p.y_pitch + 2 * luma_samples - p.width,
+                           .dst_step = pitch + luma_samples - half_width,
+                           .lines = step_count(p.height, 1),
+                           .samples = luma_samples};
+    const ptrdiff_t rest = half_width & 15, samples = step_count(p.width >> 1 & ~15, 16) * 8;
+    auto chroma = [&](const uint8_t* plane, uint8_t* to) VSURF_INLINED {
+        return HalvedPlane{.src = plane,
+                           .dst = to,
+                           .src_step = (p.y_pitch >> 1) - half_width + 2 * samples + rest,
+                           .dst_step = half_pitch - (p.width >> 2) + samples + (rest >> 1),
+                           .lines = step_count(p.height >> 1, 1),
+                           .samples = samples};
     };
-    auto v_plane = p.start.dst + height * pitch, u_plane = v_plane + half_pitch * (height >> 1);
-    chroma(p.start.v, v_plane, by.v);
-    chroma(p.start.u, u_plane, by.u);
+    uint8_t *v_plane = at.dst + p.height * pitch, *u_plane = v_plane + half_pitch * (p.height >> 1);
+    const auto by = adjustments_now();
+    halve_plane(luma, by.luma, 0);
+    halve_plane(chroma(at.v, v_plane), by.v, rest);
+    halve_plane(chroma(at.u, u_plane), by.u, rest);
 }
 
 } // namespace vsurf::VSURF_ISA

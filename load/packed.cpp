@@ -1,42 +1,53 @@
 // SPDX-License-Identifier: MIT
 // Packed YUY2 pictures into packed surfaces. The planes for U and V mean nothing to a packed picture.
-#include "load/packed.h"
-#include "load/loader.h"
+#include "frame/dispatch.h"
+#include "frame/packed_bytes.h"
+#include "frame/picture.h"
 
 namespace vsurf::VSURF_ISA {
 
-// In blocks of 16 bytes.
-LOADER_EXPORT(LoadYUY2_YUY2) { do_walk(walk_packed(PICTURE, product(2, width), 1), PackedBytesStep<PlainBytes>{}); }
+// Onto YUY2 nothing has to be unpacked: lines are handled in blocks of 16 bytes.
+ALWAYS_INLINE Walk walk_bytes(const Picture& p) { return walk_packed(p, wrapping_mul(2, p.width), 1); }
 
-LOADER_EXPORT(LoadYUY2_YUY2_adjust)
+void LoadYUY2_YUY2(Picture p)
 {
-    const auto by = adjustments_now();
-    const auto walk = walk_packed(PICTURE, product(2, width), 1);
-    if (CommonGain::suits(by) && !order_shows(walk)) do_freely(walk, PackedBytesStep<AdjustedBytes<CommonGain>>{by});
-    else do_in_order(walk, PackedBytesStep<AdjustedBytes<AnyGain>>{by});
+    write_picture(walk_bytes(p), [](Position at) VSURF_INLINED { return PackedLine<PlainBytes>{at.y, at.u, {}}; });
 }
 
-// In blocks of 16 pixels.
-template <class Sink> ALWAYS_INLINE BlockwiseWalk walk_for(const Picture& p)
+void LoadYUY2_YUY2_adjust(Picture p)
 {
-    return walk_packed(p, p.width, Sink::kBytes);
+    write_adjusted(walk_bytes(p), [](Adjustments by) VSURF_INLINED {
+        return [=](Position at) VSURF_INLINED { return PackedLine<AdjustedBytes<FastGain>>{at.y, at.u, {by}}; };
+    });
 }
 
-LOADER_EXPORT(LoadYUY2_RGB32) { load_plain<PackedStep, Rgb32>(walk_for<Rgb32>(PICTURE)); }
-LOADER_EXPORT(LoadYUY2_RGB24) { load_plain<PackedStep, Rgb24>(walk_for<Rgb24>(PICTURE)); }
-LOADER_EXPORT(LoadYUY2_RGB32_adjust) { load_adjusted<PackedStep, Rgb32>(walk_for<Rgb32>(PICTURE)); }
-LOADER_EXPORT(LoadYUY2_RGB24_adjust) { load_adjusted<PackedStep, Rgb24>(walk_for<Rgb24>(PICTURE)); }
-
-LOADER_EXPORT(LoadYUY2_RGB16)
+template <class Format> ALWAYS_INLINE void load_packed(const Picture& p, Format format)
 {
-    const auto walk = walk_for<Rgb16>(PICTURE);
-    with_rgb16_sink(info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED { load_plain<PackedStep>(walk, sink); });
+    write_picture(walk_packed(p, p.width, Format::kBytes), [=](Position at) VSURF_INLINED {
+        return PixelLine<Format, PackedLuma, PackedChroma>{{at.y}, {at.u}, format};
+    });
+}
+template <class Format> ALWAYS_INLINE void load_packed_adjusted(const Picture& p, Format format)
+{
+    write_adjusted(walk_packed(p, p.width, Format::kBytes), [=](Adjustments by) VSURF_INLINED {
+        return [=](Position at) VSURF_INLINED {
+            return PixelLine<Format, Adjust<FastGain, PackedLuma>, AdjustedPackedChroma<FastGain>>{
+                {by.luma, {at.y}}, {by.u, by.v, at.u}, format};
+        };
+    });
 }
 
-LOADER_EXPORT(LoadYUY2_RGB16_adjust)
+void LoadYUY2_RGB32(Picture p) { load_packed(p, Rgb32{}); }
+void LoadYUY2_RGB24(Picture p) { load_packed(p, Rgb24{}); }
+void LoadYUY2_RGB16(Picture p)
 {
-    const auto walk = walk_for<Rgb16>(PICTURE);
-    with_rgb16_sink(info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED { load_adjusted<PackedStep>(walk, sink); });
+    with_rgb16_sink(p.info->rgb16_layout, [&](Rgb16 format) VSURF_INLINED { load_packed(p, format); });
+}
+void LoadYUY2_RGB32_adjust(Picture p) { load_packed_adjusted(p, Rgb32{}); }
+void LoadYUY2_RGB24_adjust(Picture p) { load_packed_adjusted(p, Rgb24{}); }
+void LoadYUY2_RGB16_adjust(Picture p)
+{
+    with_rgb16_sink(p.info->rgb16_layout, [&](Rgb16 format) VSURF_INLINED { load_packed_adjusted(p, format); });
 }
 
 } // namespace vsurf::VSURF_ISA

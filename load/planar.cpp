@@ -1,43 +1,73 @@
 // SPDX-License-Identifier: MIT
 // Planar YV12 pictures into packed surfaces.
-#include "load/planar.h"
-#include "load/loader.h"
+#include "frame/dispatch.h"
+#include "frame/picture.h"
 
 namespace vsurf::VSURF_ISA {
 
-LOADER_EXPORT(loadimage_rgb32) { load_plain<PlanarStep, Rgb32>(walk_by_pass(PICTURE, Rgb32::kBytes)); }
-LOADER_EXPORT(loadimage_rgb24) { load_plain<PlanarStep, Rgb24>(walk_by_pass(PICTURE, Rgb24::kBytes)); }
-LOADER_EXPORT(loadimage_rgb32_ajust) { load_adjusted<PlanarStep, Rgb32>(walk_by_pass(PICTURE, Rgb32::kBytes)); }
-LOADER_EXPORT(loadimage_rgb24_ajust) { load_adjusted<PlanarStep, Rgb24>(walk_by_pass(PICTURE, Rgb24::kBytes)); }
-
-LOADER_EXPORT(loadimage_rgb16)
+template <class Format> ALWAYS_INLINE auto planar_lines(Format format)
 {
-    const auto walk = walk_by_pass(PICTURE, Rgb16::kBytes);
-    with_rgb16_sink(info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED { load_plain<PlanarStep>(walk, sink); });
+    return [=](Position at) VSURF_INLINED {
+        return PixelLine<Format, Row, PlanarChroma<Row>>{{at.y}, {{at.u}, {at.v}}, format};
+    };
 }
 
-LOADER_EXPORT(loadimage_rgb16_ajust)
+template <class Format> ALWAYS_INLINE auto adjusted_lines(Format format)
 {
-    const auto walk = walk_by_pass(PICTURE, Rgb16::kBytes);
-    with_rgb16_sink(info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED { load_adjusted<PlanarStep>(walk, sink); });
+    return [=](Adjustments by) VSURF_INLINED {
+        return [=](Position at) VSURF_INLINED {
+            using Samples = Adjust<FastGain, Row>;
+            return PixelLine<Format, Samples, PlanarChroma<Samples>>{
+                {by.luma, {at.y}}, {{by.u, {at.u}}, {by.v, {at.v}}}, format};
+        };
+    };
+}
+
+template <class Format> ALWAYS_INLINE void load(const Picture& p, Format format)
+{
+    write_picture(walk_by_pass(p, Format::kBytes), planar_lines(format));
+}
+template <class Format> ALWAYS_INLINE void load_adjusted(const Picture& p, Format format)
+{
+    write_adjusted(walk_by_pass(p, Format::kBytes), adjusted_lines(format));
+}
+
+void loadimage_rgb32(Picture p) { load(p, Rgb32{}); }
+void loadimage_rgb24(Picture p) { load(p, Rgb24{}); }
+void loadimage_rgb16(Picture p)
+{
+    with_rgb16_sink(p.info->rgb16_layout, [&](Rgb16 format) VSURF_INLINED { load(p, format); });
+}
+void loadimage_rgb32_ajust(Picture p) { load_adjusted(p, Rgb32{}); }
+void loadimage_rgb24_ajust(Picture p) { load_adjusted(p, Rgb24{}); }
+void loadimage_rgb16_ajust(Picture p)
+{
+    with_rgb16_sink(p.info->rgb16_layout, [&](Rgb16 format) VSURF_INLINED { load_adjusted(p, format); });
 }
 
 // Irregular: the first four pixels of every block of a lower line stay unwritten.
-LOADER_EXPORT(loadimage_yuy2) { load_plain<PlanarStep, Yuy2WithHoles>(walk_by_pass(PICTURE, Yuy2::kBytes)); }
+void loadimage_yuy2(Picture p)
+{
+    write_picture(walk_by_pass(p, Yuy2::kBytes), planar_lines(Yuy2{}), planar_lines(Yuy2WithHoles{}));
+}
 
 // Irregular: refuses heights up to 8 and odd ones, and drifts from line to line where its siblings drift from pass to
 // pass.
-LOADER_EXPORT(loadimage_yuy2_ajust)
+void loadimage_yuy2_ajust(Picture p)
 {
-    if (height <= 8 || height % 2 != 0) return;
-    load_adjusted<PlanarStep, Yuy2>(walk_by_line(PICTURE, Yuy2::kBytes));
+    if (p.height <= 8 || p.height % 2 != 0) return;
+    write_adjusted(walk_by_line(p, Yuy2::kBytes), adjusted_lines(Yuy2{}));
 }
 
-// Irregular: takes every height. The chroma planes are not read and may be null, so luma stands in for them.
-LOADER_EXPORT(loadimage_yuy2_mono_ajust)
+// Irregular: takes every height. The chroma planes are not read and may be null; every pixel is grey.
+void loadimage_yuy2_mono_ajust(Picture p)
 {
-    u = v = y;
-    load_adjusted<PlanarStep, GreyYuy2>(walk_by_line(PICTURE, Yuy2::kBytes));
+    write_adjusted(walk_by_line(p, Yuy2::kBytes), [](Adjustments by) VSURF_INLINED {
+        return [=](Position at) VSURF_INLINED {
+            return PixelLine<Yuy2, Adjust<FastGain, Row>, PlanarChroma<Constant>>{
+                {by.luma, {at.y}}, {{128}, {128}}, {}};
+        };
+    });
 }
 
 } // namespace vsurf::VSURF_ISA

@@ -1,24 +1,24 @@
 // SPDX-License-Identifier: MIT
-// Samples that are adjusted before they are interpolated: each once, into lines on the stack.
+// Samples that are adjusted before they are interpolated: each once, into a line on the stack, and those that others
+// look ahead to once more.
 #pragma once
-#include "scale/plane.h"
+#include "frame/adjusted_line.h"
 
 namespace vsurf::VSURF_ISA {
 
-template <class Source>
-[[maybe_unused]] static NEVER_INLINE void adjust_line(uint8_t* to, Source from, ptrdiff_t samples, SampleAdjust by)
-{
-    auto adjust = [=](auto gain) VSURF_INLINED {
-        const SameWidth<Adjust<decltype(gain), Source>> line{{by, from}};
-        line.template store<Stores::cached>(to, 0, samples);
-    };
-    if (CommonGain::suits(by)) adjust(CommonGain{});
-    else adjust(AnyGain{});
-}
+// 1 for the first `count` of every `period` samples, else 0: those that the block before looks ahead to.
+template <int period, int count> struct FirstOf {
+    alignas(32) uint8_t at[32] = {};
+    constexpr FirstOf()
+    {
+        for (int i = 0; i < 32; i++) at[i] = i % period < count;
+    }
+};
 
-// What others look ahead to: of every 8 samples the first takes another offset.
+// Samples as the block before looks ahead to them: of every 8 the first takes another offset.
 struct AdjustAhead {
-    SampleAdjust by, ahead; // with the same gain
+    static constexpr int kWidest = kRegister;
+    SampleAdjust by, ahead; // have the same gain
     Row of;
 
     template <int N> static ALWAYS_INLINE Words<N> offsets(SampleAdjust by, SampleAdjust ahead)
@@ -29,17 +29,19 @@ struct AdjustAhead {
     }
     template <int N, int> ALWAYS_INLINE Words<N> words(ptrdiff_t x) const
     {
-        return SampleAdjust::offset(by.scale(of.words<N, 1>(x)), offsets<N>(by, ahead));
+        return SampleAdjust::offset(WrappingGain::scale(by, of.words<N, 1>(x)), offsets<N>(by, ahead));
     }
     template <int N, int> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x) const
     {
         return pack_in_order(words<N, 1>(x), words<N, 1>(x + N / 2));
     }
 };
-[[maybe_unused]] static NEVER_INLINE void adjust_line_ahead(uint8_t* to, const uint8_t* from, ptrdiff_t samples,
-                                                            SampleAdjust by, SampleAdjust ahead)
+static_assert(Source<AdjustAhead>);
+
+[[maybe_unused]] static NEVER_INLINE void adjust_line_ahead(uint8_t* to, Row from, ptrdiff_t samples, SampleAdjust by,
+                                                            SampleAdjust ahead)
 {
-    SameWidth<AdjustAhead>{{by, ahead, {from}}}.store<Stores::cached>(to, 0, samples);
+    Writer::store_line(PlaneLine<AdjustAhead>{{by, ahead, from}}, to, {0, samples});
 }
 
 } // namespace vsurf::VSURF_ISA

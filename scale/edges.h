@@ -5,7 +5,7 @@
 // Elsewhere each sample p becomes the average of A(p + k) in the upper line and B(p - k) in the lower one, along the
 // k of -2 to 2 for which a window of four such pairs, starting at p, differs least; among equals the smallest k.
 #pragma once
-#include "frame/walk.h"
+#include "frame/blocks.h"
 
 namespace vsurf::VSURF_ISA {
 
@@ -24,7 +24,7 @@ struct OnePlane {
     template <int N> ALWAYS_INLINE void store(ptrdiff_t x, Bytes<N> samples) const { put(to + x - start, samples); }
 };
 
-// Of U in the first half of a register and of V in the second.
+// The same lines of both chroma planes: U in the first half of a register, V in the second.
 struct BothChroma {
     static constexpr int kPixels = 2;
     OnePlane u, v;
@@ -56,7 +56,7 @@ template <int N> ALWAYS_INLINE EvenOddWords<N> min(EvenOddWords<N> a, EvenOddWor
 }
 
 // The best direction's samples. `differences<k>(i)` gives the differences along k of the N samples from the i-th on. A
-// direction's cost, times 8, leaves room for its rank: the least of these sums, at most 4 * 255 * 8 + 4, tells it.
+// direction's cost, times 8, leaves room for its rank: the least of these sums, at most 4 * 255 * 8 + 4, shows it.
 template <int N, class Lines, class Differences>
 ALWAYS_INLINE Bytes<N> along_best(const Lines& lines, ptrdiff_t x, const Differences& differences)
 {
@@ -82,7 +82,7 @@ ALWAYS_INLINE Bytes<N> along_best(const Lines& lines, ptrdiff_t x, const Differe
     return samples;
 }
 
-// N samples by themselves: each difference is computed for each of the four places that it has in a window.
+// One step of N samples. Each difference is computed anew for each of the four windows that it belongs to.
 template <int N, class Lines> ALWAYS_INLINE void step_along_edges(const Lines& lines, ptrdiff_t x)
 {
     const auto straight = average_along<N, 0>(lines, x), steep = steep_groups<N>(lines, x);
@@ -91,8 +91,8 @@ template <int N, class Lines> ALWAYS_INLINE void step_along_edges(const Lines& l
     lines.store(x, choose(steep, along_best<N>(lines, x, differences), straight));
 }
 
-// Whole registers, so many samples at a time: where one group is steep, the differences of all are laid down once and
-// read at their four places.
+// Whole registers, kRun samples at a time. Where one group is steep, the differences of all samples are computed once,
+// stored, and read for each of the four windows that they belong to.
 constexpr ptrdiff_t kRun = 512;
 [[maybe_unused]] static NEVER_INLINE void run_along_edges(const OnePlane& lines, ptrdiff_t x, ptrdiff_t end)
 {
@@ -122,7 +122,7 @@ constexpr ptrdiff_t kRun = 512;
     }
 }
 
-// Goes as far as whole registers reach, and tells how far that was.
+// Goes as far as whole registers reach, and returns how far that was.
 ALWAYS_INLINE ptrdiff_t runs_along_edges(const OnePlane& lines, ptrdiff_t x, ptrdiff_t end)
 {
     const ptrdiff_t whole = x + ((end - x) & -kRegister);

@@ -1,178 +1,157 @@
 // SPDX-License-Identifier: MIT
 // Packed YUY2 pictures, enlarged both ways. Every line has chroma of its own, interpolated like its luma.
 //
-// Steps count the source's bytes: of every two the even one is luma. Its right neighbour lies two bytes on, that of a
-// chroma byte four.
-#include "load/packed.h"
+// Positions count the source's bytes: of every two the even one is luma. Its right neighbour lies two bytes on, that of
+// a chroma byte four.
 #include "frame/dispatch.h"
-#include "scale/rows.h"
+#include "frame/packed_bytes.h"
+#include "scale/adjusted.h"
+#include "scale/doubled.h"
 
 namespace vsurf::VSURF_ISA {
 
-// N bytes of packed pixels, and of what goes between their samples.
-template <int N> struct DoubledPacked {
-    Bytes<N> own, between;
-};
-template <int N> ALWAYS_INLINE DoubledPacked<N> avg(DoubledPacked<N> a, DoubledPacked<N> b)
-{
-    return {avg(a.own, b.own), avg(a.between, b.between)};
-}
-
-// N bytes, those with the next luma bytes, and those with the next chroma bytes.
-template <int N> ALWAYS_INLINE DoubledPacked<N> doubled(Bytes<N> own, Bytes<N> next_luma, Bytes<N> next_chroma)
+// N bytes, with those of the next luma and those of the next chroma samples.
+template <int N> ALWAYS_INLINE Pair<Bytes<N>> packed_pair(Bytes<N> own, Bytes<N> next_luma, Bytes<N> next_chroma)
 {
     return {own, evens_and_odds(avg(own, next_luma), avg(own, next_chroma))};
 }
 
-// A line of packed pixels, and where its chroma looks ahead, which may differ;
-struct PackedLine {
+// Packed pixels, and where their chroma looks ahead, which may differ,
+struct PackedDoubled {
+    static constexpr int kWidest = kRegister;
     const uint8_t *own, *ahead;
-    template <int N> ALWAYS_INLINE DoubledPacked<N> pixels(ptrdiff_t x) const
+
+    template <int N, int W> ALWAYS_INLINE Pair<Bytes<N>> byte_pairs(ptrdiff_t x) const
     {
-        constexpr int weave = kDoubledWeave<N>;
-        return doubled(load<N, weave>(own + x), load<N, weave>(own + x + 2), load<N, weave>(ahead + x + 4));
+        return packed_pair(load<N, W>(own + x), load<N, W>(own + x + 2), load<N, W>(ahead + x + 4));
     }
 };
-// or its end, where the last samples are their own neighbours.
-struct PackedEnd {
+
+// or the end of a line, where the last samples are their own neighbours.
+struct PackedToTheEnd {
+    static constexpr int kWidest = kBlock;
     const uint8_t* own;
-    template <int N> ALWAYS_INLINE DoubledPacked<N> pixels(ptrdiff_t x) const
+
+    template <int N, int W> ALWAYS_INLINE Pair<Bytes<N>> byte_pairs(ptrdiff_t x) const
     {
-        auto bytes = load<N>(own + x);
-        return doubled(bytes, neighbours_to_the_end<2>(bytes), neighbours_to_the_end<4>(bytes));
+        auto bytes = load<N, W>(own + x);
+        return packed_pair(bytes, neighbours_to_the_end<2>(bytes), neighbours_to_the_end<4>(bytes));
     }
 };
 
-// A doubled line and what goes between it and the one below. They share nothing.
-template <int widest, class Pixels> struct PackedDoubledStep {
-    static constexpr int kWidest = widest, kBytes = 2;
-    static constexpr bool kStreams = true;
-    Pixels own, below;
+template <class Of> struct DoubledPackedLine {
+    static constexpr int kBytes = 2, kGrain = 4, kWidest = Of::kWidest;
+    static constexpr bool kComplete = true, kEights = false;
+    Of of;
 
-    struct Nothing {};
-    template <int N> ALWAYS_INLINE Nothing chroma(Position, ptrdiff_t) const { return {}; }
-    template <Line line, int N> ALWAYS_INLINE DoubledPacked<N> luma(Position, ptrdiff_t x) const
+    template <int> ALWAYS_INLINE Nothing shared(ptrdiff_t) const { return {}; }
+    template <int N> ALWAYS_INLINE Pair<Bytes<N>> own(ptrdiff_t x) const
     {
-        auto pixels = own.template pixels<N>(x);
-        if constexpr (line == Line::upper) return pixels;
-        else return avg(pixels, below.template pixels<N>(x));
+        return of.template byte_pairs<N, kDoubledWeave<N>>(x);
     }
-    template <Stores S, Line, int N>
-    ALWAYS_INLINE void store(Position at, ptrdiff_t x, const DoubledPacked<N>& d, Nothing) const
+    template <class To, int N> ALWAYS_INLINE void store(To to, const Pair<Bytes<N>>& pixels, Nothing) const
     {
-        store_doubled_yuyv(to<S>(at.dst + x * kBytes), d.own, d.between);
+        store_doubled_yuyv(to, pixels.own, pixels.between);
     }
 };
+template <class Of> DoubledPackedLine(Of) -> DoubledPackedLine<Of>;
+static_assert(Line<DoubledPackedLine<PackedDoubled>> && Line<DoubledPackedLine<Between<PackedToTheEnd>>>);
 
-constexpr int kStrip = 2 * kBlock; // bytes of 16 pixels
-
-[[maybe_unused]] static NEVER_INLINE void write_doubled(PackedLine own, PackedLine below, uint8_t* upper,
-                                                        uint8_t* lower, ptrdiff_t bytes, bool last, bool streamed)
+// A doubled line, and what goes between it and the one below.
+[[maybe_unused]] static NEVER_INLINE void write_larger(Writer& writer, PackedDoubled own, PackedDoubled below,
+                                                       uint8_t* upper, uint8_t* lower, ptrdiff_t bytes, bool last)
 {
-    const ptrdiff_t ahead = last ? bytes - kStrip : bytes;
-    const PackedDoubledStep<kRegister, PackedLine> step{own, below};
-    write_two_lines(step, upper, lower, ahead, streamed);
+    const ptrdiff_t ahead = last ? bytes - kBlock : bytes;
+    writer.pair(DoubledPackedLine{own}, DoubledPackedLine{Between{own, below}}, upper, lower, {0, ahead});
     if (!last) return;
-    const PackedDoubledStep<kBlock, PackedEnd> closing{{own.own}, {below.own}};
-    write_last_blocks(step, upper, lower, ahead, bytes - kBlock, streamed);
-    write_last_blocks(closing, upper, lower, bytes - kBlock, bytes, streamed);
+    const PackedToTheEnd end{own.own}, end_below{below.own};
+    writer.closing_blocks(DoubledPackedLine{end}, DoubledPackedLine{Between{end, end_below}}, upper, lower, ahead);
 }
 
-// A line adjusted once, and once more as the 16 pixels before look ahead to it. Irregular: there U's offset serves V
-// and V's serves U.
-template <class Gain> struct AdjustedLine : AdjustedBytes<Gain> {
-    template <int N> ALWAYS_INLINE Words<N> chroma_ahead(Bytes<N> bytes, ptrdiff_t x) const
-    {
-        static constexpr FirstOf<16, 2> crossing; // of 16 chroma bytes a U and a V
-        const int u = this->by.u.lifted_offset, v = this->by.v.lifted_offset;
-        auto more = mullo(load_chroma<N>(crossing.at + (x & kBlock) / 2), Words<N>::alternate(v - u, u - v));
-        return SampleAdjust::offset(Gain::scale(this->by.u, Gain::split(bytes).odd),
-                                    add(Words<N>::alternate(u, v), more));
-    }
-    ALWAYS_INLINE void take(const uint8_t* from, ptrdiff_t size, uint8_t* own, uint8_t* ahead) const
-    {
-        along<Gain::kWidest, kBlock>(0, size, [=, this]<int N>(ptrdiff_t x) VSURF_INLINED {
-            auto bytes = load<N>(from + x);
-            auto luma = this->luma(bytes);
-            put(own + x, join(EvenOddWords<N>{luma, this->chroma(bytes)}));
-            put(ahead + x, join(EvenOddWords<N>{luma, this->chroma_ahead(bytes, x)}));
-        });
-    }
-};
-
+// Adjusts a line once, and once more as the 16 pixels before look ahead to it. Irregular: there U's offset serves V and
+// V's serves U.
 [[maybe_unused]] static NEVER_INLINE void adjust_packed_line(const uint8_t* from, ptrdiff_t size, uint8_t* own,
                                                              uint8_t* ahead, const Adjustments& by)
 {
-    if (CommonGain::suits(by)) AdjustedLine<CommonGain>{{by}}.take(from, size, own, ahead);
-    else AdjustedLine<AnyGain>{{by}}.take(from, size, own, ahead);
+    auto adjust_with = [=]<class Gain>(Gain) VSURF_INLINED {
+        static constexpr FirstOf<16, 2> crossing; // of 16 chroma bytes a U and a V
+        const AdjustedBytes<Gain> adjust{by};
+        const int u = by.u.lifted_offset, v = by.v.lifted_offset;
+        along<Gain::kWidest, kBlock>(0, size, [=]<int N>(ptrdiff_t x) VSURF_INLINED {
+            auto bytes = load<N>(from + x);
+            auto luma = adjust.luma(bytes);
+            auto crossed = mullo(load_chroma<N>(crossing.at + (x & kBlock) / 2), Words<N>::alternate(v - u, u - v));
+            auto offsets = add(Words<N>::alternate(u, v), crossed);
+            put(own + x, join(EvenOddWords<N>{luma, adjust.chroma(bytes)}));
+            put(ahead + x, join(EvenOddWords<N>{luma, adjust.chroma(bytes, offsets)}));
+        });
+    };
+    if (FastGain::suits(by)) adjust_with(FastGain{});
+    else adjust_with(WrappingGain{});
 }
 
-struct PackedEnlargement {
+struct PackedPicture {
+    static constexpr int kTwoBlocks = 2 * kBlock; // bytes of 16 pixels
     const uint8_t* src;
     uint8_t* dst;
     ptrdiff_t src_pitch, dst_pitch;
-    ptrdiff_t line_bytes; // of the source, in whole strips: at least one looks ahead, and the last one does not
+    ptrdiff_t line_bytes; // of the source, 16 pixels at a time: at least the first 16 look ahead, the last do not
     int height;           // even
-    bool streamed;
 
-    static ALWAYS_INLINE PackedEnlargement of(void* src, void* dst, int line_bytes, int height, int dst_pitch)
+    static ALWAYS_INLINE PackedPicture to_enlarge(const PackedEnlargement& e)
     {
-        auto to = static_cast<uint8_t*>(dst);
-        const ptrdiff_t whole = rounds(line_bytes <= kStrip ? kStrip + 1 : line_bytes, kStrip) * kStrip;
-        const int even = height & ~1;
-        return {static_cast<const uint8_t*>(src),
-                to,
-                line_bytes,
-                dst_pitch,
+        const ptrdiff_t whole = whole_steps(e.line_bytes <= kTwoBlocks ? kTwoBlocks + 1 : e.line_bytes, kTwoBlocks);
+        return {static_cast<const uint8_t*>(e.src),
+                static_cast<uint8_t*>(e.dst),
+                e.line_bytes,
+                e.dst_pitch,
                 whole,
-                even,
-                streams(to, dst_pitch, 2 * whole, 2 * ptrdiff_t{even})};
+                e.height & ~1};
     }
+    ALWAYS_INLINE Target target() const { return {dst, dst_pitch, 2 * dst_pitch, 2 * line_bytes, height}; }
     ALWAYS_INLINE int below(int line) const { return line + 1 < height ? line + 1 : line; }
 
-    ALWAYS_INLINE void from_picture() const
+    ALWAYS_INLINE void enlarge() const
     {
-        auto packed_line = [this](int i) VSURF_INLINED {
+        auto source = [this](int i) VSURF_INLINED {
             const uint8_t* at = this->src + i * this->src_pitch;
-            return PackedLine{at, at};
+            return PackedDoubled{at, at};
         };
+        Writer writer(target());
         uint8_t* to = dst;
         for (int i = 0; i < height; i++, to += 2 * dst_pitch)
-            write_doubled(packed_line(i), packed_line(below(i)), to, to + dst_pitch, line_bytes, true, streamed);
-        if (streamed) fence_streaming();
+            write_larger(writer, source(i), source(below(i)), to, to + dst_pitch, line_bytes, true);
     }
 
-    ALWAYS_INLINE void from_adjusted(const Adjustments& by) const
+    ALWAYS_INLINE void enlarge_adjusted(const Adjustments& by) const
     {
-        constexpr ptrdiff_t part = 4096; // bytes; 16 KiB of stack
-        uint8_t own[2][part + kStrip], ahead[2][part + kStrip];
-        each_part<part>(line_bytes, [&](ptrdiff_t x, ptrdiff_t size, bool last) VSURF_INLINED {
+        uint8_t own[2][kStackPart + kTwoBlocks], ahead[2][kStackPart + kTwoBlocks]; // 16 KiB
+        Writer writer(target());
+        each_part(line_bytes, kStackPart, [&](ptrdiff_t x, ptrdiff_t size, bool last) VSURF_INLINED {
+            const ptrdiff_t taken = last ? size : size + kTwoBlocks;
             auto take = [&](int i) VSURF_INLINED {
-                adjust_packed_line(src + i * src_pitch + x, last ? size : size + kStrip, own[i & 1], ahead[i & 1], by);
+                adjust_packed_line(src + i * src_pitch + x, taken, own[i & 1], ahead[i & 1], by);
             };
-            auto taken = [&](int i) VSURF_INLINED { return PackedLine{own[i & 1], ahead[i & 1]}; };
+            auto source = [&](int i) VSURF_INLINED { return PackedDoubled{own[i & 1], ahead[i & 1]}; };
             take(0);
             uint8_t* to = dst + 2 * x;
             for (int i = 0; i < height; i++, to += 2 * dst_pitch) {
                 if (below(i) != i) take(below(i));
-                write_doubled(taken(i), taken(below(i)), to, to + dst_pitch, size, last, streamed);
+                write_larger(writer, source(i), source(below(i)), to, to + dst_pitch, size, last);
             }
         });
-        if (streamed) fence_streaming();
     }
 };
 
 // Irregular: the plain form refuses heights below 16, the adjusted one those below 8; with planar pictures it is the
 // other way round.
-void yuy2_strech_picture_2X2_yuy2(void* src, void*, void*, void* dst, int line_bytes, int height, int dst_pitch)
+void yuy2_strech_picture_2X2_yuy2(PackedEnlargement e)
 {
-    if (height >= 16) PackedEnlargement::of(src, dst, line_bytes, height, dst_pitch).from_picture();
+    if (e.height >= 16) PackedPicture::to_enlarge(e).enlarge();
 }
-
-void yuy2_strech_picture_2X2_yuy2_ajust(void* src, void*, void*, void* dst, int line_bytes, int height, int dst_pitch,
-                                        ajust_contrast_info*)
+void yuy2_strech_picture_2X2_yuy2_ajust(PackedEnlargement e)
 {
-    if (height >= 8) PackedEnlargement::of(src, dst, line_bytes, height, dst_pitch).from_adjusted(adjustments_now());
+    if (e.height >= 8) PackedPicture::to_enlarge(e).enlarge_adjusted(adjustments_now());
 }
 
 } // namespace vsurf::VSURF_ISA

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Single planes and planar YV12 pictures, enlarged plane by plane.
-#include "load/loader.h"
-#include "scale/plane.h"
+#include "frame/adjusted_line.h"
+#include "frame/dispatch.h"
+#include "frame/picture.h"
+#include "scale/doubled.h"
 
 namespace vsurf::VSURF_ISA {
 
@@ -14,178 +16,190 @@ struct PlaneLines {
     ptrdiff_t lines; // of the source
 
     ALWAYS_INLINE Row row(ptrdiff_t line) const { return {src + line * src_pitch}; }
+    ALWAYS_INLINE Row row_below(ptrdiff_t line) const { return row(line + 1 == lines ? line : line + 1); }
     ALWAYS_INLINE uint8_t* to(ptrdiff_t line) const { return dst + line * dst_pitch; }
+
+    // Irregular: all strips but the last one write their last line to the line below the plane, and leave the plane's
+    // own.
+    ALWAYS_INLINE uint8_t* to_lower(ptrdiff_t line, bool last_strip) const
+    {
+        return to(2 * line + (line + 1 == lines && !last_strip ? 2 : 1));
+    }
 };
 
-// Irregular: ordinary strips write their last line to the line below the plane, and leave the plane's own.
-ALWAYS_INLINE void double_ordinary(const PlaneLines& p, ptrdiff_t samples, bool streamed)
+// All strips but the last one, line by line, where lines do not overlap.
+ALWAYS_INLINE void double_lines(const PlaneLines& p, ptrdiff_t line_bytes)
 {
+    const Range ahead{0, line_bytes / 2 - kStrip};
+    Writer writer(Target{p.dst, p.dst_pitch, 2 * p.dst_pitch, line_bytes, p.lines});
     for (ptrdiff_t i = 0; i < p.lines; i++) {
-        const bool last = i + 1 == p.lines;
-        const Row own = p.row(i), below = p.row(last ? i : i + 1);
-        const Doubled doubled{own, own};
-        write_line(DoubleWidth<Doubled>{doubled}, p.to(2 * i), samples, streamed);
-        write_line(DoubleWidth<Between<Doubled>>{{doubled, {below, below}}}, p.to(2 * i + 1 + last), samples, streamed);
+        const Doubled own{p.row(i)}, below{p.row_below(i)};
+        writer.line(DoubledPlaneLine{own}, p.to(2 * i), ahead);
+        writer.line(DoubledPlaneLine{Between{own, below}}, p.to_lower(i, false), ahead);
     }
 }
 
-ALWAYS_INLINE void double_last_strip(const PlaneLines& p)
+// One strip from top to bottom.
+template <class Source> ALWAYS_INLINE void double_strip(const PlaneLines& p, bool last)
 {
     for (ptrdiff_t i = 0; i < p.lines; i++) {
-        const DoubledToTheEnd own{p.row(i)}, below{p.row(i + 1 == p.lines ? i : i + 1)};
-        put(p.to(2 * i), in_line(own.word_pairs<16, 1>(0)));
-        put(p.to(2 * i + 1), in_line(Between{own, below}.word_pairs<16, 1>(0)));
+        const Source own{p.row(i)}, below{p.row_below(i)};
+        DoubledPlaneLine{own}.store_eight(p.to(2 * i), 0);
+        DoubledPlaneLine{Between{own, below}}.store_eight(p.to_lower(i, last), 0);
     }
 }
 
 // A height of 1 works as 2 does, but moves each further strip back by less than it went down.
-void strech_pic_2X2(unsigned char* src, unsigned char* dst, int width, int height, int src_pitch, int dst_pitch)
+void strech_pic_2X2(PlaneEnlargement e)
 {
-    const ptrdiff_t strips = rounds(width <= kStrip ? kStrip + 1 : width, kStrip), lines = height < 2 ? 2 : height;
-    const ptrdiff_t line_bytes = 2 * kStrip * strips, too_low = lines - height;
-    PlaneLines p{src, dst, src_pitch, dst_pitch, lines};
+    const ptrdiff_t strips = step_count(e.width <= kStrip ? kStrip + 1 : e.width, kStrip);
+    const ptrdiff_t lines = e.height < 2 ? 2 : e.height, line_bytes = 2 * kStrip * strips, too_low = lines - e.height;
+    PlaneLines p{e.src, e.dst, e.src_pitch, e.dst_pitch, lines};
     auto move_on = [&](ptrdiff_t count) VSURF_INLINED {
-        p.src += count * (kStrip + too_low * src_pitch);
-        p.dst += count * 2 * (kStrip + too_low * dst_pitch);
+        p.src += count * (kStrip + too_low * p.src_pitch);
+        p.dst += count * 2 * (kStrip + too_low * p.dst_pitch);
     };
-    if (too_low == 0 && (dst_pitch >= line_bytes || -ptrdiff_t{dst_pitch} >= line_bytes)) {
-        const bool streamed = streams(dst, dst_pitch, line_bytes, 2 * lines);
-        double_ordinary(p, kStrip * (strips - 1), streamed);
-        if (streamed) fence_streaming();
+    if (too_low == 0 && (p.dst_pitch >= line_bytes || -p.dst_pitch >= line_bytes)) {
+        double_lines(p, line_bytes);
         move_on(strips - 1);
     } else {
-        for (ptrdiff_t strip = 0; strip + 1 < strips; strip++, move_on(1)) double_ordinary(p, kStrip, false);
+        for (ptrdiff_t strip = 0; strip + 1 < strips; strip++, move_on(1)) double_strip<Doubled>(p, false);
     }
-    double_last_strip(p);
+    double_strip<DoubledToTheEnd>(p, true); // does not look ahead
 }
 
 // Irregular: every plane takes `luma_gain`; 2 and 3 take the offsets of U and V.
 ALWAYS_INLINE SampleAdjust adjustment_of(int plane)
 {
     const auto s = current_adjustment();
-    return SampleAdjust::of(s.luma_gain, plane == 2 ? s.u_offset : plane == 3 ? s.v_offset : s.luma_offset);
+    return SampleAdjust::with(s.luma_gain, plane == 2 ? s.u_offset : plane == 3 ? s.v_offset : s.luma_offset);
 }
 
-// The sizes of the adjusted enlargers. First and last lines are done in blocks of 8, the rounds between them in blocks
-// of 16 and one more that ends at the line's end, where that is no whole block: it lies `rest` past the block before.
-struct Rounds {
-    ptrdiff_t width, blocks_of_8, blocks_of_16, rest, count;
+// The widths of the adjusted enlargers, in samples. First and last lines are done in blocks of 8, the rounds between
+// them in blocks of 16 and one more that ends at the line's end, where that is no whole block: it lies `rest` past the
+// block before.
+struct Widths {
+    ptrdiff_t blocks_of_8, blocks_of_16, rest;
 
-    static ALWAYS_INLINE Rounds of(int width, int height)
+    static ALWAYS_INLINE Widths of_plane(int width)
     {
-        const int whole = width & ~15;
-        return {width, rounds(width < 0 ? 0 : width, 8) * 8, whole < 16 ? 16 : whole, width & 15,
-                height < 2 ? 1 : height - 1};
+        const int whole = width & -kBlock;
+        return {whole_steps(not_negative(width), 8), whole < kBlock ? kBlock : whole, width & (kBlock - 1)};
     }
 };
 
-// The closing block is not doubled.
-template <class Gain>
-ALWAYS_INLINE void write_closing(uint8_t* to, ptrdiff_t dst_pitch, const uint8_t* src, ptrdiff_t src_pitch,
-                                 SampleAdjust by)
-{
-    const Row own{src}, below{src + src_pitch};
-    put(to, Adjust<Gain, Row>{by, own}.template bytes<16, 1>(0));
-    put(to + dst_pitch, Adjust<Gain, Average<Row>>{by, {own, below}}.template bytes<16, 1>(0));
-}
-
-// Irregular: starts one line lower than `strech_pic_2X2`, so that the last source line gets lost; steps down the source
-// by the width; ends each round to the left of where it should where the width is no multiple of 16; and writes the
-// last line's copy right after it, which is the next line of a packed plane alone.
-template <class Gain>
-ALWAYS_INLINE void double_adjusted(PlaneLines p, const Rounds& rounds, SampleAdjust by, bool streamed)
-{
-    using One = AdjustPairs<Gain, Doubled>;
-    using Two = AdjustPairs<Gain, Between<Doubled>>;
-    auto doubled = [](const uint8_t* from) VSURF_INLINED { return Doubled{{from}, {from}}; };
-    auto write_whole = [&](uint8_t* to, const uint8_t* from) VSURF_INLINED {
-        write_line(DoubleWidth<One>{{by, doubled(from)}}, to, rounds.blocks_of_8, false);
-    };
-    const ptrdiff_t done = rounds.blocks_of_16, behind = done - 16 + rounds.rest;
-    const uint8_t* from = p.src;
-    uint8_t* to = p.dst;
-    write_whole(to, from);
-    to += 2 * rounds.blocks_of_8 + p.dst_pitch - 2 * rounds.width;
-    for (ptrdiff_t i = 0; i < rounds.count; i++, from += rounds.width) {
-        const DoubleWidth<One> upper{{by, doubled(from)}};
-        const DoubleWidth<Two> lower{{by, {doubled(from), doubled(from + p.src_pitch)}}};
-        write_two_lines(upper, lower, to, p.dst_pitch, done, streamed);
-        if (rounds.rest) write_closing<Gain>(to + done + behind, p.dst_pitch, from + behind, p.src_pitch, by);
-        to += 2 * done + rounds.rest + 2 * p.dst_pitch - 2 * rounds.width;
+// Where the two adjusted enlargers differ. `own` makes a line of one source line, `between` of two. `src_step` and
+// `dst_step` lead from a round to the next, and `to_copied` from the source of the last line to that of its copy.
+struct SameWidth {
+    static constexpr int kBytes = 1;
+    static ALWAYS_INLINE auto own(SampleAdjust by, const uint8_t* from)
+    {
+        return PlaneLine<Adjust<FastGain, Row>>{{by, {from}}};
     }
-    if (streamed) fence_streaming();
-    from -= p.src_pitch;
-    to -= p.dst_pitch;
-    write_whole(to, from);
-    write_whole(to + 2 * rounds.blocks_of_8, from + rounds.blocks_of_8 - p.src_pitch);
-}
-
-void strech_pic_2X2_adjust(unsigned char* src, unsigned char* dst, int width, int height, int src_pitch, int dst_pitch,
-                           ajust_contrast_info*, int plane)
-{
-    const auto by = adjustment_of(plane);
-    const auto rounds = Rounds::of(width, height);
-    const PlaneLines p{src, dst, src_pitch, dst_pitch, height};
-    const bool streamed = rounds.rest == 0 && streams(dst, dst_pitch, 2 * rounds.blocks_of_8, 2 * rounds.count);
-    if (CommonGain::suits(by)) double_adjusted<CommonGain>(p, rounds, by, streamed);
-    else double_adjusted<AnyGain>(p, rounds, by, false);
-}
-
-// Irregular: the same shift, loss and last copy; both pitches are followed.
-template <class Gain>
-ALWAYS_INLINE void heighten_adjusted(PlaneLines p, const Rounds& rounds, SampleAdjust by, bool streamed)
-{
-    using One = Adjust<Gain, Row>;
-    using Two = Adjust<Gain, Average<Row>>;
-    auto write_whole = [&](uint8_t* to, const uint8_t* from) VSURF_INLINED {
-        write_line(SameWidth<One>{{by, {from}}}, to, rounds.blocks_of_8, false);
-    };
-    const ptrdiff_t done = rounds.blocks_of_16, behind = done - 16 + rounds.rest;
-    const uint8_t* from = p.src;
-    uint8_t* to = p.dst;
-    write_whole(to, from);
-    to += rounds.blocks_of_8 + p.dst_pitch - rounds.width;
-    for (ptrdiff_t i = 0; i < rounds.count; i++, from += p.src_pitch, to += 2 * p.dst_pitch) {
-        const SameWidth<One> upper{{by, {from}}};
-        const SameWidth<Two> lower{{by, {{from}, {from + p.src_pitch}}}};
-        write_two_lines(upper, lower, to, p.dst_pitch, done, streamed);
-        if (rounds.rest) write_closing<Gain>(to + behind, p.dst_pitch, from + behind, p.src_pitch, by);
+    static ALWAYS_INLINE auto between(SampleAdjust by, const uint8_t* from, const uint8_t* below)
+    {
+        return PlaneLine<Adjust<FastGain, Average<Row>>>{{by, {{from}, {below}}}};
     }
-    if (streamed) fence_streaming();
-    from -= p.src_pitch;
-    to -= p.dst_pitch;
-    write_whole(to, from);
-    write_whole(to + rounds.blocks_of_8, from);
+
+    ptrdiff_t src_step, dst_step, to_copied = 0;
+    ALWAYS_INLINE SameWidth(const PlaneEnlargement& e, const Widths&)
+        : src_step(e.src_pitch), dst_step(2 * ptrdiff_t{e.dst_pitch})
+    {
+    }
+};
+
+// Irregular: steps down the source by the width, ends each round to the left of where it should where the width is no
+// multiple of 16, and copies another line than the last one.
+struct DoubleWidth {
+    static constexpr int kBytes = 2;
+    static ALWAYS_INLINE auto own(SampleAdjust by, const uint8_t* from)
+    {
+        return DoubledPlaneLine<AdjustPairs<FastGain, Doubled>>{{by, {{from}}}};
+    }
+    static ALWAYS_INLINE auto between(SampleAdjust by, const uint8_t* from, const uint8_t* below)
+    {
+        return DoubledPlaneLine<AdjustPairs<FastGain, Between<Doubled>>>{{by, {{{from}}, {{below}}}}};
+    }
+
+    ptrdiff_t src_step, dst_step, to_copied;
+    ALWAYS_INLINE DoubleWidth(const PlaneEnlargement& e, const Widths& w)
+        : src_step(e.width), dst_step(2 * (ptrdiff_t{e.dst_pitch} + w.blocks_of_16 - e.width) + w.rest),
+          to_copied(w.blocks_of_8 - e.src_pitch)
+    {
+    }
+};
+
+// Pairs of lines, made of a source line and the one below. The closing block of a line is not doubled in width: it
+// continues a line of the same width, and lies on the end of a doubled one. Where two lines overlap, it comes after
+// both.
+template <class Shape>
+ALWAYS_INLINE void write_rounds(const PlaneEnlargement& e, const Widths& w, const Shape& shape, SampleAdjust by,
+                                uint8_t* to, ptrdiff_t rounds)
+{
+    constexpr bool doubled = Shape::kBytes == 2;
+    const ptrdiff_t done = w.blocks_of_16, line_end = doubled ? done : done + w.rest;
+    const Target target{to, e.dst_pitch, shape.dst_step, Shape::kBytes * line_end, rounds};
+    const bool overlap = target.pair_overlaps(), closes_apart = w.rest != 0 && (doubled || overlap);
+    const Range closing{done + w.rest - kBlock, done + w.rest};
+    Writer writer(closes_apart ? Target::never_streamed() : target);
+    const bool fast = FastGain::suits(by);
+    const uint8_t* from = e.src;
+    for (ptrdiff_t i = 0; i < rounds; i++, from += shape.src_step, to += shape.dst_step) {
+        const uint8_t* below = from + e.src_pitch;
+        uint8_t* to_lower = to + e.dst_pitch;
+        const auto upper = Shape::own(by, from);
+        const auto lower = Shape::between(by, from, below);
+        if (overlap) Writer::blocks_in_turn<kBlock / Shape::kBytes>(upper, lower, to, to_lower, {0, done});
+        else if (fast) writer.pair(upper, lower, to, to_lower, {0, line_end});
+        else Writer::blocks(upper, to, {0, line_end}), Writer::blocks(lower, to_lower, {0, line_end});
+        if (closes_apart) {
+            const ptrdiff_t before = (Shape::kBytes - 1) * done;
+            Writer::blocks(SameWidth::own(by, from), to + before, closing);
+            Writer::blocks(SameWidth::between(by, from, below), to_lower + before, closing);
+        }
+    }
 }
 
-void strech_pic_1X2_adjust(unsigned char* src, unsigned char* dst, int width, int height, int src_pitch, int dst_pitch,
-                           ajust_contrast_info*, int plane)
+// Irregular: starts one line lower than `strech_pic_2X2`, so that the last source line gets lost; and writes the last
+// line's copy right after it, which is the next line of a packed plane only.
+template <class Shape> ALWAYS_INLINE void enlarge_adjusted(const PlaneEnlargement& e)
 {
-    const auto by = adjustment_of(plane);
-    const auto rounds = Rounds::of(width, height);
-    const PlaneLines p{src, dst, src_pitch, dst_pitch, height};
-    const bool streamed = rounds.rest == 0 && streams(dst, dst_pitch, rounds.blocks_of_8, 2 * rounds.count);
-    if (CommonGain::suits(by)) heighten_adjusted<CommonGain>(p, rounds, by, streamed);
-    else heighten_adjusted<AnyGain>(p, rounds, by, false);
+    const auto by = adjustment_of(e.plane);
+    const auto w = Widths::of_plane(e.width);
+    const Shape shape(e, w);
+    const ptrdiff_t rounds = e.height < 2 ? 1 : e.height - 1;
+    auto write_whole = [&](uint8_t* to, const uint8_t* from) VSURF_INLINED {
+        store_adjusted_line(FastGain::suits(by), Shape::own(by, from), to, w.blocks_of_8);
+    };
+    uint8_t* const second = e.dst + Shape::kBytes * (w.blocks_of_8 - e.width) + e.dst_pitch;
+    write_whole(e.dst, e.src);
+    write_rounds(e, w, shape, by, second, rounds);
+    const uint8_t* from = e.src + rounds * shape.src_step - e.src_pitch;
+    uint8_t* to = second + rounds * shape.dst_step - e.dst_pitch;
+    write_whole(to, from);
+    write_whole(to + Shape::kBytes * w.blocks_of_8, from + shape.to_copied);
 }
+
+void strech_pic_2X2_adjust(PlaneEnlargement e) { enlarge_adjusted<DoubleWidth>(e); }
+void strech_pic_1X2_adjust(PlaneEnlargement e) { enlarge_adjusted<SameWidth>(e); }
 
 // The V plane follows the luma plane, the U plane follows V. Irregular: as planes 2 and 3, V takes `u_offset` and U
 // takes `v_offset`.
-template <class Enlarge>
-ALWAYS_INLINE void enlarge_planes(const Picture& p, ajust_contrast_info* info, const Enlarge& enlarge)
+template <class Enlarge> ALWAYS_INLINE void enlarge_planes(const Picture& p, const Enlarge& enlarge)
 {
     auto plane = [&](const uint8_t* from, uint8_t* to, int halved, int number) VSURF_INLINED {
-        enlarge(const_cast<uint8_t*>(from), to, p.width >> halved, p.height >> halved, p.y_pitch >> halved,
-                p.dst_pitch >> halved, info, number);
+        enlarge(PlaneEnlargement{from, to, p.width >> halved, p.height >> halved, p.y_pitch >> halved,
+                                 p.dst_pitch >> halved, p.info, number});
     };
-    const int luma_bytes = product(product(2, p.height), p.dst_pitch);
-    uint8_t* v_plane = p.start.dst + luma_bytes;
-    plane(p.start.y, p.start.dst, 0, 1);
-    plane(p.start.v, v_plane, 1, 2);
-    plane(p.start.u, v_plane + (luma_bytes >> 2), 1, 3);
+    const Position start = start_of(p);
+    const int luma_bytes = wrapping_mul(wrapping_mul(2, p.height), p.dst_pitch);
+    uint8_t* v_plane = start.dst + luma_bytes;
+    plane(start.y, start.dst, 0, 1);
+    plane(start.v, v_plane, 1, 2);
+    plane(start.u, v_plane + (luma_bytes >> 2), 1, 3);
 }
 
-LOADER_EXPORT(strech_picture_2X2_yv12_ajust) { enlarge_planes(PICTURE, info, strech_pic_2X2_adjust); }
-LOADER_EXPORT(strech_picture_1X2_yv12_ajust) { enlarge_planes(PICTURE, info, strech_pic_1X2_adjust); }
+void strech_picture_2X2_yv12_ajust(Picture p) { enlarge_planes(p, strech_pic_2X2_adjust); }
+void strech_picture_1X2_yv12_ajust(Picture p) { enlarge_planes(p, strech_pic_1X2_adjust); }
 
 } // namespace vsurf::VSURF_ISA

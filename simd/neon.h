@@ -237,7 +237,7 @@ template <int N, int W = 1> ALWAYS_INLINE Yuyv<N> load_yuyv(const uint8_t* p)
     return {{px.val[0]}, {px.val[1]}};
 }
 
-// N/2 samples at p, then N/2 at q; and back.
+// N/2 samples at p, then N/2 samples at q. put_halves stores a register there.
 template <int N> ALWAYS_INLINE Bytes<N> load_halves(const uint8_t* p, const uint8_t* q)
 {
     return {vcombine_u8(vld1_u8(p), vld1_u8(q))};
@@ -248,7 +248,7 @@ ALWAYS_INLINE void put_halves(uint8_t* p, uint8_t* q, Bytes<16> a)
     vst1_u8(q, vget_high_u8(a.v));
 }
 
-// Each right neighbour of an element of so many bytes; the last one is its own.
+// The right neighbour of each element of `size` bytes. The last element is its own neighbour.
 template <int size> ALWAYS_INLINE Bytes<16> neighbours_to_the_end(Bytes<16> a)
 {
     auto last = size == 1   ? vdupq_laneq_u8(a.v, 15)
@@ -295,6 +295,11 @@ ALWAYS_INLINE void store_first8_yuyv(uint8_t* p, Words<16> y, Words<16> u, Words
     put(p, yuyv(y.v, vzip1q_s16(u.v, v.v)));
 }
 
+ALWAYS_INLINE void put(Uncached to, Bytes<16> a) { put(to.p, a); }
+ALWAYS_INLINE void stream_few(uint8_t* to, const uint8_t* from, ptrdiff_t count)
+{
+    __builtin_memcpy(to, from, static_cast<size_t>(count));
+}
 ALWAYS_INLINE void fence_streaming() {}
 
 } // namespace vsurf::VSURF_ISA

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The layer without intrinsics, on the compiler's portable vectors: what an unknown processor runs. The compiler lowers
-// them to whatever the target has, single words at the least.
+// The layer without intrinsics, on the compiler's portable vectors: what an unknown processor runs. The compiler turns
+// them into what the target has, or into operations on single words.
 #pragma once
 
 namespace vsurf::VSURF_ISA {
@@ -301,7 +301,7 @@ template <int N, int W = 1> ALWAYS_INLINE Yuyv<N> load_yuyv(const uint8_t* p)
             {__builtin_shufflevector(a, b, 1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31)}};
 }
 
-// N/2 samples at p, then N/2 at q; and back.
+// N/2 samples at p, then N/2 samples at q. put_halves stores a register there.
 template <int N> ALWAYS_INLINE Bytes<N> load_halves(const uint8_t* p, const uint8_t* q)
 {
     Bytes<N> a;
@@ -315,7 +315,7 @@ ALWAYS_INLINE void put_halves(uint8_t* p, uint8_t* q, Bytes<16> a)
     __builtin_memcpy(q, reinterpret_cast<const uint8_t*>(&a) + 8, 8);
 }
 
-// Each right neighbour of an element of so many bytes; the last one is its own.
+// The right neighbour of each element of `size` bytes. The last element is its own neighbour.
 template <int size> ALWAYS_INLINE Bytes<16> neighbours_to_the_end(Bytes<16> a)
 {
     Bytes<16> moved = a;
@@ -350,7 +350,7 @@ template <int N> ALWAYS_INLINE void store_pairs(uint8_t* p, Bytes<N> a, Bytes<N>
     put(p + 16, Bytes<N>{zip_hi8(a.v, b.v)});
 }
 template <int N> ALWAYS_INLINE void store_packed_pairs(uint8_t* p, Bytes<N> a, Bytes<N> b) { store_pairs(p, a, b); }
-// Pairs of which bytes 0 to 7 of every 32 stay as they are in memory.
+// Pairs. In memory bytes 0 to 7 of every 32 stay as they are.
 ALWAYS_INLINE void store_pairs_but_first_eight(uint8_t* p, Bytes<16> a, Bytes<16> b)
 {
     auto lo = zip_lo8(a.v, b.v);
@@ -408,6 +408,11 @@ ALWAYS_INLINE void store_bgr(uint8_t* p, Bytes<16> b, Bytes<16> g, Bytes<16> r)
     __builtin_memcpy(p + 45, from + 60, 3);
 }
 
+ALWAYS_INLINE void put(Uncached to, Bytes<16> a) { put(to.p, a); }
+ALWAYS_INLINE void stream_few(uint8_t* to, const uint8_t* from, ptrdiff_t count)
+{
+    __builtin_memcpy(to, from, static_cast<size_t>(count));
+}
 ALWAYS_INLINE void fence_streaming() {}
 
 } // namespace vsurf::VSURF_ISA

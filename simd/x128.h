@@ -175,7 +175,7 @@ requires(N == 16) ALWAYS_INLINE LowHighWords<N> load_two(const uint8_t* p)
     return {{_mm_loadu_si128(xmm(p))}, {_mm_loadu_si128(xmm(p + 16))}};
 }
 
-// N/2 samples at p, then N/2 at q; and back.
+// N/2 samples at p, then N/2 samples at q. put_halves stores a register there.
 template <int N>
 requires(N == 16) ALWAYS_INLINE Bytes<N> load_halves(const uint8_t* p, const uint8_t* q)
 {
@@ -187,7 +187,7 @@ ALWAYS_INLINE void put_halves(uint8_t* p, uint8_t* q, Bytes<16> a)
     _mm_storel_epi64(xmm(q), _mm_unpackhi_epi64(a.v, a.v));
 }
 
-// Each right neighbour of an element of so many bytes; the last one is its own.
+// The right neighbour of each element of `size` bytes. The last element is its own neighbour.
 template <int size> ALWAYS_INLINE Bytes<16> neighbours_to_the_end(Bytes<16> a)
 {
     const auto last = _mm_slli_si128(_mm_cmpeq_epi8(a.v, a.v), 16 - size);
@@ -213,6 +213,19 @@ template <class To> ALWAYS_INLINE void put_thirds(To to, Bytes<16> a, Bytes<16> 
     put(to, a);
     put(to + 16, b);
     put(to + 32, c);
+}
+
+// Streams a few bytes: addresses and count are multiples of 4. Of `from`, which has just been stored 16 bytes at a
+// time, no piece is read that lies in two of those stores.
+ALWAYS_INLINE void stream_few(uint8_t* to, const uint8_t* from, ptrdiff_t count)
+{
+    if (reinterpret_cast<uintptr_t>(to) % 16 == 0)
+        for (; count >= 16; count -= 16, to += 16, from += 16) put(Uncached{to}, load<16>(from));
+    for (; count >= 4; count -= 4, to += 4, from += 4) {
+        int word;
+        __builtin_memcpy(&word, from, 4);
+        _mm_stream_si32(reinterpret_cast<int*>(to), word);
+    }
 }
 
 ALWAYS_INLINE void fence_streaming() { _mm_sfence(); }

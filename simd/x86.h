@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What all x86 widths share, written once on the lane operations; the pixel stores above all.
+// What all x86 widths share, above all the pixel stores: written once, on the operations that work inside lanes.
 #pragma once
 
 namespace vsurf::VSURF_ISA {
@@ -61,7 +61,7 @@ template <int N, int W = 1> ALWAYS_INLINE Yuyv<N> load_yuyv(const uint8_t* p)
 // Saturated bytes in packed order: in each lane its eight even samples, then its eight odd ones.
 template <int N> ALWAYS_INLINE Bytes<N> pack(EvenOddWords<N> a) { return pack(a.even, a.odd); }
 
-// Each byte shifted, as far as `mask` shows it, which must lie inside the bits that the shift leaves to a byte.
+// Each byte shifted, and ANDed with `mask`, which must lie inside the bits that the shift leaves to a byte.
 template <int N> ALWAYS_INLINE Bytes<N> shifted_left(Bytes<N> a, int count, int mask)
 {
     return bit_and(as_bytes(shl(as_words(a), count)), Bytes<N>::splat(mask));
@@ -186,9 +186,9 @@ ALWAYS_INLINE void store_yuyv(To to, Words<N> y_first, Words<N> y_second, Words<
          uv_second = as_words(zip_hi16(as_bytes(u), as_bytes(v)));
     put_pairs(to, join(EvenOddWords<N>{y_first, uv_first}), join(EvenOddWords<N>{y_second, uv_second}));
 }
-ALWAYS_INLINE void store_first8_yuyv(uint8_t* p, Words<16> y, Words<16> u, Words<16> v)
+template <class To> ALWAYS_INLINE void store_first8_yuyv(To to, Words<16> y, Words<16> u, Words<16> v)
 {
-    put(p, join(EvenOddWords<16>{y, as_words(zip_lo16(as_bytes(u), as_bytes(v)))}));
+    put(to, join(EvenOddWords<16>{y, as_words(zip_lo16(as_bytes(u), as_bytes(v)))}));
 }
 
 // Packed pixels of twice the width, from N bytes of packed pixels and what goes between their samples: of y0 u0 y1 v0,
@@ -217,7 +217,7 @@ template <class To, int N> ALWAYS_INLINE void store_doubled_yuyv(To to, Bytes<N>
 }
 #endif
 
-// Pairs, woven by 2, of which bytes 0 to 7 of every 32 stay as they are in memory.
+// Pairs, woven by 2. In memory bytes 0 to 7 of every 32 stay as they are.
 template <int N> ALWAYS_INLINE void store_pairs_but_first_eight(uint8_t* p, Bytes<N> a, Bytes<N> b)
 {
     put_pairs_but_first_eight(p, zip_lo8(a, b), zip_hi8(a, b));

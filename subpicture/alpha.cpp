@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
 // Alpha as the blue of RGB drawings: taken from them, and drawn for them.
 #include "frame/dispatch.h"
-#include "subpicture/lines.h"
+#include "frame/sink.h"
 #include "subpicture/rgb_source.h"
 
 namespace vsurf::VSURF_ISA {
 
-// The alpha plane's lines lie half the picture's pitch beyond the width apart, whatever the subpicture's pitch.
+// From one line of the alpha plane to the next: half of what the picture's pitch has beyond the width. The subpicture's
+// pitch does not count.
 ALWAYS_INLINE ptrdiff_t alpha_step(const MIX_INFO* job, ptrdiff_t width)
 {
-    return width + (difference(job->picture_pitch, job->width) >> 1);
+    return width + (wrapping_sub(job->picture_pitch, job->width) >> 1);
 }
 
-// N alphas, N at least 16, and the last eight of a line.
+// Blue as a source of alpha: `alpha<N>` gives N alphas, N at least 16, and `eight` the last eight of a line.
 struct BlueOfRgb32 {
     static constexpr int kBytes = 4, kBlockPixels = 8, kWidest = kPixelsAtATime;
     template <int N> static ALWAYS_INLINE Bytes<N> alpha(const uint8_t* p)
@@ -59,78 +60,103 @@ struct BlueOfRgb565 {
     }
 };
 
+// A line of the alpha plane; x counts alphas.
+template <class Blue> struct RestoredLine {
+    static constexpr int kBytes = 1, kGrain = 1, kWidest = Blue::kWidest;
+    static constexpr bool kComplete = true, kEights = Blue::kBlockPixels == 8;
+    const uint8_t* drawing;
+
+    template <int> ALWAYS_INLINE Nothing shared(ptrdiff_t) const { return {}; }
+    template <int N> ALWAYS_INLINE Bytes<N> own(ptrdiff_t x) const
+    {
+        return Blue::template alpha<N>(drawing + x * Blue::kBytes);
+    }
+    template <class To, int N> static ALWAYS_INLINE void store(To to, Bytes<N> alpha, Nothing) { put(to, alpha); }
+    ALWAYS_INLINE void store_eight(uint8_t* to, ptrdiff_t x) const
+    {
+        put_first8(to, Blue::eight(drawing + x * Blue::kBytes));
+    }
+};
+
 template <class Blue> ALWAYS_INLINE void restore(const MIX_INFO* job)
 {
-    const ptrdiff_t width = rounds(job->width, Blue::kBlockPixels) * Blue::kBlockPixels;
-    const ptrdiff_t src_step = Blue::kBytes * (width - job->width) + job->surface_pitch;
+    const ptrdiff_t width = whole_steps(job->width, Blue::kBlockPixels);
+    const ptrdiff_t drawing_step = Blue::kBytes * (width - job->width) + job->surface_pitch;
     const ptrdiff_t lines = at_least_one(job->height), step = alpha_step(job, width);
-    const uint8_t* src = job->surface;
-    uint8_t* alpha = job->subpic_alpha;
-    for (ptrdiff_t i = 0; i < lines; i++, src += src_step, alpha += step) {
-        along<Blue::kWidest, 16>(0, width, [=]<int N>(ptrdiff_t x) VSURF_INLINED {
-            put(alpha + x, Blue::template alpha<N>(src + x * Blue::kBytes));
-        });
-        if constexpr (Blue::kBlockPixels == 8)
-            if (width & 8) put_first8(alpha + width - 8, Blue::eight(src + (width - 8) * Blue::kBytes));
-    }
+    for (ptrdiff_t i = 0; i < lines; i++)
+        Writer::store_line(RestoredLine<Blue>{job->surface + i * drawing_step}, job->subpic_alpha + i * step,
+                           {0, width});
 }
 
-void Restore_RGB32_To_Alpha(MIX_INFO* job) { restore<BlueOfRgb32>(job); }
-void Restore_RGB16_565_To_Alpha(MIX_INFO* job) { restore<BlueOfRgb565>(job); }
+void Restore_RGB32_To_Alpha(Job job) { restore<BlueOfRgb32>(job); }
+void Restore_RGB16_565_To_Alpha(Job job) { restore<BlueOfRgb565>(job); }
 
-ALWAYS_INLINE void count_down(MIX_INFO* job)
+ALWAYS_INLINE void count_down(Job job)
 {
-    job->height = difference(job->height, static_cast<int>(at_least_one(job->height)));
+    job->height = wrapping_sub(job->height, static_cast<int>(at_least_one(job->height)));
 }
 
 // Irregular: reads the blue one pixel too far on, and counts the record's height down.
-void Restore_RGB24_To_Alpha(MIX_INFO* job)
+void Restore_RGB24_To_Alpha(Job job)
 {
     restore<NextBlueOfRgb24>(job);
     count_down(job);
 }
 
-// Blue alone; woven by kWeave.
+// Formats of pixels that have only blue, from alphas that are woven by kWeave.
 struct BlueToRgb32 {
     static constexpr int kBytes = 4, kWeave = 4;
-    template <Stores S, int N> static ALWAYS_INLINE void store(uint8_t* p, Bytes<N> alpha)
+    template <class To, int N> static ALWAYS_INLINE void put(To to, Bytes<N> alpha)
     {
         auto zero = Bytes<N>::splat(0);
-        store_quads(to<S>(p), alpha, zero, zero, zero);
+        store_quads(to, alpha, zero, zero, zero);
     }
 };
 struct BlueToRgb24 {
     static constexpr int kBytes = 3, kWeave = 1;
-    template <Stores S, int N> static ALWAYS_INLINE void store(uint8_t* p, Bytes<N> alpha)
+    template <class To, int N> static ALWAYS_INLINE void put(To to, Bytes<N> alpha)
     {
         auto zero = Bytes<N>::splat(0);
-        store_bgr(to<S>(p), pack(split(alpha)), zero, zero);
+        store_bgr(to, pack(split(alpha)), zero, zero);
     }
 };
 struct BlueToRgb565 { // from 32 on it reaches into green
     static constexpr int kBytes = 2, kWeave = 2;
-    template <Stores S, int N> static ALWAYS_INLINE void store(uint8_t* p, Bytes<N> alpha)
+    template <class To, int N> static ALWAYS_INLINE void put(To to, Bytes<N> alpha)
     {
-        store_pairs(to<S>(p), alpha, Bytes<N>::splat(0));
+        store_pairs(to, alpha, Bytes<N>::splat(0));
+    }
+};
+
+// Pixels of a surface; x counts pixels.
+template <class Format> struct DrawnAlphaLine {
+    static constexpr int kBytes = Format::kBytes, kGrain = 1, kWidest = kRegister;
+    static constexpr bool kComplete = true, kEights = false;
+    const uint8_t* alpha;
+
+    template <int> ALWAYS_INLINE Nothing shared(ptrdiff_t) const { return {}; }
+    template <int N> ALWAYS_INLINE Bytes<N> own(ptrdiff_t x) const { return load<N, Format::kWeave>(alpha + x); }
+    template <class To, int N> static ALWAYS_INLINE void store(To to, Bytes<N> alphas, Nothing)
+    {
+        Format::put(to, alphas);
     }
 };
 
 template <class Format> ALWAYS_INLINE void draw_alpha(const MIX_INFO* job)
 {
-    const ptrdiff_t width = rounds(job->width, kBlock) * kBlock, step = alpha_step(job, width);
+    const ptrdiff_t width = whole_steps(job->width, kBlock), step = alpha_step(job, width);
     const ptrdiff_t surface_step = Format::kBytes * (width - job->width) + job->surface_pitch;
-    const uint8_t* alpha = job->subpic_alpha;
-    draw_lines<Format::kBytes>({job->surface, surface_step, at_least_one(job->height), width},
-                               [=]<Stores S, int N>(ptrdiff_t line, ptrdiff_t x, uint8_t* to) VSURF_INLINED {
-                                   Format::template store<S>(to, load<N, Format::kWeave>(alpha + line * step + x));
-                               });
+    const ptrdiff_t lines = at_least_one(job->height);
+    Writer writer(Target::lines(job->surface, surface_step, width * Format::kBytes, lines));
+    for (ptrdiff_t i = 0; i < lines; i++)
+        writer.line(DrawnAlphaLine<Format>{job->subpic_alpha + i * step}, job->surface + i * surface_step, {0, width});
 }
 
-void load_subpicture_alpha_rgb32(MIX_INFO* job) { draw_alpha<BlueToRgb32>(job); }
-void load_subpicture_alpha_rgb16_565(MIX_INFO* job) { draw_alpha<BlueToRgb565>(job); }
+void load_subpicture_alpha_rgb32(Job job) { draw_alpha<BlueToRgb32>(job); }
+void load_subpicture_alpha_rgb16_565(Job job) { draw_alpha<BlueToRgb565>(job); }
 
 // Irregular: counts the record's height down.
-void load_subpicture_alpha_rgb24(MIX_INFO* job)
+void load_subpicture_alpha_rgb24(Job job)
 {
     draw_alpha<BlueToRgb24>(job);
     count_down(job);

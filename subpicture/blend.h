@@ -4,14 +4,13 @@
 // The scale of alpha ends at 16. Beyond it the results are no picture, yet they are defined: products keep their low 16
 // bits, their sum saturates as a signed word, and the shift is unsigned.
 #pragma once
-#include "frame/adjust.h"
-#include "frame/walk.h"
+#include "frame/blocks.h"
 
 namespace vsurf::VSURF_ISA {
 
 constexpr int kAlphaBits = 4;
 
-// For every alpha; not yet cut to a sample.
+// The blend for every alpha, not yet cut to a sample.
 template <int N> ALWAYS_INLINE Words<N> blended_uncut(Words<N> p, Words<N> s, Words<N> a)
 {
     auto sum = add_sat(mullo(p, sub(Words<N>::splat(kOpaque), a)), mullo(s, a));
@@ -21,25 +20,15 @@ template <int N> ALWAYS_INLINE Words<N> blended(Words<N> p, Words<N> s, Words<N>
 {
     return min(blended_uncut(p, s, a), Words<N>::splat(255));
 }
-template <int N> ALWAYS_INLINE Bytes<N> blended(Bytes<N> p, Bytes<N> s, Bytes<N> a)
+template <int N> ALWAYS_INLINE Bytes<N> blended(Bytes<N> p, Bytes<N> s, LowHighWords<N> a)
 {
-    auto pw = widen(p), sw = widen(s), aw = widen(a);
-    return narrow(LowHighWords<N>{blended_uncut(pw.low, sw.low, aw.low), blended_uncut(pw.high, sw.high, aw.high)});
+    auto pw = widen(p), sw = widen(s);
+    return narrow(LowHighWords<N>{blended_uncut(pw.low, sw.low, a.low), blended_uncut(pw.high, sw.high, a.high)});
 }
-
-// The alpha of a pair's chroma, as a word of the two: that of its odd pixel,
-struct OddAlpha {
-    template <int N> static ALWAYS_INLINE Words<N> of(Words<N> pairs) { return split(as_bytes(pairs)).odd; }
-};
-
-// or the average of both, rounded up.
-struct AverageAlpha {
-    template <int N> static ALWAYS_INLINE Words<N> of(Words<N> pairs) { return averages_of_pairs(as_bytes(pairs)); }
-};
 
 // What is known of the alphas of kUnit pixels. Most of every subpicture is transparent.
 enum class Alphas { transparent, on_scale, any };
-constexpr ptrdiff_t kUnit = 2 * kRegister;
+constexpr int kUnit = 2 * kRegister;
 
 ALWAYS_INLINE Alphas alphas_at(const uint8_t* p)
 {
@@ -49,8 +38,15 @@ ALWAYS_INLINE Alphas alphas_at(const uint8_t* p)
     auto beyond = bit_or(sub_sat_unsigned(first, opaque), sub_sat_unsigned(second, opaque));
     return all_zero(beyond) ? Alphas::on_scale : Alphas::any;
 }
+template <class Work> ALWAYS_INLINE auto with_alphas(const uint8_t* p, const Work& work)
+{
+    const auto alphas = alphas_at(p);
+    if (alphas == Alphas::transparent) return work.template operator()<Alphas::transparent>();
+    if (alphas == Alphas::on_scale) return work.template operator()<Alphas::on_scale>();
+    return work.template operator()<Alphas::any>();
+}
 
-// Whether two lines have no alpha but 0; in whole blocks.
+// Whether all alphas of two lines are 0. `pixels` is in whole blocks.
 ALWAYS_INLINE bool transparent(const uint8_t* upper, const uint8_t* lower, ptrdiff_t pixels)
 {
     auto both_at = [=]<int N>(ptrdiff_t x) VSURF_INLINED { return bit_or(load<N>(upper + x), load<N>(lower + x)); };
@@ -63,5 +59,33 @@ ALWAYS_INLINE bool transparent(const uint8_t* upper, const uint8_t* lower, ptrdi
         if (!all_zero(both_at.template operator()<kBlock>(x))) return false;
     return true;
 }
+
+// The alphas of N luma samples: one for each pixel.
+struct PixelAlpha {
+    static constexpr int kPixels = 1; // a sample
+    template <int N> static ALWAYS_INLINE LowHighWords<N> words(const uint8_t* p) { return widen(load<N>(p)); }
+    template <int N> static ALWAYS_INLINE Weights<N> weights(const uint8_t* p) { return Weights<N>::of(load<N>(p)); }
+    static ALWAYS_INLINE Words<16> eight(const uint8_t* p) { return load_chroma<16>(p); }
+};
+
+// The alphas of N chroma samples: one for each pair of pixels. `Of::pairs` makes one alpha of two.
+template <class Of> struct PairAlpha {
+    static constexpr int kPixels = 2;
+    template <int N> static ALWAYS_INLINE LowHighWords<N> words(const uint8_t* p)
+    {
+        auto alphas = load_two<N>(p);
+        return {Of::pairs(as_bytes(alphas.low)), Of::pairs(as_bytes(alphas.high))};
+    }
+    template <int N> static ALWAYS_INLINE Weights<N> weights(const uint8_t* p) { return Weights<N>::of(words<N>(p)); }
+    static ALWAYS_INLINE Words<16> eight(const uint8_t* p) { return Of::pairs(load<16>(p)); }
+};
+// A pair takes the alpha of its odd pixel.
+struct OddAlpha : PairAlpha<OddAlpha> {
+    template <int N> static ALWAYS_INLINE Words<N> pairs(Bytes<N> alphas) { return split(alphas).odd; }
+};
+// A pair takes the average of both alphas, rounded up.
+struct AverageAlpha : PairAlpha<AverageAlpha> {
+    template <int N> static ALWAYS_INLINE Words<N> pairs(Bytes<N> alphas) { return averages_of_pairs(alphas); }
+};
 
 } // namespace vsurf::VSURF_ISA

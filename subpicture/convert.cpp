@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // RGB drawings into the Y, U and V planes of a subpicture.
+#include "frame/blocks.h"
 #include "frame/dispatch.h"
-#include "subpicture/lines.h"
 #include "subpicture/rgb_source.h"
 
 namespace vsurf::VSURF_ISA {
 
-constexpr int kKeyBlock = 8; // pixels that are skipped together where all are the key
+constexpr int kKeyBlock = 8; // pixels that are skipped together where all have the key colour
 
 // The matrix in 1/1024, BT.601 studio range, on the word pairs (blue, red) and (green, fourth). The fourth byte,
 // with the offset ORed into it, has weight 1.
@@ -30,7 +30,7 @@ template <int N> ALWAYS_INLINE Dwords<N> luma(Bytes<N> pixels)
                     Words<N>::alternate(516, 1024));
 }
 
-// U and V of every first pixel of a pair.
+// U and V of a pair, from its first pixel.
 template <int N> ALWAYS_INLINE Dwords<N> chroma(Bytes<N> pixels)
 {
     auto components = split(first_of_pixel_pairs(pixels));
@@ -43,7 +43,7 @@ template <int N> ALWAYS_INLINE Bytes<N> all_luma(const Pixels<N>& px)
     return pack_in_order(luma(px.of[0]), luma(px.of[1]), luma(px.of[2]), luma(px.of[3]));
 }
 
-// N/2 samples of U, then as many of V.
+// N/2 samples of U, then N/2 samples of V.
 template <int N> ALWAYS_INLINE Bytes<N> all_chroma(const Pixels<N>& px)
 {
     auto uv = split(pack_in_order(chroma(px.of[0]), chroma(px.of[1]), chroma(px.of[2]), chroma(px.of[3])));
@@ -54,12 +54,12 @@ struct Converted {
     uint8_t *y, *u, *v;
 };
 
-// What a drawing's pixels look like where they are transparent.
+// The key colour: pixels of a drawing that have it are transparent.
 template <class Format> struct Key {
     uint8_t pixels[Format::kBytes * kPixelsAtATime];
     bool matches_nothing;
 
-    static ALWAYS_INLINE Key of(uint32_t colour)
+    static ALWAYS_INLINE Key with(uint32_t colour)
     {
         Key key;
         for (int i = 0; i < Format::kBytes * kPixelsAtATime; i++)
@@ -125,12 +125,12 @@ ALWAYS_INLINE void convert_line(const uint8_t* src, Converted to, ptrdiff_t widt
 
 // Irregular: blocks of the key colour are skipped, and subpic_alpha moves by what the lines leave over although nothing
 // is done to it.
-template <class Format> ALWAYS_INLINE void convert(MIX_INFO* job)
+template <class Format> ALWAYS_INLINE void convert(Job job)
 {
-    const auto key = Key<Format>::of(job->color_key);
+    const auto key = Key<Format>::with(job->color_key);
     const ptrdiff_t width = static_cast<ptrdiff_t>(static_cast<unsigned>(job->width) >> 3) * kKeyBlock;
     const ptrdiff_t lines = at_least_one(job->height);
-    const int rest = difference(job->subpicture_pitch, job->width);
+    const int rest = wrapping_sub(job->subpicture_pitch, job->width);
     const ptrdiff_t y_step = width + rest, chroma_step = width / 2 + logical_half(rest);
     const ptrdiff_t src_step = Format::kBytes * (width - job->width) + job->surface_pitch;
     const uint8_t* src = job->surface;
@@ -144,8 +144,8 @@ template <class Format> ALWAYS_INLINE void convert(MIX_INFO* job)
     job->subpic_alpha += lines * rest;
 }
 
-void Convert_RGB32_To_AYUY2(MIX_INFO* job) { convert<FromRgb32>(job); }
-void Convert_RGB24_To_AYUY2(MIX_INFO* job) { convert<FromRgb24>(job); }
-void Convert_RGB16_565_To_AYUY2(MIX_INFO* job) { convert<FromRgb565>(job); }
+void Convert_RGB32_To_AYUY2(Job job) { convert<FromRgb32>(job); }
+void Convert_RGB24_To_AYUY2(Job job) { convert<FromRgb24>(job); }
+void Convert_RGB16_565_To_AYUY2(Job job) { convert<FromRgb565>(job); }
 
 } // namespace vsurf::VSURF_ISA

@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Subpictures by themselves, in the key colour where they are transparent.
+// Subpictures without a picture. Where they are transparent they have the key colour.
 #include "frame/dispatch.h"
-#include "frame/pack.h"
-#include "scale/adjusted.h"
-#include "subpicture/lines.h"
+#include "subpicture/samples.h"
 
 namespace vsurf::VSURF_ISA {
 
 // Irregular: alphas from 128 on, negative as signed bytes, give black, and the key's bytes are written in reverse.
-template <class Sink> struct Keyed {
-    static constexpr int kBytes = Sink::kBytes, kWeave = Sink::kWeave;
+template <class Format> struct Keyed : Format {
     uint32_t key;
 
-    template <Stores S, int N>
-    ALWAYS_INLINE void put(uint8_t* p, Bytes<N> alpha, Bytes<N> b, Bytes<N> g, Bytes<N> r) const
+    template <class To, int N> ALWAYS_INLINE void put(To to, Bytes<N> alpha, Bytes<N> b, Bytes<N> g, Bytes<N> r) const
     {
         auto zero = Bytes<N>::splat(0);
         auto transparent = equal(alpha, zero), shown = equal(sub_sat_unsigned(alpha, Bytes<N>::splat(127)), zero);
@@ -21,104 +17,109 @@ template <class Sink> struct Keyed {
             return choose(transparent, Bytes<N>::splat(static_cast<int>(this->key >> byte * 8)),
                           bit_and(shown, colour));
         };
-        Sink::template put<S>(p, keyed(b, 2), keyed(g, 1), keyed(r, 0));
+        Format::put(to, keyed(b, 2), keyed(g, 1), keyed(r, 0));
     }
 };
 
 // 16-bit pixels take the key's low word as it stands, and every other alpha shows the colour.
-struct KeyedWords {
-    static constexpr int kBytes = Word::kBytes, kWeave = Word::kWeave;
+template <> struct Keyed<Rgb16Format> : Rgb16Format {
     uint32_t key;
-    Word word;
 
-    template <Stores S, int N>
-    ALWAYS_INLINE void put(uint8_t* p, Bytes<N> alpha, Bytes<N> b, Bytes<N> g, Bytes<N> r) const
+    template <class To, int N> ALWAYS_INLINE void put(To to, Bytes<N> alpha, Bytes<N> b, Bytes<N> g, Bytes<N> r) const
     {
         auto transparent = equal(alpha, Bytes<N>::splat(0));
-        auto low = choose(transparent, Bytes<N>::splat(static_cast<int>(key)), word.low(b, g));
-        auto high = choose(transparent, Bytes<N>::splat(static_cast<int>(key >> 8)), word.high(g, r));
-        store_packed_pairs(to<S>(p), low, high);
+        store_packed_pairs(to, choose(transparent, Bytes<N>::splat(static_cast<int>(key)), low(b, g)),
+                           choose(transparent, Bytes<N>::splat(static_cast<int>(key >> 8)), high(g, r)));
     }
 };
 
-struct Drawing {
-    const uint8_t *alpha, *y, *u, *v;
-};
+// Pixels of a surface; x counts pixels. Lines are drawn one by one, so nothing is shared.
+template <class Format> struct DrawnLine {
+    static constexpr int kBytes = Format::kBytes, kGrain = 2, kWidest = kRegister;
+    static constexpr bool kComplete = true, kEights = false;
+    Subpicture from;
+    Format format;
 
-template <Stores S, int N, class Pixels>
-ALWAYS_INLINE void draw_pixels(const Pixels& pixels, const Drawing& from, ptrdiff_t x, uint8_t* to)
-{
-    constexpr int W = Pixels::kWeave;
-    auto terms = chroma_terms(load_chroma<N, W>(from.u + x / 2), load_chroma<N, W>(from.v + x / 2));
-    auto px = to_rgb(split_times4(load<N, W>(from.y + x)), terms);
-    auto alpha = pack(split(load<N, W>(from.alpha + x)));
-    pixels.template put<S>(to + x * Pixels::kBytes, alpha, pack(px.b), pack(px.g), pack(px.r));
-}
-
-template <class Pixels>
-[[maybe_unused]] static NEVER_INLINE void draw_part(Pixels pixels, Drawing from, ptrdiff_t width, uint8_t* to,
-                                                    bool streamed)
-{
-    const ptrdiff_t whole = streamed ? width & -streaming_unit(Pixels::kBytes) : 0;
-    for (ptrdiff_t x = 0; x < whole; x += kRegister) draw_pixels<Stores::streaming, kRegister>(pixels, from, x, to);
-    along<kRegister, kBlock>(
-        whole, width, [=]<int N>(ptrdiff_t x) VSURF_INLINED { draw_pixels<Stores::cached, N>(pixels, from, x, to); });
-}
-
-// The samples as they are, or once they are adjusted.
-struct Unadjusted {
-    template <class Work> ALWAYS_INLINE void prepare(const Drawing& from, ptrdiff_t, const Work& work) const
+    template <int N> struct Pixels {
+        EvenOddWords<N> luma;
+        ChromaTerms<N> chroma;
+        Bytes<N> alpha;
+    };
+    template <int> ALWAYS_INLINE Nothing shared(ptrdiff_t) const { return {}; }
+    template <int N> ALWAYS_INLINE Pixels<N> own(ptrdiff_t x) const
     {
-        work(from);
+        constexpr int W = Format::kWeave;
+        return {split_times4(load<N, W>(from.y + x)),
+                chroma_terms(load_chroma<N, W>(from.u + x / 2), load_chroma<N, W>(from.v + x / 2)),
+                pack(split(load<N, W>(from.alpha + x)))};
+    }
+    template <class To, int N> ALWAYS_INLINE void store(To to, const Pixels<N>& pixels, Nothing) const
+    {
+        auto px = to_rgb(pixels.luma, pixels.chroma);
+        format.put(to, pixels.alpha, pack(px.b), pack(px.g), pack(px.r));
     }
 };
-struct AdjustedFirst {
-    Adjustments by;
-    template <class Work> ALWAYS_INLINE void prepare(const Drawing& from, ptrdiff_t width, const Work& work) const
+static_assert(Line<DrawnLine<Keyed<Bgr>>>);
+
+template <class Format>
+[[maybe_unused]] static NEVER_INLINE void draw_line(const void* format, Writer& writer, const Subpicture& from,
+                                                    uint8_t* to, ptrdiff_t pixels)
+{
+    writer.line(DrawnLine<Format>{from, *static_cast<const Format*>(format)}, to, {0, pixels});
+}
+
+// A format that is chosen when a drawer is called: all other code is the same for every surface.
+struct AnyFormat {
+    const void* format;
+    int bytes; // a pixel
+    void (*draw_line)(const void* format, Writer&, const Subpicture& from, uint8_t* to, ptrdiff_t pixels);
+
+    template <class Format>
+    explicit AnyFormat(const Format& f) : format(&f), bytes(Format::kBytes), draw_line(VSURF_ISA::draw_line<Format>)
     {
-        uint8_t y[kStripPixels], u[kStripPixels / 2], v[kStripPixels / 2];
-        adjust_line(y, Row{from.y}, width, by.luma);
-        adjust_line(u, Row{from.u}, width / 2, by.u);
-        adjust_line(v, Row{from.v}, width / 2, by.v);
-        work(Drawing{from.alpha, y, u, v});
     }
 };
 
 // Irregular: the picture's pitch is the length of a line, in which the planes are packed; the width is not read.
-template <class Pixels, class Samples>
-ALWAYS_INLINE void draw(const MIX_INFO* job, const Pixels& pixels, const Samples& samples)
+template <bool adjusted> [[maybe_unused]] static NEVER_INLINE void draw(const MIX_INFO* job, const AnyFormat& to)
 {
-    const ptrdiff_t width = rounds(job->picture_pitch, kBlock) * kBlock, lines = at_least_one(job->height);
-    const ptrdiff_t step = Pixels::kBytes * (width - job->picture_pitch) + job->surface_pitch;
-    const bool streamed = streams(job->surface, step, width * Pixels::kBytes, lines);
+    const ptrdiff_t width = whole_steps(job->picture_pitch, kBlock), lines = at_least_one(job->height);
+    const ptrdiff_t step = to.bytes * (width - job->picture_pitch) + job->surface_pitch;
+    const auto by = adjustments_now();
+    Writer writer(Target::lines(job->surface, step, width * to.bytes, lines));
     for (ptrdiff_t i = 0; i < lines; i++)
-        for (ptrdiff_t x = 0; x < width; x += kStripPixels) {
-            const ptrdiff_t part = width - x < kStripPixels ? width - x : kStripPixels, at = i * width + x;
-            const Drawing from{job->subpic_alpha + at, job->subpic_y + at, job->subpic_u + at / 2,
-                               job->subpic_v + at / 2};
-            samples.prepare(from, part, [=](const Drawing& prepared) VSURF_INLINED {
-                draw_part(pixels, prepared, part, job->surface + i * step + x * Pixels::kBytes, streamed);
-            });
-        }
-    if (streamed) fence_streaming();
+        each_part(width, Samples::kPixels, [&](ptrdiff_t x, ptrdiff_t pixels, bool) VSURF_INLINED {
+            const ptrdiff_t at = i * width + x;
+            Subpicture from = subpicture(job) + Distance{at, at / 2, 0};
+            Samples samples;
+            if constexpr (adjusted) {
+                samples.adjust(Row{from.y}, Row{from.u}, Row{from.v}, pixels, by);
+                from = {from.alpha, samples.y, samples.u, samples.v};
+            }
+            to.draw_line(to.format, writer, from, job->surface + i * step + x * to.bytes, pixels);
+        });
 }
 
-template <class Format, class Samples> ALWAYS_INLINE void draw_bytes(const MIX_INFO* job, const Samples& samples)
+template <bool adjusted> ALWAYS_INLINE void draw_rgb32(Job job)
 {
-    draw(job, Keyed<Format>{job->color_key}, samples);
+    draw<adjusted>(job, AnyFormat(Keyed<Bgr0>{{}, job->color_key}));
 }
-template <class Samples> ALWAYS_INLINE void draw_words(const MIX_INFO* job, const Samples& samples)
+template <bool adjusted> ALWAYS_INLINE void draw_rgb24(Job job)
 {
-    with_rgb16_sink(job->contrast_info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED {
-        draw(job, KeyedWords{job->color_key, sink}, samples);
+    draw<adjusted>(job, AnyFormat(Keyed<Bgr>{{}, job->color_key}));
+}
+template <bool adjusted> ALWAYS_INLINE void draw_rgb16(Job job)
+{
+    with_rgb16_sink(job->contrast_info->rgb16_layout, [=](Rgb16 sink) VSURF_INLINED {
+        draw<adjusted>(job, AnyFormat(Keyed<Rgb16Format>{sink, job->color_key}));
     });
 }
 
-void load_subpicture_yuy2_rgb32(MIX_INFO* job) { draw_bytes<Bgr0>(job, Unadjusted{}); }
-void load_subpicture_yuy2_rgb24(MIX_INFO* job) { draw_bytes<Bgr>(job, Unadjusted{}); }
-void load_subpicture_yuy2_rgb16(MIX_INFO* job) { draw_words(job, Unadjusted{}); }
-void load_subpicture_yuy2_rgb32_ajust(MIX_INFO* job) { draw_bytes<Bgr0>(job, AdjustedFirst{adjustments_now()}); }
-void load_subpicture_yuy2_rgb24_ajust(MIX_INFO* job) { draw_bytes<Bgr>(job, AdjustedFirst{adjustments_now()}); }
-void load_subpicture_yuy2_rgb16_ajust(MIX_INFO* job) { draw_words(job, AdjustedFirst{adjustments_now()}); }
+void load_subpicture_yuy2_rgb32(Job job) { draw_rgb32<false>(job); }
+void load_subpicture_yuy2_rgb24(Job job) { draw_rgb24<false>(job); }
+void load_subpicture_yuy2_rgb16(Job job) { draw_rgb16<false>(job); }
+void load_subpicture_yuy2_rgb32_ajust(Job job) { draw_rgb32<true>(job); }
+void load_subpicture_yuy2_rgb24_ajust(Job job) { draw_rgb24<true>(job); }
+void load_subpicture_yuy2_rgb16_ajust(Job job) { draw_rgb16<true>(job); }
 
 } // namespace vsurf::VSURF_ISA

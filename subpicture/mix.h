@@ -1,220 +1,226 @@
 // SPDX-License-Identifier: MIT
 // Subpictures on pictures, two lines at a time: mixed lines of samples on the stack, from which the surface is written.
-//
-// `PairAlpha` is the alpha of a pair's chroma, and a writer shows the samples on the surface.
 #pragma once
 #include "frame/dispatch.h"
-#include "load/planar.h"
-#include "scale/adjusted.h"
-#include "scale/rows.h"
 #include "subpicture/plane.h"
+#include "subpicture/samples.h"
 
 namespace vsurf::VSURF_ISA {
 
-struct Subpicture {
-    const uint8_t *alpha, *y, *u, *v;
-};
-
 // Where the samples of a line come from, and where its pixels go.
-template <class Source> struct MixedLine {
-    Source y, u, v;
+template <Source Picture> struct MixedLine {
+    Picture y, u, v;
     Subpicture subpicture;
     uint8_t* dst;
 };
 
-// Source pixels that are mixed at a time: what is kept of two lines takes 8 KiB.
-constexpr ptrdiff_t kMixedPixels = 2048;
+// Blends Y, U and V of a line into samples on the stack. They share the test of the alphas, U and V also the weights.
+template <class ChromaAlpha, Source Picture, class After> struct YuvBlend {
+    Blend<Picture, After> y, u, v;
+    const uint8_t* alpha;
 
-struct Samples {
-    alignas(64) uint8_t y[kMixedPixels], u[kMixedPixels / 2], v[kMixedPixels / 2];
-    ALWAYS_INLINE Position shown_at(uint8_t* dst) const { return {y, u, v, dst}; }
-};
+    template <Alphas known> ALWAYS_INLINE void store_unit(Samples& to, ptrdiff_t x) const
+    {
+        for (ptrdiff_t at = x; at < x + kUnit; at += kRegister)
+            put(to.y + at, y.template bytes<kRegister>(at, load_alphas<known, PixelAlpha, kRegister>(alpha + at)));
+        const auto alphas = load_alphas<known, ChromaAlpha, kRegister>(alpha + x);
+        put(to.u + x / 2, u.template bytes<kRegister>(x / 2, alphas));
+        put(to.v + x / 2, v.template bytes<kRegister>(x / 2, alphas));
+    }
+    ALWAYS_INLINE void store_block(Samples& to, ptrdiff_t x) const
+    {
+        put(to.y + x, y.template bytes<kBlock>(x, PixelAlpha::words<kBlock>(alpha + x)));
+        const auto alphas = ChromaAlpha::eight(alpha + x);
+        u.store_eight(to.u + x / 2, x / 2, alphas);
+        v.store_eight(to.v + x / 2, x / 2, alphas);
+    }
+    static NEVER_INLINE void store_blocks(const YuvBlend& blend, Samples& to, ptrdiff_t x, ptrdiff_t end)
+    {
+        for (; x < end; x += kBlock) blend.store_block(to, x);
+    }
+    ALWAYS_INLINE void store(Samples& to, ptrdiff_t pixels, bool fast) const
+    {
+        ptrdiff_t x = 0;
+        if (fast)
+            for (; pixels - x >= kUnit; x += kUnit)
+                with_alphas(alpha + x, [&]<Alphas known>() VSURF_INLINED { this->template store_unit<known>(to, x); });
+        if (x < pixels) YuvBlend<ChromaAlpha, Picture, ExactOf<After>>::store_blocks(exact(), to, x, pixels);
+    }
 
-template <class PairAlpha, class Source>
-[[maybe_unused]] static NEVER_INLINE void mix_samples(const MixedLine<Source>& line, ptrdiff_t x, ptrdiff_t pixels,
-                                                      const Adjustments& by, Samples& to)
-{
-    const auto& over = line.subpicture;
-    const uint8_t* alpha = over.alpha + x;
-    with_gain(by, [&](auto gain) VSURF_INLINED {
-        using After = AdjustedBy<decltype(gain)>;
-        const YuvLine<Source, PairAlpha, After> mixed{
-            {line.y + x, over.y + x, alpha, to.y, {by.luma}},
-            {line.u + x / 2, over.u + x / 2, alpha, to.u, {by.u}},
-            {line.v + x / 2, over.v + x / 2, alpha, to.v, {by.v}},
-            alpha,
+private:
+    ALWAYS_INLINE auto exact() const
+    {
+        auto of = [](const auto& blend) VSURF_INLINED {
+            return Blend<Picture, ExactOf<After>>{blend.picture, blend.subpicture, {blend.after.by}};
         };
-        blend_line(mixed, pixels, 0);
-    });
-}
-
-// The picture's alone, of two lines that share their chroma.
-template <class Source>
-ALWAYS_INLINE void adjust_samples(const MixedLine<Source>& upper, const MixedLine<Source>& lower, ptrdiff_t x,
-                                  ptrdiff_t pixels, const Adjustments& by, Samples& to, Samples& to_lower)
-{
-    adjust_line(to.y, upper.y + x, pixels, by.luma);
-    adjust_line(to_lower.y, lower.y + x, pixels, by.luma);
-    adjust_line(to.u, upper.u + x / 2, pixels / 2, by.u);
-    adjust_line(to.v, upper.v + x / 2, pixels / 2, by.v);
-}
-
-// Writes lines of samples, in whole blocks.
-template <class Sink> struct Writer {
-    static ALWAYS_INLINE PlanarStep<Sink, Plain> step(const void* sink)
-    {
-        return {{}, *static_cast<const Sink*>(sink)};
-    }
-
-    // Two lines that share the upper one's chroma.
-    static NEVER_INLINE void pair(const void* sink, Position upper, Position lower, ptrdiff_t pixels, bool streamed)
-    {
-        write_pass(step(sink), upper, lower, pixels, streamed);
-    }
-    static NEVER_INLINE void line(const void* sink, Position at, ptrdiff_t x, ptrdiff_t end, bool streamed)
-    {
-        write_line(step(sink), at, x, end, streamed);
+        return YuvBlend<ChromaAlpha, Picture, ExactOf<After>>{of(y), of(u), of(v), alpha};
     }
 };
 
-// One of them, chosen when a mixer is called: all else is the same code for every surface.
-struct AnyWriter {
-    const void* sink;
+template <class ChromaAlpha, class Picture>
+NEVER_INLINE void mix_samples(const MixedLine<Picture>& line, ptrdiff_t x, ptrdiff_t pixels, const Adjustments& by,
+                              Samples& to)
+{
+    const Subpicture from = line.subpicture + Distance{x, x / 2, 0};
+    const YuvBlend<ChromaAlpha, Picture, Adjusted<FastGain>> blend{{line.y + x, from.y, {by.luma}},
+                                                                   {line.u + x / 2, from.u, {by.u}},
+                                                                   {line.v + x / 2, from.v, {by.v}},
+                                                                   from.alpha};
+    blend.store(to, pixels, FastGain::suits(by));
+}
+
+// A sink that is chosen when a mixer is called: all other code is the same for every surface. Positions are those of
+// samples on the stack, and pixels are in whole blocks.
+struct AnySink {
+    const void* format;
     int bytes; // a pixel
-    void (*pair_with)(const void*, Position, Position, ptrdiff_t, bool);
-    void (*line_with)(const void*, Position, ptrdiff_t, ptrdiff_t, bool);
+    void (*line_with)(const void* format, Writer&, const Position&, ptrdiff_t pixels);
+    void (*pair_with)(const void* format, Writer&, const Position& upper, const Position& lower, ptrdiff_t pixels);
+    void (*blocks_in_turn_with)(const void* format, const Position& upper, const Position& lower, ptrdiff_t pixels);
 
-    template <class Sink> static ALWAYS_INLINE AnyWriter of(const Sink& sink)
+    ALWAYS_INLINE void line(Writer& writer, const Position& at, ptrdiff_t pixels) const
     {
-        return {&sink, Sink::kBytes, Writer<Sink>::pair, Writer<Sink>::line};
+        line_with(format, writer, at, pixels);
     }
-    ALWAYS_INLINE void pair(Position upper, Position lower, ptrdiff_t pixels, bool streamed) const
+    ALWAYS_INLINE void pair(Writer& writer, const Position& upper, const Position& lower, ptrdiff_t pixels) const
     {
-        pair_with(sink, upper, lower, pixels, streamed);
+        pair_with(format, writer, upper, lower, pixels);
     }
-    ALWAYS_INLINE void line(Position at, ptrdiff_t x, ptrdiff_t end, bool streamed) const
+    ALWAYS_INLINE void blocks_in_turn(const Position& upper, const Position& lower, ptrdiff_t pixels) const
     {
-        line_with(sink, at, x, end, streamed);
+        blocks_in_turn_with(format, upper, lower, pixels);
     }
 };
 
-// Which pixels of a picture follow each other; it shows where lines overlap.
-enum class MixOrder { block_by_block, line_by_line, strip_by_strip };
-
-// Calls `work(x, pixels)` for the parts of a line.
-template <class Work> ALWAYS_INLINE void each_mixed_part(ptrdiff_t width, const Work& work)
+template <Sink Format> struct OneSink {
+    static ALWAYS_INLINE auto pixels_at(const void* format, const Position& at)
+    {
+        return PixelLine<Format, Row, PlanarChroma<Row>>{{at.y}, {{at.u}, {at.v}}, *static_cast<const Format*>(format)};
+    }
+    static NEVER_INLINE void line(const void* format, Writer& writer, const Position& at, ptrdiff_t pixels)
+    {
+        writer.line(pixels_at(format, at), at.dst, {0, pixels});
+    }
+    static NEVER_INLINE void pair(const void* format, Writer& writer, const Position& upper, const Position& lower,
+                                  ptrdiff_t pixels)
+    {
+        writer.pair(pixels_at(format, upper), pixels_at(format, lower), upper.dst, lower.dst, {0, pixels});
+    }
+    static NEVER_INLINE void blocks_in_turn(const void* format, const Position& upper, const Position& lower,
+                                            ptrdiff_t pixels)
+    {
+        Writer::blocks_in_turn(pixels_at(format, upper), pixels_at(format, lower), upper.dst, lower.dst, {0, pixels});
+    }
+};
+template <Sink Format> ALWAYS_INLINE AnySink any_sink(const Format& format)
 {
-    for (ptrdiff_t x = 0; x < width; x += kMixedPixels) work(x, width - x < kMixedPixels ? width - x : kMixedPixels);
+    using One = OneSink<Format>;
+    return {&format, Format::kBytes, One::line, One::pair, One::blocks_in_turn};
 }
 
-// How two lines without a subpicture are written: through samples, too, which costs little beside RGB,
+// Two lines without a subpicture are written as two lines with one: through samples on the stack. That costs little
+// compared with the conversion to RGB.
 struct ThroughSamples {
-    template <class Line, class Mixer>
-    static ALWAYS_INLINE void write(const Mixer& mixer, const Line& upper, const Line& lower, ptrdiff_t x,
-                                    ptrdiff_t pixels)
+    template <class Picture>
+    static ALWAYS_INLINE bool write(const MixedLine<Picture>&, const MixedLine<Picture>&, ptrdiff_t, ptrdiff_t,
+                                    const Adjustments&, Writer&)
     {
-        mixer.adjusted(upper, lower, x, pixels);
+        return false;
     }
 };
 
-// or at once.
-template <class Sink> struct Directly {
-    template <class Source>
-    static NEVER_INLINE void write_adjusted(MixedLine<Source> upper, MixedLine<Source> lower, ptrdiff_t x,
-                                            ptrdiff_t pixels, Adjustments by, bool streamed)
+// Two lines without a subpicture are written straight from the picture.
+template <Sink Format> struct Directly {
+    template <class Picture>
+    static NEVER_INLINE bool write(const MixedLine<Picture>& upper, const MixedLine<Picture>& lower, ptrdiff_t x,
+                                   ptrdiff_t end, const Adjustments& by, Writer& writer)
     {
-        using From = Adjust<CommonGain, Source>;
-        const SourcesStep<Sink, kRegister, From, From, From> step{
-            {by.luma, upper.y + x}, {by.luma, lower.y + x}, {by.u, upper.u + x / 2}, {by.v, upper.v + x / 2}, {}};
-        const ptrdiff_t at = x * Sink::kBytes;
-        write_two_lines(step, upper.dst + at, lower.dst + at, pixels, streamed);
-    }
-    template <class Line, class Mixer>
-    static ALWAYS_INLINE void write(const Mixer& mixer, const Line& upper, const Line& lower, ptrdiff_t x,
-                                    ptrdiff_t pixels)
-    {
-        if (CommonGain::suits(mixer.by)) write_adjusted(upper, lower, x, pixels, mixer.by, mixer.streamed);
-        else mixer.adjusted(upper, lower, x, pixels);
+        if (!FastGain::suits(by)) return false;
+        using Y = Adjust<FastGain, Picture>;
+        const PlanarChroma<Y> chroma{{by.u, upper.u}, {by.v, upper.v}};
+        auto pixels = [=](const Picture& y) VSURF_INLINED {
+            return PixelLine<Format, Y, PlanarChroma<Y>>{{by.luma, y}, chroma, {}};
+        };
+        writer.pair(pixels(upper.y), pixels(lower.y), upper.dst, lower.dst, {x, end});
+        return true;
     }
 };
 
-template <class PairAlpha, class Alone> struct Mixer {
-    AnyWriter writer;
+template <class ChromaAlpha> struct Mixer {
+    AnySink sink;
     Adjustments by;
-    bool streamed;
+    Writer& writer;
 
+    ALWAYS_INLINE Position shown(const Samples& luma, const Samples& chroma, uint8_t* dst, ptrdiff_t x) const
+    {
+        return {luma.y, chroma.u, chroma.v, dst + x * sink.bytes};
+    }
     template <class Line>
-    ALWAYS_INLINE void adjusted(const Line& upper, const Line& lower, ptrdiff_t x, ptrdiff_t pixels) const
+    NEVER_INLINE void unmixed(const Line& upper, const Line& lower, ptrdiff_t x, ptrdiff_t pixels) const
     {
         Samples samples, samples_lower;
-        adjust_samples(upper, lower, x, pixels, by, samples, samples_lower);
-        writer.pair(samples.shown_at(upper.dst + x * writer.bytes),
-                    samples_lower.shown_at(lower.dst + x * writer.bytes), pixels, streamed);
+        samples.adjust(upper.y + x, upper.u + x / 2, upper.v + x / 2, pixels, by);
+        adjust_line(samples_lower.y, lower.y + x, pixels, by.luma);
+        sink.pair(writer, shown(samples, samples, upper.dst, x), shown(samples_lower, samples, lower.dst, x), pixels);
     }
-    template <class Line> ALWAYS_INLINE void mixed(const Line& line, ptrdiff_t x, ptrdiff_t pixels) const
+    template <class Line> NEVER_INLINE void mixed(const Line& line, ptrdiff_t x, ptrdiff_t pixels) const
     {
         Samples samples;
-        mix_samples<PairAlpha>(line, x, pixels, by, samples);
-        writer.line(samples.shown_at(line.dst + x * writer.bytes), 0, pixels, streamed);
+        mix_samples<ChromaAlpha>(line, x, pixels, by, samples);
+        sink.line(writer, shown(samples, samples, line.dst, x), pixels);
     }
-
-    template <class Line> ALWAYS_INLINE void two_lines(const Line& upper, const Line& lower, ptrdiff_t width) const
-    {
-        each_mixed_part(width, [&](ptrdiff_t x, ptrdiff_t pixels) VSURF_INLINED {
-            if (transparent(upper.subpicture.alpha + x, lower.subpicture.alpha + x, pixels)) {
-                Alone::write(*this, upper, lower, x, pixels);
-            } else {
-                mixed(upper, x, pixels);
-                mixed(lower, x, pixels);
-            }
-        });
-    }
-
     template <class Line>
-    ALWAYS_INLINE void block_by_block(const Line& upper, const Line& lower, ptrdiff_t from, ptrdiff_t end) const
+    NEVER_INLINE void mixed_in_turn(const Line& upper, const Line& lower, ptrdiff_t x, ptrdiff_t pixels) const
     {
         Samples samples, samples_lower;
-        each_mixed_part(end - from, [&](ptrdiff_t part, ptrdiff_t pixels) VSURF_INLINED {
-            const ptrdiff_t x = from + part;
-            mix_samples<PairAlpha>(upper, x, pixels, by, samples);
-            mix_samples<PairAlpha>(lower, x, pixels, by, samples_lower);
-            for (ptrdiff_t block = 0; block < pixels; block += kBlock) {
-                writer.line(samples.shown_at(upper.dst + x * writer.bytes), block, block + kBlock, false);
-                writer.line(samples_lower.shown_at(lower.dst + x * writer.bytes), block, block + kBlock, false);
-            }
+        mix_samples<ChromaAlpha>(upper, x, pixels, by, samples);
+        mix_samples<ChromaAlpha>(lower, x, pixels, by, samples_lower);
+        sink.blocks_in_turn(shown(samples, samples, upper.dst, x), shown(samples_lower, samples_lower, lower.dst, x),
+                            pixels);
+    }
+
+    template <class Unmixed, class Pairs> ALWAYS_INLINE void freely(const Pairs& pairs) const
+    {
+        pairs.each([&](const auto& upper, const auto& lower) VSURF_INLINED {
+            each_part(pairs.width, Samples::kPixels, [&](ptrdiff_t x, ptrdiff_t pixels, bool) VSURF_INLINED {
+                if (transparent(upper.subpicture.alpha + x, lower.subpicture.alpha + x, pixels)) {
+                    if (!Unmixed::write(upper, lower, x, x + pixels, by, writer))
+                        this->unmixed(upper, lower, x, pixels);
+                } else {
+                    this->mixed(upper, x, pixels);
+                    this->mixed(lower, x, pixels);
+                }
+            });
         });
     }
-
-    template <class Line> ALWAYS_INLINE void one_line(const Line& line, ptrdiff_t width) const
+    template <class Pairs> NEVER_INLINE void in_order(const Pairs& pairs) const
     {
-        each_mixed_part(width, [&](ptrdiff_t x, ptrdiff_t pixels) VSURF_INLINED { this->mixed(line, x, pixels); });
-    }
-
-    template <class Pairs> ALWAYS_INLINE void in_order(const Pairs& pairs, ptrdiff_t width) const
-    {
-        const ptrdiff_t strip = Pairs::kOrder == MixOrder::strip_by_strip ? kBlock : width;
-        for (ptrdiff_t x = 0; x < width; x += strip)
+        const ptrdiff_t strip = pairs.order == StoreOrder::by_strip ? kBlock : pairs.width;
+        for (ptrdiff_t from = 0; from < pairs.width; from += strip)
             pairs.each([&](const auto& upper, const auto& lower) VSURF_INLINED {
-                if constexpr (Pairs::kOrder == MixOrder::line_by_line) {
-                    this->one_line(upper, width);
-                    this->one_line(lower, width);
+                auto parts = [&](const auto& work) VSURF_INLINED {
+                    each_part(strip, Samples::kPixels,
+                              [&](ptrdiff_t x, ptrdiff_t pixels, bool) VSURF_INLINED { work(from + x, pixels); });
+                };
+                if (pairs.order == StoreOrder::by_line) {
+                    parts([&](ptrdiff_t x, ptrdiff_t pixels) VSURF_INLINED { this->mixed(upper, x, pixels); });
+                    parts([&](ptrdiff_t x, ptrdiff_t pixels) VSURF_INLINED { this->mixed(lower, x, pixels); });
                 } else {
-                    this->block_by_block(upper, lower, x, x + strip);
+                    parts([&](ptrdiff_t x, ptrdiff_t pixels)
+                              VSURF_INLINED { this->mixed_in_turn(upper, lower, x, pixels); });
                 }
             });
     }
 };
 
-// `pairs.each(work)` calls `work(upper, lower)` for each pair of lines in their order. Where pairs.order_shows(), its
-// lines overlap or do not share their chroma.
-template <class PairAlpha, class Alone, class Pairs> ALWAYS_INLINE void mix(const Pairs& pairs, const AnyWriter& writer)
+// `pairs.each(work)` calls `work(upper, lower)` for each pair of lines in their order. Where the order of stores
+// matters, its lines overlap or do not share their chroma. `ChromaAlpha` is the alpha of a pair's chroma.
+template <class ChromaAlpha, class Unmixed, class Pairs> ALWAYS_INLINE void mix(const Pairs& pairs, const AnySink& sink)
 {
-    const bool in_order = pairs.order_shows();
-    const Mixer<PairAlpha, Alone> mixer{writer, adjustments_now(), !in_order && pairs.streamed()};
-    if (in_order) return mixer.in_order(pairs, pairs.width());
-    pairs.each([&](const auto& upper, const auto& lower)
-                   VSURF_INLINED { mixer.two_lines(upper, lower, pairs.width()); });
-    if (mixer.streamed) fence_streaming();
+    Writer writer(pairs.target());
+    const Mixer<ChromaAlpha> mixer{sink, adjustments_now(), writer};
+    if (pairs.store_order_matters()) mixer.in_order(pairs);
+    else mixer.template freely<Unmixed>(pairs);
 }
 
 } // namespace vsurf::VSURF_ISA

@@ -4,40 +4,33 @@
 
 namespace vsurf::VSURF_ISA {
 
-// Calls `mixer` with the writer of the layout; layouts beyond the four mix nothing.
-template <class Mixer> ALWAYS_INLINE void mix_words(const MIX_INFO* job, const Mixer& mixer)
+[[maybe_unused]] static NEVER_INLINE void mix_frame(Job job, const AnySink& sink)
 {
-    with_rgb16_sink(job->contrast_info->rgb16_layout, [&](Rgb16 sink) VSURF_INLINED { mixer(AnyWriter::of(sink)); });
-}
-
-[[maybe_unused]] static NEVER_INLINE void mix_frame(MIX_INFO* job, const AnyWriter& writer)
-{
-    const auto pairs = frame_pairs(job, writer.bytes, job->picture_pitch);
-    mix<OddAlpha, ThroughSamples>(pairs, writer);
+    const auto pairs = frame_pairs(job, sink.bytes, job->picture_pitch);
+    mix<OddAlpha, ThroughSamples>(pairs, sink);
     consume(job, pairs);
 }
 
-void mix_ayuy2_rgb32_p_ajust(MIX_INFO* job) { mix_frame(job, AnyWriter::of(Rgb32{})); }
-void mix_ayuy2_rgb24_p_ajust(MIX_INFO* job) { mix_frame(job, AnyWriter::of(Rgb24{})); }
-void mix_ayuy2_rgb16_p_ajust(MIX_INFO* job)
+void mix_ayuy2_rgb32_p_ajust(Job job) { mix_frame(job, any_sink(Rgb32{})); }
+void mix_ayuy2_rgb24_p_ajust(Job job) { mix_frame(job, any_sink(Rgb24{})); }
+void mix_ayuy2_rgb16_p_ajust(Job job)
 {
-    mix_words(job, [=](const AnyWriter& words) { mix_frame(job, words); });
+    with_rgb16_sink(job->contrast_info->rgb16_layout, [=](Rgb16 sink) { mix_frame(job, any_sink(sink)); });
 }
 
 // Irregular: a pair's chroma takes the average of its alphas, heights below 4 still give four lines, and the record
 // stays as it is.
-[[maybe_unused]] static NEVER_INLINE void mix_field(const MIX_INFO* job, const AnyWriter& writer)
+[[maybe_unused]] static NEVER_INLINE void mix_field(Job job, const AnySink& sink)
 {
     const ptrdiff_t width = (at_least_one(job->width) + kBlock - 1) / kBlock * kBlock;
-    const auto pairs = field_pairs<MixOrder::strip_by_strip>(job, writer.bytes, width, 0, 0);
-    mix<AverageAlpha, ThroughSamples>(pairs, writer);
+    mix<AverageAlpha, ThroughSamples>(field_pairs(job, StoreOrder::by_strip, sink.bytes, width, 0, 0), sink);
 }
 
-void mix_ayuy2_rgb32_i_ajust(MIX_INFO* job) { mix_field(job, AnyWriter::of(Rgb32{})); }
-void mix_ayuy2_rgb24_i_ajust(MIX_INFO* job) { mix_field(job, AnyWriter::of(Rgb24{})); }
-void mix_ayuy2_rgb16_i_ajust(MIX_INFO* job)
+void mix_ayuy2_rgb32_i_ajust(Job job) { mix_field(job, any_sink(Rgb32{})); }
+void mix_ayuy2_rgb24_i_ajust(Job job) { mix_field(job, any_sink(Rgb24{})); }
+void mix_ayuy2_rgb16_i_ajust(Job job)
 {
-    mix_words(job, [=](const AnyWriter& words) { mix_field(job, words); });
+    with_rgb16_sink(job->contrast_info->rgb16_layout, [=](Rgb16 sink) { mix_field(job, any_sink(sink)); });
 }
 
 } // namespace vsurf::VSURF_ISA

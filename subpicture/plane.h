@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Lines of planes under lines of a subpicture. They count pixels, which each have an alpha, and do kUnit of them at
-// once: without the subpicture (`alone`), with alphas on the scale (`on_scale`), or, in blocks down to 8 samples, with
-// whatever alphas there are (`exact`).
+// Lines of planes under lines of a subpicture, in blocks down to 8 samples.
 #pragma once
-#include "scale/source.h"
+#include "frame/sink.h"
 #include "subpicture/blend.h"
 
 namespace vsurf::VSURF_ISA {
 
-// What the blended samples go through; they come in sixteenths from alphas on the scale. Nothing,
-struct AsTheyAre {
-    static constexpr bool kAlwaysExact = false;
+// What is done to blended samples: nothing. `sixteenths` takes them as the scale of alphas leaves them.
+struct Unadjusted {
+    static constexpr bool kFast = true;
+    static ALWAYS_INLINE bool suits() { return true; }
     template <int N> ALWAYS_INLINE Bytes<N> operator()(Bytes<N> samples) const { return samples; }
     template <int N> ALWAYS_INLINE Bytes<N> sixteenths(LowHighWords<N> x) const
     {
@@ -18,12 +17,14 @@ struct AsTheyAre {
     }
 };
 
-// the adjustment by a common gain, where 16 x * 64 gain >> 16 is the product >> 6,
-template <class Gain> struct AdjustedBy {
-    static constexpr bool kAlwaysExact = false;
-    static_assert(CommonGain::kHighest * 64 <= 65535);
+// Blended samples are adjusted. With the fast gain (16 x * 64 gain) >> 16 is (x * gain) >> 6, for `sixteenths`.
+template <class Gain> struct Adjusted {
+    static constexpr bool kFast = SameAs<Gain, FastGain>;
+    using Exact = Adjusted<WrappingGain>;
+    static_assert(FastGain::kHighest * 64 <= 65535);
     SampleAdjust by;
 
+    ALWAYS_INLINE bool suits() const { return Gain::suits(by); }
     template <int N> ALWAYS_INLINE Bytes<N> operator()(Bytes<N> samples) const { return adjusted<Gain>(by, samples); }
     template <int N> ALWAYS_INLINE Words<N> sixteenths(Words<N> x) const
     {
@@ -36,147 +37,81 @@ template <class Gain> struct AdjustedBy {
     }
 };
 
-// or by any other.
-template <> struct AdjustedBy<AnyGain> {
-    static constexpr bool kAlwaysExact = true;
-    SampleAdjust by;
-    template <int N> ALWAYS_INLINE Bytes<N> operator()(Bytes<N> samples) const
-    {
-        return adjusted<AnyGain>(by, samples);
-    }
-};
-
-template <class Source, class AfterBlend> struct LumaLine {
-    using After = AfterBlend;
-    static constexpr int kPixels = 1; // a sample
-    Source picture;
-    const uint8_t *over, *alpha;
-    uint8_t* dst;
-    After after;
-
-    template <Stores S, class Work> ALWAYS_INLINE void each_register(ptrdiff_t x, const Work& work) const
-    {
-        put(to<S>(dst + x), work(x));
-        put(to<S>(dst + x + kRegister), work(x + kRegister));
-    }
-    template <Stores S> ALWAYS_INLINE void alone(ptrdiff_t x) const
-    {
-        each_register<S>(x,
-                         [&](ptrdiff_t at) VSURF_INLINED { return after(picture.template bytes<kRegister, 1>(at)); });
-    }
-    template <Stores S> ALWAYS_INLINE void on_scale(ptrdiff_t x) const
-    {
-        each_register<S>(x, [&](ptrdiff_t at) VSURF_INLINED {
-            const auto weights = Weights<kRegister>::of(load<kRegister>(alpha + at));
-            return after.sixteenths(
-                weights.blend(picture.template bytes<kRegister, 1>(at), load<kRegister>(over + at)));
-        });
-    }
-    ALWAYS_INLINE void exact(ptrdiff_t x, ptrdiff_t end) const
-    {
-        for (; end - x >= 16; x += 16) {
-            auto p = picture.template bytes<16, 1>(x);
-            put(dst + x, after(blended(p, load<16>(over + x), load<16>(alpha + x))));
-        }
-        if (x == end) return;
-        auto p = picture.template words<16, 1>(x);
-        auto eight = blended(p, load_chroma<16>(over + x), load_chroma<16>(alpha + x));
-        put_first8(dst + x, after(pack_in_order(eight, eight)));
-    }
-};
-
-template <class PairAlpha> ALWAYS_INLINE Weights<kRegister> pair_weights(const uint8_t* alpha)
+// N alphas in the form that Blend::bytes takes, by what is known of them.
+struct Transparent {};
+template <Alphas known, class Alpha, int N> ALWAYS_INLINE auto load_alphas(const uint8_t* p)
 {
-    auto pairs = load_two<kRegister>(alpha);
-    return Weights<kRegister>::of(LowHighWords<kRegister>{PairAlpha::of(pairs.low), PairAlpha::of(pairs.high)});
+    if constexpr (known == Alphas::transparent) return Transparent{};
+    else if constexpr (known == Alphas::on_scale) return Alpha::template weights<N>(p);
+    else return Alpha::template words<N>(p);
 }
 
-template <class Source, class PairAlpha, class AfterBlend> struct ChromaLine {
-    using After = AfterBlend;
-    static constexpr int kPixels = 2;
-    Source picture;
-    const uint8_t *over, *alpha;
-    uint8_t* dst;
+template <Source Picture, class After> struct Blend {
+    Picture picture;
+    const uint8_t* subpicture;
     After after;
 
-    template <Stores S> ALWAYS_INLINE void alone(ptrdiff_t x) const
+    template <int N> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x, Transparent) const
     {
-        put(to<S>(dst + x / 2), after(picture.template bytes<kRegister, 1>(x / 2)));
+        return after(picture.template bytes<N, 1>(x));
     }
-    template <Stores S> ALWAYS_INLINE void on_scale(ptrdiff_t x, const Weights<kRegister>& weights) const
+    template <int N> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x, const Weights<N>& weights) const
     {
-        auto p = picture.template bytes<kRegister, 1>(x / 2);
-        put(to<S>(dst + x / 2), after.sixteenths(weights.blend(p, load<kRegister>(over + x / 2))));
+        return after.sixteenths(weights.blend(picture.template bytes<N, 1>(x), load<N>(subpicture + x)));
     }
-    template <Stores S> ALWAYS_INLINE void on_scale(ptrdiff_t x) const
+    template <int N> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x, LowHighWords<N> alphas) const
     {
-        on_scale<S>(x, pair_weights<PairAlpha>(alpha + x));
+        return after(blended(picture.template bytes<N, 1>(x), load<N>(subpicture + x), alphas));
     }
-    ALWAYS_INLINE void exact(ptrdiff_t x, ptrdiff_t end) const
+    ALWAYS_INLINE void store_eight(uint8_t* to, ptrdiff_t x, Words<16> alphas) const
     {
-        for (; x < end; x += 16) {
-            auto a = PairAlpha::of(as_words(load<16>(alpha + x)));
-            auto eight = blended(picture.template words<16, 1>(x / 2), load_chroma<16>(over + x / 2), a);
-            put_first8(dst + x / 2, after(pack_in_order(eight, eight)));
-        }
+        auto eight = blended(picture.template words<16, 1>(x), load_chroma<16>(subpicture + x), alphas);
+        put_first8(to, after(pack_in_order(eight, eight)));
     }
 };
 
-// All of a line.
-template <class Source, class PairAlpha, class AfterBlend> struct YuvLine {
-    using After = AfterBlend;
-    LumaLine<Source, After> y;
-    ChromaLine<Source, PairAlpha, After> u, v;
+// A line of one plane; x counts samples. Only the widest steps look at what kind of alphas they have.
+template <class Alpha, Source Picture, class After> struct BlendedLine {
+    static constexpr int kBytes = 1, kGrain = 1, kWidest = After::kFast ? kUnit / Alpha::kPixels : kBlock;
+    static constexpr bool kComplete = true, kEights = true;
+    using Exact = BlendedLine<Alpha, Picture, ExactOf<After>>;
+    Blend<Picture, After> blend;
     const uint8_t* alpha;
 
-    template <Stores S> ALWAYS_INLINE void alone(ptrdiff_t x) const
+    struct Registers {
+        Bytes<kRegister> of[kUnit / Alpha::kPixels / kRegister];
+    };
+    template <int> ALWAYS_INLINE Nothing shared(ptrdiff_t) const { return {}; }
+    template <int N> ALWAYS_INLINE auto own(ptrdiff_t x) const
     {
-        y.template alone<S>(x);
-        u.template alone<S>(x);
-        v.template alone<S>(x);
+        if constexpr (After::kFast && N == kWidest) {
+            return with_alphas(alpha + x * Alpha::kPixels, [=, this]<Alphas known>() VSURF_INLINED {
+                Registers registers;
+                for (int i = 0; i < N; i += kRegister)
+                    registers.of[i / kRegister] = this->template bytes<known, kRegister>(x + i);
+                return registers;
+            });
+        } else {
+            return bytes<Alphas::any, N>(x);
+        }
     }
-    template <Stores S> ALWAYS_INLINE void on_scale(ptrdiff_t x) const
+    template <class To, int N> static ALWAYS_INLINE void store(To to, Bytes<N> samples, Nothing) { put(to, samples); }
+    template <class To> static ALWAYS_INLINE void store(To to, const Registers& registers, Nothing)
     {
-        y.template on_scale<S>(x);
-        const auto weights = pair_weights<PairAlpha>(alpha + x);
-        u.template on_scale<S>(x, weights);
-        v.template on_scale<S>(x, weights);
+        for (int i = 0; i < kWidest; i += kRegister) put(to + i, registers.of[i / kRegister]);
     }
-    ALWAYS_INLINE void exact(ptrdiff_t x, ptrdiff_t end) const
+    ALWAYS_INLINE void store_eight(uint8_t* to, ptrdiff_t x) const
     {
-        y.exact(x, end);
-        u.exact(x, end);
-        v.exact(x, end);
+        blend.store_eight(to, x, Alpha::eight(alpha + x * Alpha::kPixels));
+    }
+
+private:
+    template <Alphas known, int N> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x) const
+    {
+        return blend.template bytes<N>(x, load_alphas<known, Alpha, N>(alpha + x * Alpha::kPixels));
     }
 };
-
-// By value: what has no address stays in registers around the stores.
-template <class Line> [[maybe_unused]] static NEVER_INLINE void blend_exactly(Line line, ptrdiff_t x, ptrdiff_t end)
-{
-    line.exact(x, end);
-}
-
-template <Stores S, class Line> ALWAYS_INLINE void blend_units(Line line, ptrdiff_t x, ptrdiff_t end)
-{
-    for (; x < end; x += kUnit) {
-        const auto alphas = alphas_at(line.alpha + x);
-        if (alphas == Alphas::transparent) line.template alone<S>(x);
-        else if (alphas == Alphas::on_scale) line.template on_scale<S>(x);
-        else blend_exactly(line, x, x + kUnit);
-    }
-}
-
-// The first `streamed` pixels, whole units, are streamed. Beyond the last unit no difference is made between alphas.
-template <class Line> ALWAYS_INLINE void blend_line(Line line, ptrdiff_t pixels, ptrdiff_t streamed)
-{
-    if constexpr (Line::After::kAlwaysExact) {
-        blend_exactly(line, 0, pixels);
-    } else {
-        const ptrdiff_t units = pixels & -kUnit;
-        if (streamed) blend_units<Stores::streaming>(line, 0, streamed);
-        blend_units<Stores::cached>(line, streamed, units);
-        if (units < pixels) blend_exactly(line, units, pixels);
-    }
-}
+static_assert(Line<BlendedLine<PixelAlpha, Row, Unadjusted>> &&
+              Line<BlendedLine<OddAlpha, Average<Row>, Adjusted<WrappingGain>>>);
 
 } // namespace vsurf::VSURF_ISA

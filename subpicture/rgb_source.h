@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// RGB drawings as a source: N pixels in four registers of b g r 0 a pixel, or whatever their fourth byte is.
+// RGB drawings as a source: N pixels in four registers, of b g r and a fourth byte each. That is 0, or the fourth byte
+// of RGB32.
 #pragma once
 #include "simd/simd.h"
 

@@ -100,9 +100,9 @@ INSTANTIATE_TEST_SUITE_P(Exports, HarnessSelfcheck, testing::ValuesIn(harness::e
 TEST(HarnessIndex, every_export_has_a_model)
 {
     const std::vector<std::string> indexed = {
-#define EXPORT_(name, params, args) #name,
+#define EXPORT(name, call) #name,
 #include "frame/exports.inc"
-#undef EXPORT_
+#undef EXPORT
     };
     std::vector<std::string> modelled;
     for (const Export& each : harness::exports()) modelled.push_back(each.name);

@@ -6,9 +6,9 @@ namespace harness {
 const vsurf::Kernels& exported()
 {
     static const vsurf::Kernels table = {
-#define EXPORT_(name, params, args) ::name,
+#define EXPORT(name, call) ::name,
 #include "frame/exports.inc"
-#undef EXPORT_
+#undef EXPORT
     };
     return table;
 }

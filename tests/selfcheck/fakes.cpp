@@ -190,9 +190,9 @@ template <auto kModel, class... Parameters> struct Fake<kModel, void(Parameters.
 } // namespace
 
 const vsurf::Kernels fakes = {
-#define EXPORT_(name, ...) Fake<&model::name, decltype(::name)>::call,
+#define EXPORT(name, record) Fake<&model::name, decltype(::name)>::call,
 #include "frame/exports.inc"
-#undef EXPORT_
+#undef EXPORT
 };
 
 } // namespace selfcheck

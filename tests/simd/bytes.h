@@ -8,7 +8,7 @@ namespace {
 
 template <int N> Bytes<N> mask_of(const Trial& t, int which) { return equal(t.bytes<N>(which), t.bytes<N>(which + 1)); }
 
-// A register of so many bytes that differ from 0 as the trial's number says: none, one, or as they come.
+// A register in which as many bytes differ from 0 as the trial's number says: none, one, or as they come.
 template <int N> Bytes<N> few(const Trial& t, int (&values)[N])
 {
     uint8_t made[N] = {};

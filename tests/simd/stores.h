@@ -125,6 +125,11 @@ constexpr Operation kEighths[] = {
               t.stores<uint8_t*>(
                   8, [&](uint8_t* to) { put_first8(to, t.bytes<N>(0)); }, [&](int i) { return t.byte(0, i); })),
     OPERATION("store_first8_yuyv", stores_first8_yuyv<N>(t)),
+#if VSURF_TEST_LANES
+    OPERATION("stream_few",
+              t.stores<Uncached>(
+                  12, [&](Uncached to) { stream_few(to.p, t.source(0), 12); }, [&](int i) { return t.source(0)[i]; })),
+#endif
     OPERATION("load_first8", t.yields(load_first8(t.source(0)), [&](int i) { return i < 8 ? t.source(0)[i] : 0; })),
     OPERATION("pixels_of_triples", t.yields(pixels_of_triples(t.bytes<N>(0)),
                                             [&](int i) { return i % 4 == 3 ? 0 : t.byte(0, i / 4 * 3 + i % 4); })),

@@ -58,6 +58,13 @@ static inline __attribute__((always_inline)) __m512i vsurf_mm512_shuffle_i64x2(_
     return simde__m512i_from_private(to);
 }
 
+static inline __attribute__((always_inline)) __m512i vsurf_mm512_alignr_epi64(__m512i a, __m512i b, int words)
+{
+    simde__m512i_private high = simde__m512i_to_private(a), low = simde__m512i_to_private(b), to;
+    for (int i = 0; i < 8; ++i) to.u64[i] = i + words < 8 ? low.u64[i + words] : high.u64[i + words - 8];
+    return simde__m512i_from_private(to);
+}
+
 static inline __attribute__((always_inline)) void vsurf_mm512_mask_storeu_epi64(void* p, __mmask8 mask, __m512i a)
 {
     long long words[8];
@@ -71,6 +78,7 @@ static inline __attribute__((always_inline)) void vsurf_mm512_mask_storeu_epi64(
 #undef _mm512_mulhi_epu16
 #undef _mm512_madd_epi16
 #undef _mm512_shuffle_i64x2
+#undef _mm512_alignr_epi64
 #undef _mm512_load_si512
 #undef _mm512_cvtepu8_epi16
 #undef _mm512_mask_storeu_epi64
@@ -78,6 +86,7 @@ static inline __attribute__((always_inline)) void vsurf_mm512_mask_storeu_epi64(
 #define _mm512_mulhi_epu16(a, b) vsurf_mm512_mulhi_epu16(a, b)
 #define _mm512_madd_epi16(a, b) vsurf_mm512_madd_epi16(a, b)
 #define _mm512_shuffle_i64x2(a, b, lanes) vsurf_mm512_shuffle_i64x2(a, b, lanes)
+#define _mm512_alignr_epi64(a, b, words) vsurf_mm512_alignr_epi64(a, b, words)
 #define _mm512_load_si512(p) vsurf_mm512_load_si512(p)
 #define _mm512_cvtepu8_epi16(a) vsurf_mm512_cvtepu8_epi16(a)
 #define _mm512_mask_storeu_epi64(p, mask, a) vsurf_mm512_mask_storeu_epi64(p, mask, a)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "bench/session.h"
+#include "bench/conditions.h"
 
 #include <benchmark/benchmark.h>
 
