@@ -3,7 +3,7 @@
 # which C++ callers of the platform's own compilers know it. They decorate a name with the types of what is returned and
 # passed. The checks compare the result with what clang, as such a compiler, makes of the header.
 # X is void, E unsigned char, H int, I unsigned int, Uname@@ a record, * marks a pointer to what follows, and a digit
-# repeats the type of so many pointers and records before.
+# repeats the type of an earlier pointer or record, counted from 0.
 set(types_Picture "*X000HHHH*Uajust_contrast_info@@")
 set(types_PlaneEnlargement "*E0HHHH")
 set(types_AdjustedPlaneEnlargement "*E0HHHH*Uajust_contrast_info@@H")

@@ -62,7 +62,7 @@
 /// locks. The only state that outlives a call is the picture adjustment, shared by the whole process and read once per
 /// call (by the two YV12 enlargers once per plane) by each function whose name contains `_ajust` or `_adjust`, unless
 /// it says otherwise. Do not let get_contrast_data() run during such a call, which may then work with some old and some
-/// new values. A call allocates nothing and uses up to 40 KiB of its thread's stack. docs/threads.md says which
+/// new values. A call allocates nothing and needs at most 40 KiB of its thread's stack. docs/threads.md says which
 /// functions can share a picture among threads.
 ///
 /// @par Instruction sets

@@ -89,7 +89,7 @@ public:
         buffers_->expected[end_++] = expected;
     }
 
-    // Compares so many bytes that `store` writes at any address, or at that of a register for a store past the caches,
+    // Compares the bytes that `store` writes at any address, or at that of a register for a store past the caches,
     // and what lies around them; where `of` yields -1 nothing is written.
     template <class To, class Store, class Of> void stores(int bytes, Store store, Of of)
     {
