@@ -6,7 +6,7 @@
 namespace vsurf::VSURF_ISA {
 namespace {
 
-// Which byte of both operands a zip of units of `size` bytes has at place i of a lane: the operand and its byte.
+// Which byte of both operands a zip of units of `unit` bytes has at place i of a lane: the operand and its byte.
 struct Zipped {
     int operand, byte;
 };
