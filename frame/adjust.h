@@ -85,7 +85,6 @@ struct WrappingGain {
 // A gain whose products never wrap. With the sample in the high byte of its word one multiplication also shifts:
 // (256 x * 4 gain) >> 16 is (x * gain) >> 6.
 struct FastGain {
-    using Exact = WrappingGain;
     static constexpr int kWidest = kRegister, kHighest = 65535 / 255;
     static ALWAYS_INLINE bool suits(SampleAdjust by) { return by.gain >= 0 && by.gain <= kHighest; }
     static ALWAYS_INLINE bool suits(const Adjustments& by) { return suits(by.luma) && suits(by.u); }

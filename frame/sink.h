@@ -129,11 +129,14 @@ static_assert(Sink<Rgb32> && Sink<Rgb24> && Sink<Rgb16> && Sink<Yuy2> && Sink<Yu
 template <Sink Format, Source Y, class Chroma> struct PixelLine {
     static constexpr int kBytes = Format::kBytes, kGrain = 2, kWidest = Y::kWidest;
     static constexpr bool kComplete = Format::kComplete, kEights = false, kMayRepeat = true;
-    using Exact = PixelLine<Format, ExactOf<Y>, ExactOf<Chroma>>;
     Y y;
     Chroma uv;
     Format format;
 
+    ALWAYS_INLINE PixelLine<Format, ExactOf<Y>, ExactOf<Chroma>> exact() const
+    {
+        return {VSURF_ISA::exact(y), VSURF_ISA::exact(uv), format};
+    }
     template <int N> ALWAYS_INLINE auto shared(ptrdiff_t x) const
     {
         return Format::chroma(uv.template of<N, Format::kWeave>(x));
@@ -153,9 +156,9 @@ struct Nothing {};
 template <Source Of> struct PlaneLine {
     static constexpr int kBytes = 1, kGrain = 1, kWidest = Of::kWidest;
     static constexpr bool kComplete = true, kEights = true;
-    using Exact = PlaneLine<ExactOf<Of>>;
     Of of;
 
+    ALWAYS_INLINE PlaneLine<ExactOf<Of>> exact() const { return {VSURF_ISA::exact(of)}; }
     template <int> ALWAYS_INLINE Nothing shared(ptrdiff_t) const { return {}; }
     template <int N> ALWAYS_INLINE Bytes<N> own(ptrdiff_t x) const { return of.template bytes<N, 1>(x); }
     template <class To, int N> ALWAYS_INLINE void store(To to, Bytes<N> samples, Nothing) const { put(to, samples); }

@@ -78,20 +78,13 @@ struct Target {
     ALWAYS_INLINE size_t bytes() const { return static_cast<size_t>(line_bytes) * static_cast<size_t>(pairs) * 2; }
 };
 
-// A line in the form that is the same for all lines. writer.cpp puts streamed lines together through it.
+// A line in the form that is the same for all lines, for blocks that are made on the stack: writer.cpp puts the ends of
+// lines together of them.
 struct AnyLine {
-    struct Kind {
-        int bytes, grain, widest;
-        // Streams a range of the body. Step i leaves what it made for the other line of a pair at `kept`, i times
-        // `kept_step` places on.
-        void (*stream)(const void* line, uint8_t* to, Range body, void* kept, ptrdiff_t kept_step);
-        // The same for the other line, which takes it from there.
-        void (*stream_with_kept)(const void* line, uint8_t* to, Range body, const void* kept);
-        void (*store_blocks)(const void* line, uint8_t* to, Range r, ptrdiff_t line_end);
-    };
-    const void* line;
-    const Kind* kind;
+    const void* exact; // the line, in the form that is right for every gain
+    void (*store_blocks)(const void* exact, uint8_t* to, Range r, ptrdiff_t line_end);
     uint8_t* to;
+    int bytes;
 };
 
 constexpr ptrdiff_t kCacheLine = 64;
@@ -104,43 +97,49 @@ public:
     Writer& operator=(const Writer&) = delete;
 
     // One line, whose unit 0 goes to `to`.
-    template <Line L> NEVER_INLINE void line(const L& line, uint8_t* to, Range r)
+    template <Line L> ALWAYS_INLINE void line(const L& line, uint8_t* to, Range r) const
     {
-        if constexpr (kStreamable<L>)
-            if (streamed_) {
-                const L copy = line; // only the copy has an address
-                if (stream({&copy, &kKind<L>, to}, r)) return;
-            }
+        if constexpr (kStreamable<L>) {
+            if (streamed_whole_) r.from = stream_cache_lines(line, to, r);
+            else if (streams_parts<L>(to, r)) return stream_parts(line, to, r);
+        }
         store_line(line, to, r);
     }
 
     // Two lines with the same chroma.
     template <Line Upper, Line Lower>
-    NEVER_INLINE void pair(const Upper& upper, const Lower& lower, uint8_t* to_upper, uint8_t* to_lower, Range r)
+    ALWAYS_INLINE void pair(const Upper& upper, const Lower& lower, uint8_t* to_upper, uint8_t* to_lower, Range r) const
     {
-        if constexpr (kStreamable<Upper> && kStreamable<Lower> && !Upper::kEights) {
-            if (streamed_) {
-                const Upper first = upper; // only the copies have addresses
-                const Lower second = lower;
-                if (stream_pair({&first, &kKind<Upper>, to_upper}, {&second, &kKind<Lower>, to_lower}, r)) return;
+        if constexpr (kStreamable<Upper> && kStreamable<Lower>) {
+            if (streamed_whole_) {
+                r.from = stream_cache_lines(upper, lower, to_upper, to_lower, r);
+            } else if (streams_parts<Upper>(to_upper, r) && streams_parts<Lower>(to_lower, r)) {
+                stream_parts(upper, to_upper, r);
+                return stream_parts(lower, to_lower, r);
             }
-        } else if (kStreamable<Upper> && kStreamable<Lower> && streamed_) {
-            line(upper, to_upper, r);
-            return line(lower, to_lower, r);
         }
-        store_pair(upper, lower, to_upper, to_lower, r);
+        r.from = store_steps(upper, lower, to_upper, to_lower, r);
+        if (r.from >= r.end) return;
+        store_exactly(upper, to_upper, r);
+        store_exactly(lower, to_lower, r);
     }
 
     // The block at x that closes each of two lines with the same chroma, where it is made otherwise than the rest.
     template <Line Upper, Line Lower>
     ALWAYS_INLINE void closing_blocks(const Upper& upper, const Lower& lower, uint8_t* to_upper, uint8_t* to_lower,
-                                      ptrdiff_t x)
+                                      ptrdiff_t x) const
     {
-        if (!streamed_) return store_both<kBlock>(upper, lower, to_upper, to_lower, x);
-        const Upper first = upper;
-        const Lower second = lower;
-        stream_block({&first, &kBlockKind<Upper>, to_upper}, x);
-        stream_block({&second, &kBlockKind<Lower>, to_lower}, x);
+        if constexpr (kStreamable<Upper> && kStreamable<Lower>) {
+            constexpr bool whole = kBlock % kFilling<Upper> == 0;
+            const Range r{x, x + kBlock};
+            if (whole && streamed_whole_)
+                return store_both<kBlock>(upper, lower, Uncached{to_upper}, Uncached{to_lower}, x);
+            if (streams_parts<Upper>(to_upper, r) && streams_parts<Lower>(to_lower, r)) {
+                stream_block(upper, to_upper, x);
+                return stream_block(lower, to_lower, x);
+            }
+        }
+        store_both<kBlock>(upper, lower, to_upper, to_lower, x);
     }
 
     // Two lines that overlap or have chroma of their own: a block of the one and a block of the other in turn. Blocks
@@ -158,46 +157,47 @@ public:
     // Stores a line block after block, by ordinary stores.
     template <Line L> static ALWAYS_INLINE void blocks(const L& line, uint8_t* to, Range r)
     {
-        store_blocks<ExactOf<L>>(&line, to, r, r.end);
+        const auto copy = exact(line); // only the copy has an address
+        store_blocks<ExactOf<L>>(&copy, to, r, r.end);
     }
 
     // Stores a line in the widest steps, by ordinary stores.
-    template <Line L> static ALWAYS_INLINE void store_line(const L& line_in, uint8_t* to, Range r)
+    template <Line L> static ALWAYS_INLINE void store_line(const L& line, uint8_t* to, Range r)
     {
-        const L line = line_in;
-        for (; r.end - r.from >= L::kWidest; r.from += L::kWidest)
-            store_units<L::kWidest>(line, to + r.from * L::kBytes, r.from);
-        if (r.from < r.end) store_exactly(line_in, to, r);
+        r.from = store_steps(line, to, r);
+        if (r.from < r.end) store_exactly(line, to, r);
     }
 
     // or in small ones, which are right for every gain.
     template <Line L> static ALWAYS_INLINE void store_exactly(const L& line, uint8_t* to, Range r)
     {
-        if constexpr (L::kEights) store_eights<ExactOf<L>>(&line, to, r);
-        else blocks(line, to, r);
+        const auto copy = exact(line);
+        if constexpr (L::kEights) store_eights<ExactOf<L>>(&copy, to, r);
+        else store_blocks<ExactOf<L>>(&copy, to, r, r.end);
     }
 
 private:
-    template <Line L> static constexpr bool kStreamable = kStoresPastCaches&& L::kComplete;
+    template <Line L> static constexpr bool kStreamable = L::kComplete ? kStoresPastCaches : false;
     // Whether units may be stored again, which is faster than to store the last block of a line by itself. Planes may
     // be written where they are read.
     template <Line L> static constexpr bool kMayRepeat = requires { requires L::kMayRepeat; };
-    template <Line L> using Shared = decltype(instance<L>().template shared<L::kWidest>(0));
 
-    // The line may be another form of L.
-    template <Line L> static ALWAYS_INLINE L copy_of(const void* line)
+    // The units that fill cache lines.
+    template <Line L> static constexpr int kFilling = kCacheLine / (L::kBytes & -L::kBytes);
+
+    // Whether a line is streamed from where one of its units begins a cache line, and one does so.
+    template <Line L> ALWAYS_INLINE bool streams_parts(const uint8_t* to, Range r) const
     {
-        L copy;
-        __builtin_memcpy(&copy, line, sizeof copy);
-        return copy;
+        constexpr uintptr_t step = L::kGrain * (L::kBytes & -L::kBytes);
+        return streamed_parts_ && reinterpret_cast<uintptr_t>(to) % step == 0 && r.end - r.from >= kBlock;
     }
 
     // Blocks of 16 units; a last one that is cut at the end of the range is made whole, earlier where the line ends.
-    // Here as elsewhere the loop works on a copy of the line: what has no address stays in registers around the stores.
+    // What has no address, as the copy here, stays in registers around the stores.
     template <Line L>
     static NEVER_INLINE void store_blocks(const void* line_in, uint8_t* to, Range r, ptrdiff_t line_end)
     {
-        const L line = copy_of<L>(line_in);
+        const L line = *static_cast<const L*>(line_in);
         for (ptrdiff_t at = r.from; at < r.end; at += kBlock) {
             const ptrdiff_t x = at + kBlock <= line_end ? at : line_end - kBlock;
             store_units<kBlock>(line, to + x * L::kBytes, x);
@@ -207,7 +207,7 @@ private:
     // Whole blocks, and the last units by eights.
     template <Line L> static NEVER_INLINE void store_eights(const void* line_in, uint8_t* to, Range r)
     {
-        const L line = copy_of<L>(line_in);
+        const L line = *static_cast<const L*>(line_in);
         for (; r.end - r.from >= kBlock; r.from += kBlock) store_units<kBlock>(line, to + r.from * L::kBytes, r.from);
         for (; r.from < r.end; r.from += 8) {
             const ptrdiff_t x = r.from + 8 <= r.end ? r.from : r.end - 8;
@@ -225,14 +225,31 @@ private:
         upper.store(to_upper + x * Upper::kBytes, first, shared);
         lower.store(to_lower + x * Lower::kBytes, second, shared);
     }
-    template <Line Upper, Line Lower>
-    static ALWAYS_INLINE void store_pair(const Upper& upper_in, const Lower& lower_in, uint8_t* to_upper,
-                                         uint8_t* to_lower, Range r)
+
+    // Both return where the rest begins.
+    template <Line L> static ALWAYS_INLINE ptrdiff_t store_steps(const L& line, uint8_t* to, Range r)
     {
-        const Upper upper = upper_in;
-        const Lower lower = lower_in;
+        constexpr int N = L::kWidest;
         const ptrdiff_t begin = r.from;
+        for (; r.end - r.from >= N; r.from += N) store_units<N>(line, to + r.from * L::kBytes, r.from);
+        if (r.from >= r.end) return r.end;
+        if (kMayRepeat<L> && r.end - begin >= N) {
+            store_units<N>(line, to + (r.end - N) * L::kBytes, r.end - N);
+            return r.end;
+        }
+        if constexpr (L::kEights) {
+            for (; r.end - r.from >= kBlock; r.from += kBlock)
+                store_units<kBlock>(line, to + r.from * L::kBytes, r.from);
+            for (; r.end - r.from >= 8; r.from += 8) line.store_eight(to + r.from * L::kBytes, r.from);
+        }
+        return r.from;
+    }
+    template <Line Upper, Line Lower>
+    static ALWAYS_INLINE ptrdiff_t store_steps(const Upper& upper, const Lower& lower, uint8_t* to_upper,
+                                               uint8_t* to_lower, Range r)
+    {
         constexpr int N = Upper::kWidest;
+        const ptrdiff_t begin = r.from;
         for (; r.from < r.end; r.from += N) {
             if (r.end - r.from < N) {
                 if (!kMayRepeat<Upper> || !kMayRepeat<Lower> || r.end - begin < N) break;
@@ -240,54 +257,84 @@ private:
             }
             store_both<N>(upper, lower, to_upper, to_lower, r.from);
         }
-        if (r.from >= r.end) return;
-        blocks(upper_in, to_upper, r);
-        blocks(lower_in, to_lower, r);
+        return r.from;
     }
 
-    template <Line L>
-    static NEVER_INLINE void stream_body(const void* line_in, uint8_t* to, Range body, void* kept, ptrdiff_t kept_step)
+    // Where the widest steps of whole cache lines end: both are powers of two.
+    template <Line L> static ALWAYS_INLINE ptrdiff_t end_of_steps(Range r)
     {
-        constexpr int N = L::kWidest;
-        const L line = *static_cast<const L*>(line_in);
-        auto* shared = static_cast<Shared<L>*>(kept);
-        for (; body.from < body.end; body.from += N, shared += kept_step) {
-            *shared = line.template shared<N>(body.from);
-            line.store(Uncached{to + body.from * L::kBytes}, line.template own<N>(body.from), *shared);
+        constexpr int filling = kFilling<L>;
+        return r.from + ((r.end - r.from) & -filling & -L::kWidest);
+    }
+    // Whole cache lines of lines that begin with one. Returns where the rest begins, which is stored as usual.
+    template <Line L> ALWAYS_INLINE ptrdiff_t stream_cache_lines(const L& line, uint8_t* to, Range r) const
+    {
+        const Uncached past{to};
+        for (const ptrdiff_t end = end_of_steps<L>(r); r.from < end; r.from += L::kWidest)
+            store_units<L::kWidest>(line, past + r.from * L::kBytes, r.from);
+        if constexpr (kFilling<L> <= kBlock)
+            for (; r.end - r.from >= kBlock; r.from += kBlock)
+                store_units<kBlock>(line, past + r.from * L::kBytes, r.from);
+        return r.from;
+    }
+    // The same of two lines, one after the other: two at a time get in each other's way in the write-combining buffers.
+    // The upper line keeps what it makes of the chroma for the lower one, a part at a time.
+    template <Line Upper, Line Lower>
+    ALWAYS_INLINE ptrdiff_t stream_cache_lines(const Upper& upper, const Lower& lower, uint8_t* to_upper,
+                                               uint8_t* to_lower, Range r) const
+    {
+        constexpr int N = Upper::kWidest;
+        const Uncached past_upper{to_upper}, past_lower{to_lower};
+        decltype(upper.template shared<N>(0)) kept[kStackPart / N];
+        for (const ptrdiff_t end = end_of_steps<Upper>(r); r.from < end;) {
+            const ptrdiff_t from = r.from, part = end - from < kStackPart ? end : from + kStackPart;
+            auto* shared = kept;
+            for (ptrdiff_t x = from; x < part; x += N, shared++) {
+                *shared = upper.template shared<N>(x);
+                upper.store(past_upper + x * Upper::kBytes, upper.template own<N>(x), *shared);
+            }
+            shared = kept;
+            for (; r.from < part; r.from += N, shared++)
+                lower.store(past_lower + r.from * Lower::kBytes, lower.template own<N>(r.from), *shared);
         }
+        if constexpr (kFilling<Upper> <= kBlock)
+            for (; r.end - r.from >= kBlock; r.from += kBlock)
+                store_both<kBlock>(upper, lower, past_upper, past_lower, r.from);
+        return r.from;
     }
-    template <Line L>
-    static NEVER_INLINE void stream_with_kept(const void* line_in, uint8_t* to, Range body, const void* kept)
+
+    template <Line L, class Exact> static ALWAYS_INLINE AnyLine any_line(const Exact& exact, uint8_t* to)
     {
-        constexpr int N = L::kWidest;
-        const L line = *static_cast<const L*>(line_in);
-        for (auto* shared = static_cast<const Shared<L>*>(kept); body.from < body.end; body.from += N, shared++)
-            line.store(Uncached{to + body.from * L::kBytes}, line.template own<N>(body.from), *shared);
+        return {&exact, store_blocks<Exact>, to, L::kBytes};
     }
+    // A line from where one of its units begins a cache line, and what comes before and after.
+    template <Line L> static ALWAYS_INLINE void stream_parts(const L& line, uint8_t* to, Range r)
+    {
+        const L copy = line; // only the copy has an address
+        stream_parts_of(&copy, to, r);
+    }
+    template <Line L> static NEVER_INLINE void stream_parts_of(const L* line_in, uint8_t* to, Range r)
+    {
+        const L line = *line_in;
+        const auto exact_copy = exact(line);
+        const AnyLine any = any_line<L>(exact_copy, to);
+        const Uncached past{to};
+        const Range body = stream_head(any, r, L::kWidest);
+        for (ptrdiff_t x = body.from; x < body.end; x += L::kWidest)
+            store_units<L::kWidest>(line, past + x * L::kBytes, x);
+        stream_rest(any, {body.end, r.end});
+    }
+    template <Line L> static ALWAYS_INLINE void stream_block(const L& line, uint8_t* to, ptrdiff_t x)
+    {
+        const auto copy = exact(line);
+        stream_rest(any_line<L>(copy, to), {x, x + kBlock});
+    }
+    // Returns what the widest steps can do from where a unit begins a cache line.
+    static Range stream_head(const AnyLine& line, Range r, int widest);
+    static void stream_rest(const AnyLine& line, Range r);
 
-    template <Line L>
-    static constexpr AnyLine::Kind kKind = {
-        .bytes = L::kBytes,
-        .grain = L::kGrain,
-        .widest = L::kWidest,
-        .stream = stream_body<L>,
-        .stream_with_kept = stream_with_kept<L>,
-        .store_blocks = store_blocks<ExactOf<L>>,
-    };
-
-    template <Line L>
-    static constexpr AnyLine::Kind kBlockKind = {
-        L::kBytes, L::kGrain, kBlock, nullptr, nullptr, store_blocks<ExactOf<L>>,
-    };
-
-    void stream_block(const AnyLine& line, ptrdiff_t x) const; // of a line that is streamed
-    // False: nothing was done, since no unit begins a cache line or the range is too short.
-    bool stream(const AnyLine& line, Range r) const;
-    bool stream_pair(const AnyLine& upper, const AnyLine& lower, Range r) const;
-
-    const ptrdiff_t to_next_; // bytes from a pair of lines to the next one
-    const bool aligned_;      // every line begins a cache line
-    const bool streamed_;
+    const bool streamed_whole_; // every line begins a cache line
+    const bool streamed_parts_; // lines begin anywhere
 };
 
 } // namespace vsurf::VSURF_ISA

@@ -66,9 +66,8 @@ ALWAYS_INLINE New interpolated(const uint8_t* plane, ptrdiff_t pitch, ptrdiff_t 
 
 // Two lines of samples that are adjusted after they have been interpolated.
 template <class Luma, class Chroma>
-[[maybe_unused]] static NEVER_INLINE void write_interpolated(Writer& writer, const PlanarEnlargement& e,
-                                                             const Adjustments& by, Neighbours n, uint8_t* upper,
-                                                             uint8_t* lower)
+ALWAYS_INLINE void write_interpolated(const Writer& writer, const PlanarEnlargement& e, const Adjustments& by,
+                                      Neighbours n, uint8_t* upper, uint8_t* lower)
 {
     using Samples = PlanarChroma<Adjust<FastGain, Chroma>>;
     const Samples uv{{by.u, interpolated<Chroma>(e.start.u, e.chroma_pitch, n.c, n.c_below)},
