@@ -46,16 +46,11 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/vsurf.pc.in ${PROJECT_BINARY_DIR}/vsurf
 install(FILES ${PROJECT_BINARY_DIR}/vsurf.pc DESTINATION ${pkgconfig_dir} COMPONENT development)
 
 # Pages and documents.
-file(GLOB pages_of_functions CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/man/*.3)
-file(GLOB pages_of_programs CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/man/*.1)
-if(pages_of_functions)
-    install(FILES ${pages_of_functions} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development)
+if(VSURF_BUILD_TOOLS)
+    install(FILES ${PROJECT_SOURCE_DIR}/man/vsurf-play.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
 endif()
-if(pages_of_programs AND VSURF_BUILD_TOOLS)
-    install(FILES ${pages_of_programs} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
-endif()
-install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/README.md
-    DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+    ${PROJECT_SOURCE_DIR}/SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
     FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.jpg" PATTERN "*.svg" PATTERN "examples/*.[ch]"
     PATTERN site EXCLUDE)

@@ -178,6 +178,7 @@ check_install()
     names "$prefix" >"$scratch/install/names"
     "$prefix/bin/vsurf-play" --version
     tests/install/check_sbom.py "$prefix/share/doc/vsurf/vsurf.spdx.json" "$prefix" .
+    docs/site/links.py "$prefix/share/doc/vsurf"
     find_here "$prefix"
     use_vsurf "$prefix"
     use_otherwise "$prefix"
