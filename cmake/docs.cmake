@@ -23,10 +23,12 @@ find_program(VSURF_DOXYGEN doxygen)
 mark_as_advanced(VSURF_DOXYGEN)
 if(VSURF_DOXYGEN)
     set(docs_environment ${CMAKE_COMMAND} -E env VSURF_VERSION=${PROJECT_VERSION} VSURF_DOCS=${PROJECT_BINARY_DIR}/docs)
+    file(GLOB diagrams CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/diagrams/*.svg)
     add_custom_target(docs
         COMMAND ${CMAKE_COMMAND} -E rm -rf ${PROJECT_BINARY_DIR}/docs
         COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/docs
         COMMAND ${docs_environment} ${VSURF_DOXYGEN} docs/Doxyfile
+        COMMAND ${CMAKE_COMMAND} -E copy ${diagrams} ${PROJECT_BINARY_DIR}/docs/html
         WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} VERBATIM
         COMMENT "Reference site in ${PROJECT_BINARY_DIR}/docs/html")
 endif()

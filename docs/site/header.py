@@ -3,13 +3,14 @@
 """Reads the comments of the public header. Called as a program it is Doxygen's input filter: header.py FILE
 
 Arguments that several functions share stand once in the header, in a group whose name ends with _arguments. The site
-shows them with each function, and the groups not at all."""
+shows them with each function, and the groups not at all. Names of pages become links."""
 import re
 import sys
 from dataclasses import dataclass, field
 
 SHARED = re.compile(r"/// @defgroup (\w+_arguments) ")
 COPY = re.compile(r"/// @copydetails (\w+)$")
+PAGE = re.compile(r"\bdocs/([\w-]+)\.md\b")
 
 
 @dataclass
@@ -54,7 +55,7 @@ def for_site(lines):
         if match and match.group(1) in arguments:
             yield from arguments[match.group(1)]
         elif not hidden:
-            yield line
+            yield PAGE.sub(r'@ref \1 "docs/\1.md"', line) if line.startswith("///") else line
 
 
 if __name__ == "__main__":
