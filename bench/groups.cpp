@@ -70,7 +70,7 @@ void add_library(std::vector<Contender>& to, const Contender& like, const Export
     }
 }
 
-// It keeps the mixer's places of planes and surface: where its own surface would lie, the mixer has its alpha.
+// It keeps the mixer's places of planes and surface: where its own surface would be, the mixer has its alpha.
 void add_loader(std::vector<Contender>& to, const Contender& like, const Export& loader, const Place& place)
 {
     const Layout layout = layout_of(loader.access, place.size, place.placement);

@@ -32,7 +32,7 @@ file(RELATIVE_PATH up_to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_I
 string(REGEX REPLACE "/$" "" up_to_prefix "${up_to_prefix}")
 file(RELATIVE_PATH libdir_in_prefix ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
 file(RELATIVE_PATH includedir_in_prefix ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
-# On x86 the compiler's own runtime tells which processor this is. Compilers link it unasked; with `-nodefaultlibs` it
+# On x86 the compiler's own runtime detects the processor. Compilers link it by default; with `-nodefaultlibs` it
 # has to be named.
 set(private_libraries)
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i.86" AND "gcc" IN_LIST CMAKE_C_IMPLICIT_LINK_LIBRARIES)

@@ -4,7 +4,7 @@
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     set(windows_arch x86_64)
     set(dlltool_machine i386:x86-64)
-    # Only 16 bytes of alignment are certain on the stack, yet GCC (but for Debian's, which is mended) spills wider vectors
+    # Only 16 bytes of alignment are certain on the stack, yet GCC (except Debian's, which is patched) spills wider vectors
     # as if they were aligned.
     target_compile_options(vsurf_options INTERFACE -Wa,-muse-unaligned-vector-move)
 else()

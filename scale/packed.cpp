@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Packed YUY2 pictures, enlarged both ways. Every line has chroma of its own, interpolated like its luma.
 //
-// Positions count the source's bytes: of every two the even one is luma. Its right neighbour lies two bytes on, that of
-// a chroma byte four.
+// Positions count the source's bytes: of every two the even one is luma. Its right neighbour is two bytes further, that
+// of a chroma byte four.
 #include "frame/dispatch.h"
 #include "frame/packed_bytes.h"
 #include "scale/adjusted.h"

@@ -19,15 +19,15 @@ struct PlaneLines {
     ALWAYS_INLINE Row row_below(ptrdiff_t line) const { return row(line + 1 == lines ? line : line + 1); }
     ALWAYS_INLINE uint8_t* to(ptrdiff_t line) const { return dst + line * dst_pitch; }
 
-    // Irregular: all strips but the last one write their last line to the line below the plane, and leave the plane's
-    // own.
+    // Irregular: all strips except the last one write their last line to the line below the plane, and leave the
+    // plane's own.
     ALWAYS_INLINE uint8_t* to_lower(ptrdiff_t line, bool last_strip) const
     {
         return to(2 * line + (line + 1 == lines && !last_strip ? 2 : 1));
     }
 };
 
-// All strips but the last one, line by line, where lines do not overlap.
+// All strips except the last one, line by line, where lines do not overlap.
 ALWAYS_INLINE void double_lines(const PlaneLines& p, ptrdiff_t line_bytes)
 {
     const Range ahead{0, line_bytes / 2 - kStrip};

@@ -216,7 +216,7 @@ template <class To> ALWAYS_INLINE void put_thirds(To to, Bytes<16> a, Bytes<16> 
 }
 
 // Streams a few bytes: addresses and count are multiples of 4. Of `from`, which has just been stored 16 bytes at a
-// time, no piece is read that lies in two of those stores.
+// time, no piece is read that spans two of those stores.
 ALWAYS_INLINE void stream_few(uint8_t* to, const uint8_t* from, ptrdiff_t count)
 {
     if (reinterpret_cast<uintptr_t>(to) % 16 == 0)

@@ -183,7 +183,7 @@ bool Decoder::seek(double time)
     return true;
 }
 
-// A container that carries nothing but the video announces the video's length; with sound in it, only the stream's own
+// A container with only the video announces the video's length; with sound in it, only the stream's own
 // word counts, and an estimate from the bit rate never does.
 void Decoder::notice_missing_end()
 {

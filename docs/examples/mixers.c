@@ -26,10 +26,10 @@ int main(void)
 
     MIX_INFO job = mix_onto(yuy2, 2 * WIDTH);
     mix_ayuy2_yuy2_p_ajust(&job);
-    expect("frame, beside the box: Y", yuy2[0], 100);
+    expect("frame, outside the box: Y", yuy2[0], 100);
     expect("in the box: Y", yuy2[2 * INSIDE], (4 * 100 + 12 * 209) / 16);
 
-    /* The upper field alone: every other line of the frame, doubled back to HEIGHT lines. */
+    /* Only the upper field: every other line of the frame, doubled back to HEIGHT lines. */
     job = mix_onto(yuy2, 2 * WIDTH);
     job.picture_pitch = 2 * WIDTH;
     mix_ayuy2_yuy2_i_ajust(&job);

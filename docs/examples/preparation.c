@@ -6,7 +6,7 @@
 int main(void)
 {
     draw_box();
-    expect("beside the box: alpha", alpha[0], 0);
+    expect("outside the box: alpha", alpha[0], 0);
     expect("Y, as it was: the key's blocks are skipped", sub_y[0], 0);
     expect("in the box: alpha", alpha[INSIDE], ALPHA);
     expect("Y", sub_y[INSIDE], 209);

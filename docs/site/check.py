@@ -38,12 +38,12 @@ def text_of(member, part):
 
 
 def what_lacks(member):
-    """What a function's documentation lacks, in words."""
+    """What is missing in a function's documentation, in words."""
     lacking = [part for part in ("briefdescription", "detaileddescription") if not text_of(member, part)]
     declared = [name.text for name in member.findall("param/declname")]
-    told = {item.findtext("parameternamelist/parametername"): "".join(item.find("parameterdescription").itertext()).strip()
+    described = {item.findtext("parameternamelist/parametername"): "".join(item.find("parameterdescription").itertext()).strip()
             for item in member.iter("parameteritem")}
-    lacking += [f"parameter {name}" for name in declared if not told.get(name)]
+    lacking += [f"parameter {name}" for name in declared if not described.get(name)]
     titles = {title.text for title in member.iter("title")}
     if "Reads and writes" not in titles:
         lacking.append("what it reads and writes")

@@ -67,7 +67,7 @@ Between just(const Pointer& line) { return {line, line, false}; }
 
 Between line_and_next(const Pointer& line, int32_t step) { return {line, line.plus(step), true}; }
 
-// Where a band stands, and how far apart its source lines lie.
+// Where a band stands, and how far apart its source lines are.
 struct Band {
     Pointer y, u, v, dst;
     int32_t luma_step, chroma_step;

@@ -24,7 +24,7 @@ Line average(const Line& a, const Line& b);
 // before; one that is the neighbour of a block's last sample is treated as `ahead` in that place.
 Line doubled(const Line& line, const Treat& treat, const Treat& ahead, size_t block);
 
-// What lies between line s and the next: their average. The last line has no next one and stands for it.
+// The new line between line s and the next: their average. The last line has no next one and takes its place.
 Line between(const Lines& lines, size_t s);
 
 // The same with a filter of four lines from line `first` on, as far as there are four.
