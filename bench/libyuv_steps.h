@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The steps that libyuv's ways to a surface are made of.
+// The steps of libyuv's ways to a surface.
 #pragma once
 #include <libyuv.h>
 

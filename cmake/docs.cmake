@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The documents that are made of the header. The man pages of section 3, with every build, in man of the build tree: they
+# The documents that are made from the header. The man pages of section 3, with every build, in man of the build tree: they
 # need Python, and are left out without it. `cmake --build build --target docs`: the reference site, in docs/html of the
 # build tree, and what checks look at in docs/xml. It needs Doxygen and Python.
 find_package(Python3 COMPONENTS Interpreter)

@@ -4,7 +4,7 @@
 include(CMakePackageConfigHelpers)
 
 set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
-    GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)      # no more, whatever the umask
+    GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)      # the same for every umask
 
 foreach(library vsurf vsurf_static)
     target_include_directories(${library} INTERFACE

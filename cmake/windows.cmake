@@ -20,7 +20,7 @@ configure_file(${PROJECT_SOURCE_DIR}/frame/vsurf.rc.in ${PROJECT_BINARY_DIR}/vsu
 function(vsurf_complete_dll target)
     target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/frame/dllmain.cpp ${windows_exports}
         ${PROJECT_BINARY_DIR}/vsurf.rc)
-    # The compiler's own library goes in, no C++ runtime is needed; time stamps stay out, so that equal sources give equal
+    # The compiler's own library goes in, no C++ runtime is needed; time stamps are left out, so that equal sources give equal
     # files.
     target_link_options(${target} PRIVATE -static-libgcc -Wl,--no-insert-timestamp)
     set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME vsurf LINKER_LANGUAGE C)

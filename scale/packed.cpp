@@ -68,8 +68,8 @@ static_assert(Line<DoubledPackedLine<PackedDoubled>> && Line<DoubledPackedLine<B
     writer.closing_blocks(DoubledPackedLine{end}, DoubledPackedLine{Between{end, end_below}}, upper, lower, ahead);
 }
 
-// Adjusts a line once, and once more as the 16 pixels before look ahead to it. Irregular: there U's offset serves V and
-// V's serves U.
+// Adjusts a line once, and once more as the 16 pixels before look ahead to it. Irregular: there V takes U's offset and
+// U takes V's.
 [[maybe_unused]] static NEVER_INLINE void adjust_packed_line(const uint8_t* from, ptrdiff_t size, uint8_t* own,
                                                              uint8_t* ahead, const Adjustments& by)
 {

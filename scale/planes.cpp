@@ -76,7 +76,7 @@ ALWAYS_INLINE SampleAdjust adjustment_of(int plane)
 }
 
 // The widths of the adjusted enlargers, in samples. First and last lines are done in blocks of 8, the rounds between
-// them in blocks of 16 and one more that ends at the line's end, where that is no whole block: it lies `rest` past the
+// them in blocks of 16 and one more that ends at the line's end, where that is not a whole block: it is `rest` past the
 // block before.
 struct Widths {
     ptrdiff_t blocks_of_8, blocks_of_16, rest;
@@ -129,7 +129,7 @@ struct DoubleWidth {
     }
 };
 
-// Pairs of lines, made of a source line and the one below. The closing block of a line is not doubled in width: it
+// Pairs of lines, from a source line and the one below. The closing block of a line is not doubled in width: it
 // continues a line of the same width, and lies on the end of a doubled one. Where two lines overlap, it comes after
 // both.
 template <class Shape>

@@ -34,7 +34,7 @@ as_root()
     fi
 }
 
-# A mirror that is busy for a moment is no reason to fail.
+# A mirror that is busy for a moment must not fail the run.
 with_retries()
 {
     local attempt

@@ -121,7 +121,7 @@ template <class To, int N> ALWAYS_INLINE void store_bgr0(To to, Bytes<N> b, Byte
 
 #if defined __AVX2__
 // Byte i of the third t of a lane's 48 bytes is component (16 t + i) mod 3, and 16 = 1 mod 3: so for every i each
-// component is wanted by exactly one third, and one shuffle a component serves all three.
+// component is wanted by exactly one third, and one shuffle a component is enough for all three.
 struct ThirdsPattern {
     alignas(16) int8_t at[16] = {};
     constexpr ThirdsPattern(int component)

@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: MIT */
-/* From a drawing to the planes of a subpicture, and what becomes of the record. */
+/* From a drawing to the planes of a subpicture, and what happens to the record. */
 #include "expect.h"
 #include "subpicture.h"
 

@@ -56,7 +56,7 @@ class Page:
             return f'@ref {page}-{anchor} "{plain}"' if anchor else f'@ref {page} "{plain}"'
         if path.endswith((".c", ".h")):
             return f'@ref {os.path.basename(path)} "{plain}"'
-        return text  # a file that is no part of the site
+        return text  # a file that is not part of the site
 
     def prose(self, text):
         headed = re.split(r"^(#+ .*)$", text, flags=re.MULTILINE)

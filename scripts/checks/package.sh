@@ -15,7 +15,7 @@ restore_layout()
     cmake --build "$tree" --target sbom
 }
 
-# Debian's folders are those of /usr; nothing is compiled again for their sake.
+# Debian's folders are those of /usr; nothing is compiled again because of them.
 pack_debian()
 {
     cp "$tree/CMakeCache.txt" "$scratch/package/CMakeCache.txt"
@@ -57,7 +57,7 @@ check_contents()
     lintian --fail-on error,warning "$scratch"/package/packages/*.deb
 }
 
-# The archive holds what `cmake --install` puts in place, and serves from where it is unpacked.
+# The archive holds what `cmake --install` puts in place, and works from where it is unpacked.
 check_archive()
 {
     set_record_aside "$scratch/package/record"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Packed pictures onto surfaces: the upper line's chroma serves both lines of a pass, and nothing drifts.
+// Packed pictures onto surfaces: the upper line's chroma is used for both lines of a pass, and nothing drifts.
 #include "harness/fixture.h"
 
 #include <algorithm>

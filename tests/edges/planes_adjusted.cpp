@@ -34,7 +34,7 @@ protected:
         return enlarged(&Kernels::strech_pic_1X2_adjust, src, size, bytes);
     }
 
-    // What becomes of samples that count up, when they are doubled: each average is rounded up to the next sample.
+    // Samples that count up, doubled: each average is rounded up to the next sample.
     static Bytes ramp(int first, size_t bytes)
     {
         Bytes doubled(bytes);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// For tests that state their expectations by hand: each runs on every table and through the exported functions.
+// For tests with expectations computed by hand: each runs on every table and through the exported functions.
 #pragma once
 #include "harness/exports.h"
 #include "harness/variants.h"

@@ -35,7 +35,7 @@ int best_direction(const Between& lines, int at)
     return best;
 }
 
-// Sample `at` of a plane whose blocks have `block` samples: the first block of a line and the last go by no edges.
+// Sample `at` of a plane whose blocks have `block` samples: the first block of a line and the last ignore edges.
 uint8_t sample(const Between& lines, int at, int block, int blocks)
 {
     if (!lines.along_edges) return lines.a[at];

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Single planes to twice their size, plain in strips and adjusted line by line, and YV12 pictures made of them.
+// Single planes to twice their size, plain in strips and adjusted line by line, and YV12 pictures that consist of them.
 #include "model/planes.h"
 
 #include <algorithm>
