@@ -41,7 +41,7 @@ def what_lacks(member):
     """What is missing in a function's documentation, in words."""
     lacking = [part for part in ("briefdescription", "detaileddescription") if not text_of(member, part)]
     declared = [name.text for name in member.findall("param/declname")]
-    described = {item.findtext("parameternamelist/parametername"): "".join(item.find("parameterdescription").itertext()).strip()
+    described = {item.findtext("parameternamelist/parametername"): text_of(item, "parameterdescription")
             for item in member.iter("parameteritem")}
     lacking += [f"parameter {name}" for name in declared if not described.get(name)]
     titles = {title.text for title in member.iter("title")}

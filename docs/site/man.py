@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Makes the man pages of section 3 from the public header: man.py VERSION FOLDER, run in the repository's root.
 
-vsurf.3 holds the rules for all functions and the records; each family has a page of its own."""
+vsurf.3 has the rules for all functions and the records; each family has a page of its own."""
 import os
 import re
 import sys
@@ -10,7 +10,7 @@ import textwrap
 
 from header import blocks
 
-HEADER, CHANGES = "frame/vsurf.h", "CHANGELOG.md"
+HEADER, CHANGES, FIRST_EXAMPLE = "frame/vsurf.h", "CHANGELOG.md", "README.md"
 LIST_ITEM = re.compile(r"@param\S*\s+(\w+)\s+(.*)")
 
 
@@ -110,7 +110,8 @@ def top(name, version, names, brief, synopsis):
         date = re.search(r"^## .*(\d{4}-\d\d-\d\d)$", changes.read(), re.M).group(1)
     return ['.\\" SPDX-License-Identifier: MIT', '.\\" Made from vsurf.h.',
             f'.TH {name.upper()} 3 {date} "vsurf {version}" "vsurf"', ".SH NAME",
-            ", ".join(names) + " \\- " + brief.rstrip("."), ".SH SYNOPSIS", ".nf", "#include <vsurf.h>", "", *synopsis, ".fi"]
+            ", ".join(names) + " \\- " + brief.rstrip("."),
+            ".SH SYNOPSIS", ".nf", "#include <vsurf.h>", "", *synopsis, ".fi"]
 
 
 def see_also(names):
@@ -144,10 +145,16 @@ def record(block):
     return page
 
 
+def example():
+    with open(FIRST_EXAMPLE, encoding="utf-8") as text:
+        return re.search(r"^```c\n(.*?)^```$", text.read(), re.M | re.S).group(1).splitlines()
+
+
 def main_page(version, rules, families, records):
     brief = rules[1].removeprefix("vsurf: ")
     page = top("vsurf", version, ["vsurf"], brief, ["cc program.c $(pkg\\-config \\-\\-cflags \\-\\-libs vsurf)"])
-    page += [".SH DESCRIPTION", *Text(under_heading).lines(rules[2:]), ".SH FAMILIES"]
+    page += [".SH DESCRIPTION", *Text(under_heading).lines(rules[2:])]
+    page += [".SH EXAMPLES", *literal(example()), ".SH FAMILIES"]
     for block, functions in families:
         page += [".TP", f"\\fBvsurf_{block.group()[0]}\\fP(3)", *paragraph([block.text[1]]), ".br",
                  *paragraph([", ".join(name_of(function) for function in functions)])]
