@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: MIT */
-/* A YV12 picture onto a YUY2 surface of twice its height, plain and adjusted. */
+/* A YV12 picture onto a YUY2 surface at twice its height, plain and adjusted. */
 #include "expect.h"
 #include <string.h>
 #include <vsurf.h>

@@ -35,7 +35,7 @@ int main(void)
     mix_ayuy2_yuy2_i_ajust(&job);
     expect("field, in the box: Y", yuy2[2 * INSIDE], 181);
 
-    /* Onto the picture: what a loader or enlarger shows afterwards has the subpicture in it. */
+    /* Onto the picture: whatever a loader or enlarger makes from it afterwards includes the subpicture. */
     job = mix_onto(picture_y, WIDTH);
     job.surface_u = picture_u;
     job.surface_v = picture_v;
