@@ -13,7 +13,7 @@ else()
     list(APPEND built ${CMAKE_INSTALL_LIBDIR} $<TARGET_FILE:vsurf>)
 endif()
 
-# In a file of its own: the document is made anew when one of these changes.
+# In a file of its own: the document is made again when one of these changes.
 set(input ${PROJECT_BINARY_DIR}/sbom-input.cmake)
 file(GENERATE OUTPUT ${input} CONTENT "set(name ${PROJECT_NAME})
 set(version ${PROJECT_VERSION})

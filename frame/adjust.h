@@ -66,7 +66,7 @@ ALWAYS_INLINE Adjustments adjustments_now()
 }
 
 // Any gain: the product of gain and sample keeps its low 16 bits and is shifted right by 6. No picture looks right with
-// gains that wrap, so it is built for the narrowest registers only. It also serves where the order of stores matters.
+// gains that wrap, so it is built for the narrowest registers only. It is also used where the order of stores matters.
 struct WrappingGain {
     static constexpr int kWidest = kBlock;
     template <int N, int W, class Source> static ALWAYS_INLINE Words<N> words(const Source& of, ptrdiff_t x)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sinks: the formats of surfaces, and lines made of sources and a sink.
+// Sinks: the formats of surfaces, and lines that consist of sources and a sink.
 #pragma once
 #include "frame/rgb.h"
 #include "frame/source.h"
@@ -12,7 +12,7 @@ namespace vsurf::VSURF_ISA {
 //   kBytes     bytes a pixel
 //   kWeave     the weave that its stores expect
 //   kComplete  whether every byte is stored
-//   chroma(uv)               what it makes of the chroma of N pixels
+//   chroma(uv)               what it computes from the chroma of N pixels
 //   luma<N>(source, x)       the luma of N pixels in the form that it takes
 //   store(to, luma, chroma)  stores N pixels
 template <class S>

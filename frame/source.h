@@ -13,7 +13,7 @@ namespace vsurf::VSURF_ISA {
 //   bytes<N, W>(x)  N samples from x on
 //   words<N, W>(x)  N/2 samples as words: the form in which chroma meets the luma of N pixels
 //
-// A source may have two more forms, where they are cheaper than what callers make of the first two:
+// A source may have two more forms, where they are cheaper than combining the first two:
 //
 //   high_words<N, W>(x)  the words with the samples in their high bytes
 //   times4<N, W>(x)      N samples as words, times 4

@@ -96,7 +96,7 @@ ALWAYS_INLINE void write_filtered(const PlanarEnlargement& e, const Adjustments&
     });
 }
 
-// Irregular: interpolates with four taps, and adjusts what it has interpolated; its siblings adjust first.
+// Irregular: interpolates with four taps, and adjusts what it has interpolated; the others adjust first.
 void strech_picture_1X2_yuy2_ajust(Picture p)
 {
     if (p.height < 8) return;
@@ -135,7 +135,7 @@ void strech_picture_2X2_yuy2(Picture p)
     PlanarEnlargement::of_picture(p, doubled_blocks(p.width), 4).from_picture(write_larger);
 }
 
-// Irregular: refuses heights below 16 where its siblings refuse those below 8, and the U samples that look ahead into
+// Irregular: refuses heights below 16 where the others refuse those below 8, and the U samples that look ahead into
 // the next 8 take `v_offset`.
 void strech_picture_2X2_yuy2_ajust(Picture p)
 {

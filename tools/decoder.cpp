@@ -9,7 +9,7 @@
 namespace player {
 namespace {
 
-constexpr int kMostReadErrors = 100;    // in a row; a source that gives no more is over
+constexpr int kMostReadErrors = 100;    // in a row; then the source counts as ended
 constexpr double kMissingSeconds = 0.3; // less than this, or than three pictures, may be an inexact announcement
 
 int64_t duration_of(const AVFrame& frame)
@@ -107,7 +107,7 @@ bool Decoder::receive(AVFrame& frame)
     }
 }
 
-// Gives the decoder one packet, or the news that there are no more.
+// Gives the decoder one packet, or signals that there are no more.
 void Decoder::feed()
 {
     const bool more = !drained_ && read(*packet_);
@@ -138,7 +138,7 @@ bool Decoder::read(AVPacket& packet)
     return false;
 }
 
-// After a jump into the middle a decoder may complain of references that it never saw; that is no damage.
+// After a jump into the middle a decoder may complain of references that it never saw; that is not an error.
 void Decoder::lose_packet()
 {
     if (!skip_until_) damage_.lost_packets++;
@@ -183,7 +183,7 @@ bool Decoder::seek(double time)
     return true;
 }
 
-// A container that carries nothing but the video announces the video's length; with sound in it, only the stream's own
+// A container with only the video announces the video's length; with sound in it, only the stream's own
 // word counts, and an estimate from the bit rate never does.
 void Decoder::notice_missing_end()
 {

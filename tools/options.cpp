@@ -85,7 +85,7 @@ template <class T> T number(const char* text, const char* name, T least, T most)
 
 int gain(const char* text, const char* name)
 {
-    constexpr double kMost = 3.98; // the last hundredth that rounds to no more than Controls::kMaxGain
+    constexpr double kMost = 3.98; // the last hundredth that rounds to at most Controls::kMaxGain
     return static_cast<int>(std::lround(number(text, name, 0.0, kMost) * Controls::kUnity));
 }
 

@@ -11,7 +11,7 @@ public:
 
     void restart() { running_ = false; }
     // The moment for a picture of the given time. Pictures that come much too late, or whose times jump, set the clock
-    // anew: slow motion instead of a rush to catch up.
+    // again: slow motion instead of a rush to catch up.
     Clock::time_point due(double time);
 
 private:

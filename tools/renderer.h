@@ -13,7 +13,7 @@ class Renderer {
 public:
     Renderer(const vsurf::Isa& isa, Stats& stats);
 
-    // What the picture is at its moment, beside its samples.
+    // What the picture is at its moment, apart from its samples.
     struct Moment {
         double time, sample_aspect;
         std::optional<double> played; // 0 to 1
@@ -23,7 +23,7 @@ public:
 
     const char* isa_name() const { return loader_.isa_name(); }
     const Surface& surface() const { return surface_; }
-    // The shown part of the surface, or of the screen where it lies under one.
+    // The shown part of the surface, or of the screen where that is above it.
     const RgbImage& image();
 
 private:

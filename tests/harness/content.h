@@ -20,7 +20,7 @@ enum class Content {
     kSubtitle,    // transparent stretches and drawn ones, of every length and alignment
     kDots,        // single samples far apart
     kOpaque,      // 16 throughout
-    kStray,       // 0 to 16, but for single samples beyond
+    kStray,       // 0 to 16, except single samples beyond
     kHalfScale,   // 0 to 127
     kBeyond,      // 200 throughout
 };

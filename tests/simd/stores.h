@@ -108,7 +108,7 @@ constexpr Operation kCachedStores[] = {
     OPERATION("store_pairs_but_first_eight", stores_pairs_but_first_eight<N>(t)),
 };
 
-// What the ends of lines are made of.
+// The parts of the ends of lines.
 template <int N> void stores_first8_yuyv(Trial& t)
 {
     t.stores<uint8_t*>(
