@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Makes the linker's version map of the shared library from the index of exports: each name in the node of the heading
-# above it. What the index does not name stays hidden.
+# Makes the linkers' version maps of the shared libraries. That of vsurf comes from the index of exports: each name in the
+# node of the heading above it. That of vsurf-show has what show/exports.txt lists. All other names stay hidden.
 set(index ${PROJECT_SOURCE_DIR}/frame/exports.inc)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${index})
 
@@ -29,5 +29,13 @@ foreach(node IN LISTS nodes)
     set(hidden "")
 endforeach()
 
-set(version_map ${PROJECT_BINARY_DIR}/vsurf.map)
-file(CONFIGURE OUTPUT ${version_map} CONTENT "${map_text}" @ONLY)
+set(version_map_of_vsurf ${PROJECT_BINARY_DIR}/vsurf.map)
+file(CONFIGURE OUTPUT ${version_map_of_vsurf} CONTENT "${map_text}" @ONLY)
+
+set(show_index ${PROJECT_SOURCE_DIR}/show/exports.txt)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${show_index})
+file(STRINGS ${show_index} show_names REGEX "^vsurf_")
+list(JOIN show_names ";\n        " names)
+set(version_map_of_vsurf_show ${PROJECT_BINARY_DIR}/vsurf-show.map)
+file(CONFIGURE OUTPUT ${version_map_of_vsurf_show}
+    CONTENT "VSURF_SHOW_0 {\n    global:\n        ${names};\n    local:\n        *;\n};\n" @ONLY)

@@ -192,7 +192,7 @@ typedef enum vsurf_status {
 /// @par Overlap
 /// From the first to the last byte of what is written of a plane there must be no byte of what is read of a plane or
 /// of an overlay, nor of what is written of another plane, and so on from the first to the last byte of what is read.
-/// (Planes of the surface may lie in each other's lines where they have the same pitch and never the same columns.)
+/// (The two chroma planes of a surface may lie side by side: with the same pitch and never the same columns.)
 VSURF_API vsurf_status VSURF_CALL vsurf_show(const vsurf_job* job);
 
 /// Shows one of several horizontal bands of a picture. All of them together give the bytes of vsurf_show(), in any
@@ -239,9 +239,9 @@ VSURF_API const char* VSURF_CALL vsurf_show_isa(void);
 #endif
 
 /// @cond
-#ifdef __cplusplus
+#if defined __cplusplus && __cplusplus >= 201103L
 #define VSURF_SHOW_ASSERT static_assert
-#elif defined __STDC_VERSION__ && __STDC_VERSION__ >= 201112L
+#elif !defined __cplusplus && defined __STDC_VERSION__ && __STDC_VERSION__ >= 201112L
 #define VSURF_SHOW_ASSERT _Static_assert
 #endif
 #ifdef VSURF_SHOW_ASSERT
