@@ -61,7 +61,8 @@ Columns touched_columns(const Plan& plan, ptrdiff_t line)
     return all;
 }
 
-ALWAYS_INLINE ptrdiff_t whole_registers(ptrdiff_t count) { return (count + kGrid - 1) & -kGrid; }
+// In whole registers, and with a partner of the last pixel.
+ALWAYS_INLINE ptrdiff_t padded(ptrdiff_t pixels) { return (chroma_columns(pixels) * 2 + kGrid - 1) & -kGrid; }
 
 // v / 255, rounded, of unsigned words that are at most 255 * 255.
 template <int N> ALWAYS_INLINE Words<N> by_255(Words<N> v)
@@ -81,11 +82,12 @@ static bool fetch(const Plan& plan, const vsurf_overlay& overlay, ptrdiff_t line
     const int64_t row = line + int64_t{plan.y} - overlay.y, column = columns.from + int64_t{plan.x} - overlay.x;
     const uint8_t* pixels = overlay.pixels + static_cast<ptrdiff_t>(column) * size;
     if (row != 0) pixels += static_cast<ptrdiff_t>(row) * overlay.pitch;
-    const ptrdiff_t all = whole_registers(end - from + 1) * size;
+    const ptrdiff_t all = padded(end - from) * size;
     __builtin_memset(to.bytes, 0, static_cast<size_t>(before));
     copy_bytes(to.bytes + before, pixels, count);
     __builtin_memset(to.bytes + before + count, 0, static_cast<size_t>(all - before - count));
-    if (end == plan.width) copy_bytes(to.bytes + before + count, to.bytes + before + count - size, size);
+    if (end == plan.width && (end - from) % 2 != 0)
+        copy_bytes(to.bytes + before + count, to.bytes + before + count - size, size);
     auto any_set = Bytes<kRegister>::splat(0);
     for (ptrdiff_t i = 0; i < all; i += kRegister) any_set = bit_or(any_set, load<kRegister>(to.bytes + i));
     return !all_zero(any_set);
@@ -143,7 +145,9 @@ static NEVER_INLINE void take_component(const uint8_t* pixels, const int* parts,
     };
     for (ptrdiff_t x = 0; x < count; x += N) {
         const uint8_t* p = pixels + 4 * x;
-        put(to + x, pack_in_order(sum(p), sum(p + N), sum(p + 2 * N), sum(p + 3 * N)));
+        auto any_set = bit_or(bit_or(load<N>(p), load<N>(p + N)), bit_or(load<N>(p + 2 * N), load<N>(p + 3 * N)));
+        if (all_zero(any_set)) put(to + x, any_set);
+        else put(to + x, pack_in_order(sum(p), sum(p + N), sum(p + 2 * N), sum(p + 3 * N)));
     }
 }
 
@@ -171,20 +175,33 @@ static void take_yuv(const Plan& plan, const vsurf_overlay& overlay, const Pixel
     }
 }
 
-static NEVER_INLINE void blend_row(uint8_t* below, const uint8_t* over, const uint8_t* alpha, ptrdiff_t count,
-                                   bool premultiplied)
+template <int rows> ALWAYS_INLINE bool rows_are_set(const OverlayLine& over, ptrdiff_t x)
+{
+    auto set = load<kRegister>(over.of[0] + x);
+    for (int i = 1; i < rows; i++) set = bit_or(set, load<kRegister>(over.of[i] + x));
+    return !all_zero(set);
+}
+
+// Onto as many of the line's three colours as there are rows, from `at` on.
+template <int rows>
+static NEVER_INLINE void blend_rows(uint8_t* const* below, ptrdiff_t at, const OverlayLine& over, ptrdiff_t count,
+                                    bool premultiplied)
 {
     constexpr int N = kRegister;
     for (ptrdiff_t x = 0; x < count; x += N) {
-        auto a = load<N>(alpha + x), o = load<N>(over + x);
-        if (all_zero(a) && (!premultiplied || all_zero(o))) continue;
-        auto blend = [=](Words<N> colour, Words<N> under, Words<N> by) VSURF_INLINED {
-            auto left = mullo(under, sub(Words<N>::splat(255), by));
-            return premultiplied ? add(by_255(left), colour) : by_255(add(left, mullo(colour, by)));
+        auto alpha = load<N>(over.alpha + x);
+        if (all_zero(alpha) && !(premultiplied && rows_are_set<rows>(over, x))) continue;
+        auto by = widen(alpha);
+        auto blend = [premultiplied](Words<N> colour, Words<N> under, Words<N> a) VSURF_INLINED {
+            auto left = mullo(under, sub(Words<N>::splat(255), a));
+            return premultiplied ? add(by_255(left), colour) : by_255(add(left, mullo(colour, a)));
         };
-        auto colour = widen(o), by = widen(a), under = widen(load<N>(below + x));
-        put(below + x,
-            narrow(LowHighWords<N>{blend(colour.low, under.low, by.low), blend(colour.high, under.high, by.high)}));
+        for (int i = 0; i < rows; i++) {
+            uint8_t* to = below[i] + at + x;
+            auto colour = widen(load<N>(over.of[i] + x)), under = widen(load<N>(to));
+            put(to,
+                narrow(LowHighWords<N>{blend(colour.low, under.low, by.low), blend(colour.high, under.high, by.high)}));
+        }
     }
 }
 
@@ -213,7 +230,7 @@ static NEVER_INLINE void blend_chroma(uint8_t* uv, const OverlayLine& upper, con
         auto rest_low = as_words(zip_lo16(rest, one)), rest_high = as_words(zip_hi16(rest, one));
         auto by0 = widen(premultiplied ? Bytes<N>::splat(255) : a0),
              by1 = widen(premultiplied ? Bytes<N>::splat(255) : a1);
-        auto blend = [=](int i, Words<N> c) VSURF_INLINED {
+        auto blend = [&](int i, Words<N> c) VSURF_INLINED {
             auto o0 = widen(load<N>(upper.of[i] + x)), o1 = widen(load<N>(lower.of[i] + x));
             auto low = pair_dots(as_words(zip_lo16(as_bytes(c), constant)), rest_low),
                  high = pair_dots(as_words(zip_hi16(as_bytes(c), constant)), rest_high);
@@ -237,9 +254,8 @@ void blend_bgr(const Plan& plan, ptrdiff_t line, ptrdiff_t x, ptrdiff_t pixels, 
         for (ptrdiff_t from = columns.from; from < columns.end; from += kPiece) {
             const ptrdiff_t end = columns.end - from < kPiece ? columns.end : from + kPiece;
             if (!fetch(plan, overlay, line, from, end, fetched)) continue;
-            take_bgr(overlay, fetched, over, whole_registers(end - from + 1));
-            for (int c = 0; c < 3; c++)
-                blend_row(below[c] + (from - x), over.of[c], over.alpha, end - from, is_premultiplied(overlay));
+            take_bgr(overlay, fetched, over, padded(end - from));
+            blend_rows<3>(below, from - x, over, end - from, is_premultiplied(overlay));
         }
     }
 }
@@ -248,7 +264,7 @@ static void blend_piece(const Plan& plan, const vsurf_overlay& overlay, ptrdiff_
                         Strips& strips, bool two, bool own_chroma)
 {
     const bool premultiplied = is_premultiplied(overlay);
-    const ptrdiff_t count = at.end - at.from, all = whole_registers(count + 1);
+    const ptrdiff_t count = at.end - at.from, all = padded(count);
     OverlayLine lines[2];
     Pixels fetched;
     for (int i = 0; i <= two; i++) {
@@ -256,7 +272,8 @@ static void blend_piece(const Plan& plan, const vsurf_overlay& overlay, ptrdiff_
         over.shown = fetch(plan, overlay, line + i, at.from, at.end, fetched);
         if (over.shown) {
             take_yuv(plan, overlay, fetched, over, all);
-            blend_row(strips.y[i] + (at.from - x), over.of[0], over.alpha, count, premultiplied);
+            uint8_t* const luma = strips.y[i];
+            blend_rows<1>(&luma, at.from - x, over, count, premultiplied);
         } else {
             fill(over.of[1], 0, all);
             fill(over.of[2], 0, all);
