@@ -154,7 +154,13 @@ static Target target_of(const Plan& plan, int plane)
     const SurfaceSink& sink = sink_of(plan.surface);
     const ptrdiff_t pitch = plan.to_pitch[plane], most = PTRDIFF_MAX / 4;
     if (!plan.to[plane] || pitch > most || pitch < -most) return Target::never_streamed();
-    if (plane == 0) return Target::lines(plan.to[0], pitch, plan.width * sink.bytes, plan.height);
+    uint8_t* first = plan.to[0];
+    if (is_packed(plan.surface)) {
+        // A byte of chroma by itself, and a line that is no whole words without it.
+        if (PackedRun::of(plan.to[0], plan.to[1], plan.width).chroma_leads) return Target::never_streamed();
+        first = plan.to[1] < first ? plan.to[1] : first;
+    }
+    if (plane == 0) return Target::lines(first, pitch, plan.width * sink.bytes, plan.height);
     const ptrdiff_t columns = chroma_columns(plan.width), lines = chroma_columns(plan.height);
     return sink.bytes == 1 ? Target::lines(plan.to[plane], pitch, sink.paired ? 2 * columns : columns, lines)
                            : Target::never_streamed();

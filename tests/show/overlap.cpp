@@ -22,6 +22,7 @@ protected:
     {
         picture->pitch[0] = surface->pitch[0] = kPitch;
         put(&picture->plane[0], 1024);
+        put(&surface->plane[0], 3072);
     }
 
     template <class Pointer> void put(Pointer* plane, ptrdiff_t at) { *plane = buffer.data() + at; }
