@@ -74,7 +74,8 @@ class Show {
 public:
     Show(const Plan& plan, Writer* writers)
         : plan_(plan), sink_(sink_of(plan.surface)), writers_(writers), planes_(sink_.bytes == 1),
-          straight_(plan.step_count == 0 && (plan.source == VSURF_I420 || plan.source == VSURF_NV12))
+          shifted_(is_packed(plan.surface) && plan.x % 2 != 0),
+          straight_(plan.step_count == 0 && !shifted_ && (plan.source == VSURF_I420 || plan.source == VSURF_NV12))
     {
     }
 
@@ -110,8 +111,7 @@ private:
     {
         Strips strips;
         Rows rows = rows_of(plan_, line, x, pixels, strips);
-        const bool shifted = is_packed(plan_.surface) && plan_.x % 2 != 0 && rows.u;
-        if (overlaid || shifted || plan_.step_count > 0 || plan_.width < kNarrow) {
+        if (overlaid || (shifted_ && rows.u) || plan_.step_count > 0 || plan_.width < kNarrow) {
             rows = in_strips(rows, strips, pixels);
             transform(plan_, rows, strips, pixels);
         }
@@ -144,6 +144,7 @@ private:
     const SurfaceSink& sink_;
     Writer* writers_;
     const bool planes_;
+    const bool shifted_;  // pairs of pixels begin between those of the surface
     const bool straight_; // rows are taken from the planes as they are
 };
 
