@@ -60,6 +60,7 @@ Writer::Writer(const Target& target)
     : to_next_(target.to_next_pair), aligned_(addresses(target) % kCacheLine == 0),
       streamed_(kStoresPastCaches && target.pairs > 0 && target.lines_apart() &&
                 (addresses(target) | (aligned_ ? 0 : target.line_bytes)) % kWord == 0 &&
+                (target.to_lower | target.to_next_pair) % target.multiple == 0 &&
                 target.bytes() >=
                     __atomic_load_n(&streaming_threshold, __ATOMIC_RELAXED) * (aligned_ ? 1 : kUnalignedFactor))
 {
