@@ -31,10 +31,11 @@ static void copy_few(uint8_t* to, const uint8_t* from, ptrdiff_t count)
 static void store_block(const AnyLine& line, ptrdiff_t x, ptrdiff_t from, ptrdiff_t count, bool streamed)
 {
     alignas(16) uint8_t block[kBlock * kMostBytes];
-    line.kind->store_blocks(line.line, block - x * line.kind->bytes, {x, x + kBlock}, x + kBlock);
+    uint8_t* const made = block;
+    line.kind->store_blocks(line.line, made - x * line.kind->bytes, {x, x + kBlock}, x + kBlock);
     uint8_t* to = line.to + x * line.kind->bytes + from;
-    if (streamed) stream_few(to, block + from, count);
-    else copy_few(to, block + from, count);
+    if (streamed) stream_few(to, made + from, count);
+    else copy_few(to, made + from, count);
 }
 // The first `count` bytes of a line from x on.
 static void stream_head(const AnyLine& line, ptrdiff_t x, ptrdiff_t count)
