@@ -173,9 +173,9 @@ typedef struct tagVideoFrame {
 /// @}
 
 /// @cond
-#ifdef __cplusplus
+#if defined __cplusplus && __cplusplus >= 201103L
 #define VSURF_STATIC_ASSERT(name, condition) static_assert(condition, #name)
-#elif defined __STDC_VERSION__ && __STDC_VERSION__ >= 201112L
+#elif !defined __cplusplus && defined __STDC_VERSION__ && __STDC_VERSION__ >= 201112L
 #define VSURF_STATIC_ASSERT(name, condition) _Static_assert(condition, #name)
 #else
 #define VSURF_STATIC_ASSERT(name, condition) typedef char vsurf_static_assert_##name[(condition) ? 1 : -1]

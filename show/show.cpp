@@ -169,8 +169,14 @@ static Target target_of(const Plan& plan, int plane)
     const SurfaceSink& sink = sink_of(plan.surface);
     const ptrdiff_t pitch = plan.to_pitch[plane], most = PTRDIFF_MAX / 4;
     if (!plan.to[plane] || pitch > most || pitch < -most) return Target::never_streamed();
+    uint8_t* first = plan.to[0];
+    if (is_packed(plan.surface)) {
+        // A byte of chroma by itself, and a line that is no whole words without it.
+        if (PackedRun::of(plan.to[0], plan.to[1], plan.width).chroma_leads) return Target::never_streamed();
+        first = plan.to[1] < first ? plan.to[1] : first;
+    }
     if (plane == 0) {
-        Target target = Target::lines(plan.to[0], pitch, plan.width * sink.bytes, plan.height);
+        Target target = Target::lines(first, pitch, plan.width * sink.bytes, plan.height);
         if (sink.bytes == 4) target.multiple = 2 * sink.bytes; // cache lines begin with pairs of pixels in all lines
         return target;
     }
