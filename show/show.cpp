@@ -66,11 +66,10 @@ static void transform(const Plan& plan, const Rows& rows, Strips& strips, ptrdif
 struct BgrStrips {
     alignas(64) uint8_t of[3][kStrip];
 };
-static NEVER_INLINE void to_bgr(const RgbEncoding& encoding, const uint8_t* y, const uint8_t* uv, BgrStrips& to,
+static NEVER_INLINE void to_bgr(const AnyEncoding& by, const uint8_t* y, const uint8_t* uv, BgrStrips& to,
                                 ptrdiff_t pixels)
 {
     constexpr int N = kRegister;
-    const RgbEncoding by = encoding;
     for (ptrdiff_t x = 0; x < pixels; x += N) {
         auto chroma = split(load<N>(uv + x));
         auto px = to_rgb(by, split_times4(load<N>(y + x)), chroma_terms(by, chroma.even, chroma.odd));
@@ -80,9 +79,9 @@ static NEVER_INLINE void to_bgr(const RgbEncoding& encoding, const uint8_t* y, c
 
 class Show {
 public:
-    Show(const Plan& plan, Writer* writers)
-        : plan_(plan), sink_(sink_of(plan.surface)), writers_(writers), planes_(sink_.bytes == 1),
-          shifted_(is_packed(plan.surface) && plan.x % 2 != 0 && plan.source == VSURF_I420),
+    Show(const Plan& plan, const RgbWords& words, Writer* writers)
+        : plan_(plan), sink_(sink_of(plan.surface)), output_{plan.surface, {&words}, writers},
+          planes_(sink_.bytes == 1), shifted_(is_packed(plan.surface) && plan.x % 2 != 0 && plan.source == VSURF_I420),
           straight_(plan.step_count == 0 && !shifted_ && plan.width >= kNarrow &&
                     (plan.source == VSURF_I420 || plan.source == VSURF_NV12))
     {
@@ -92,7 +91,7 @@ public:
     ALWAYS_INLINE void pair(ptrdiff_t line)
     {
         if (!straight_ || plan_.overlay_count > 0) return parts(line);
-        sink_.write(plan_, writers_, rows_in_planes(plan_, line, 0), place(line, 0), plan_.width);
+        sink_.write(output_, rows_in_planes(plan_, line, 0), place(line, 0), plan_.width);
     }
 
 private:
@@ -135,29 +134,29 @@ private:
             rows.uv[1] = rows.uv[0];
         }
         const Place to = place(line, x);
-        if (!overlaid) return sink_.write(plan_, writers_, rows, to, pixels);
+        if (!overlaid) return sink_.write(output_, rows, to, pixels);
         if (sink_.write_bgr) return write_overlaid(rows, line, x, to, pixels);
         if (!planes_ && rows.uv[0] == rows.uv[1] && rows.y[1]) {
             copy_bytes(strips.uv[1], strips.uv[0], 2 * chroma_columns(pixels));
             rows.uv[1] = strips.uv[1];
         }
         blend_yuv(plan_, line, x, pixels, strips, rows.y[1] != nullptr, !planes_);
-        sink_.write(plan_, writers_, rows, to, pixels);
+        sink_.write(output_, rows, to, pixels);
     }
 
     void write_overlaid(const Rows& rows, ptrdiff_t line, ptrdiff_t x, const Place& to, ptrdiff_t pixels)
     {
         BgrStrips bgr;
         for (int i = 0; i < 2 && rows.y[i]; i++) {
-            to_bgr(plan_.rgb, rows.y[i], rows.uv[i], bgr, pixels);
+            to_bgr(output_.encoding, rows.y[i], rows.uv[i], bgr, pixels);
             blend_bgr(plan_, line + i, x, pixels, bgr.of[0], bgr.of[1], bgr.of[2]);
-            sink_.write_bgr(plan_, *writers_, {bgr.of[0], bgr.of[1], bgr.of[2]}, to.line[i], pixels);
+            sink_.write_bgr(output_, {bgr.of[0], bgr.of[1], bgr.of[2]}, to.line[i], pixels);
         }
     }
 
     const Plan& plan_;
     const SurfaceSink& sink_;
-    Writer* writers_;
+    const Output output_;
     const bool planes_;
     const bool shifted_;  // luma and chroma of packed pixels come from different pairs
     const bool straight_; // rows are taken from the planes as they are
@@ -189,7 +188,8 @@ static Target target_of(const Plan& plan, int plane)
 static void show(const Plan& plan)
 {
     Writer writers[] = {Writer(target_of(plan, 0)), Writer(target_of(plan, 1)), Writer(target_of(plan, 2))};
-    Show by_pairs(plan, writers);
+    const RgbWords words(plan.rgb);
+    Show by_pairs(plan, words, writers);
     for (ptrdiff_t pair = plan.first_pair; pair < plan.end_pair; pair++) by_pairs.pair(2 * pair);
 }
 
