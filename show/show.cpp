@@ -13,8 +13,13 @@ constexpr ptrdiff_t kNarrow = 32;
 // made.
 ALWAYS_INLINE Rows rows_in_planes(const Plan& p, ptrdiff_t line, ptrdiff_t x)
 {
-    const uint8_t *upper = p.from[0] + line * p.from_pitch[0] + x, *lower = upper + p.from_pitch[0];
+    const bool packed = is_packed(p.source);
+    const uint8_t *upper = p.from[0] + line * p.from_pitch[0] + (packed ? 2 * x : x), *lower = upper + p.from_pitch[0];
     if (line + 1 == p.height) lower = nullptr;
+    if (packed) {
+        const uint8_t* chroma = p.from[1] + line * p.from_pitch[0] + 2 * x;
+        return {{upper, lower}, nullptr, nullptr, {chroma, chroma + p.from_pitch[0]}, true};
+    }
     const uint8_t* chroma = p.from[1] + line / 2 * p.from_pitch[1];
     if (p.source != VSURF_I420) return {{upper, lower}, nullptr, nullptr, {chroma + x, chroma + x}};
     return {{upper, lower}, chroma + x / 2, p.from[2] + line / 2 * p.from_pitch[2] + x / 2, {}};
@@ -83,7 +88,7 @@ public:
         : plan_(plan), sink_(sink_of(plan.surface)), output_{plan.surface, {&words}, writers},
           planes_(sink_.bytes == 1), shifted_(is_packed(plan.surface) && plan.x % 2 != 0 && plan.source == VSURF_I420),
           straight_(plan.step_count == 0 && !shifted_ && plan.width >= kNarrow &&
-                    (plan.source == VSURF_I420 || plan.source == VSURF_NV12))
+                    (is_packed(plan.source) ? packed_rows_do() : plan.source != VSURF_NV21))
     {
     }
 
@@ -105,6 +110,12 @@ private:
             if (plan_.width - end < kGrid) end = plan_.width;
             part(line, x, end - x, overlaid);
         }
+    }
+
+    // Whether pixels can be made of packed ones as they are: a byte of luma and one of chroma to each.
+    bool packed_rows_do() const
+    {
+        return sink_.write_bgr && plan_.width % 2 == 0 && plan_.from[0] - plan_.from[1] <= 1;
     }
 
     ALWAYS_INLINE Place place(ptrdiff_t line, ptrdiff_t x) const

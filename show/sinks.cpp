@@ -46,6 +46,39 @@ ALWAYS_INLINE void write_pixels(const Format& format, Writer& writer, const Rows
     }
 }
 
+// Pixels of packed ones, y0 u0 y1 v0 ... or u0 y0 v0 y1 ..., each line with its own chroma; x counts pixels.
+template <class Format, bool chroma_first> struct PackedPixelLine {
+    static constexpr int kBytes = Format::kBytes, kGrain = 2, kWidest = kRegister;
+    static constexpr bool kComplete = true, kEights = false, kMayRepeat = true;
+    template <int N> struct Pixels {
+        EvenOddWords<N> luma;
+        ChromaTerms<N> chroma;
+    };
+    const uint8_t* from;
+    Format format;
+
+    template <int> ALWAYS_INLINE Nothing shared(ptrdiff_t) const { return {}; }
+    template <int N> ALWAYS_INLINE Pixels<N> own(ptrdiff_t x) const
+    {
+        auto px = load_yuyv<N, Format::kWeave>(from + 2 * x);
+        auto luma = chroma_first ? px.uv : px.y, uv = chroma_first ? px.y : px.uv;
+        return {split_times4(luma), format.chroma(split(uv))};
+    }
+    template <class To, int N> ALWAYS_INLINE void store(To to, const Pixels<N>& pixels, Nothing) const
+    {
+        format.store(to, pixels.luma, pixels.chroma);
+    }
+};
+template <class Format>
+ALWAYS_INLINE void write_packed_rows(const Format& format, Writer& writer, const Rows& rows, uint8_t* const* to,
+                                     ptrdiff_t pixels)
+{
+    for (int i = 0; i < 2 && rows.y[i]; i++) {
+        if (rows.y[i] < rows.uv[i]) writer.line(PackedPixelLine<Format, false>{rows.y[i], format}, to[i], {0, pixels});
+        else writer.line(PackedPixelLine<Format, true>{rows.uv[i], format}, to[i], {0, pixels});
+    }
+}
+
 template <class Format> ALWAYS_INLINE Format format_of(const Output&) { return {}; }
 template <> ALWAYS_INLINE Rgb16Format format_of(const Output& output)
 {
@@ -55,6 +88,7 @@ template <> ALWAYS_INLINE Rgb16Format format_of(const Output& output)
 template <class Format> static void write_rgb(const Output& output, const Rows& rows, const Place& to, ptrdiff_t pixels)
 {
     const RgbSink<Format, AnyEncoding> format{format_of<Format>(output), output.encoding};
+    if (rows.packed) return write_packed_rows(format, *output.writers, rows, to.line, pixels);
     if (rows.u) write_pixels<Planar>(format, *output.writers, rows, to.line, pixels);
     else write_pixels<Interleaved>(format, *output.writers, rows, to.line, pixels);
 }

@@ -23,7 +23,8 @@ struct Output {
 };
 
 struct SurfaceSink {
-    // Whole blocks are read behind the rows' ends where they are shorter than 32 pixels.
+    // Whole blocks are read behind the rows' ends where they are shorter than 32 pixels. Packed rows are only for
+    // formats of R, G and B, and are of an even number of pixels.
     void (*write)(const Output& output, const Rows& rows, const Place& to, ptrdiff_t pixels);
     // A line of pixels that have been made in strips; null where pixels have no R, G and B.
     void (*write_bgr)(const Output& output, const BgrRows& rows, uint8_t* to, ptrdiff_t pixels);
