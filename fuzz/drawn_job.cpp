@@ -105,7 +105,7 @@ DrawnJob::DrawnJob(FuzzedDataProvider& input)
     has_job_ = !one_in(input, 1000);
     draw_planes(input);
     draw_overlays(input);
-    job_.look = {any_member(input), any_member(input), any_member(input), any_member(input)};
+    if (input.ConsumeBool()) job_.look = {any_member(input), any_member(input), any_member(input), any_member(input)};
     job_.picture = one_in(input, 1000) ? nullptr : &picture_;
     job_.surface = one_in(input, 1000) ? nullptr : &surface_;
     if (input.ConsumeBool()) {
@@ -126,6 +126,10 @@ void DrawnJob::draw_planes(FuzzedDataProvider& input)
     job_.crop_height = picture_.height == int64_t{job_.crop_y} + height && input.ConsumeBool() ? 0 : height;
     draw_record(input, picture_, VSURF_UYVY);
     draw_record(input, surface_, VSURF_RGB655);
+    if (input.ConsumeBool()) { // copied as bytes: they may be no values of their enumerations
+        std::memcpy(&surface_.matrix, &picture_.matrix, sizeof surface_.matrix);
+        std::memcpy(&surface_.range, &picture_.range, sizeof surface_.range);
+    }
 }
 
 void DrawnJob::draw_overlays(FuzzedDataProvider& input)

@@ -18,5 +18,5 @@ cmake -S . -B "$tree" -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DCM
     -DVSURF_MAX_ISA="${VSURF_MAX_ISA:-}" >/dev/null
 cmake --build "$tree" --parallel "$(nproc)" --target "fuzz_$target"
 mkdir -p "$tree/corpus/$target"
-"$tree/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len=512 -timeout=20 -print_final_stats=1 \
+"$tree/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len=512 -len_control=0 -timeout=20 -print_final_stats=1 \
     -artifact_prefix="$tree/$target-" "$tree/corpus/$target"
