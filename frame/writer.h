@@ -60,6 +60,7 @@ struct Target {
     uint8_t* first;
     ptrdiff_t to_lower, to_next_pair; // bytes from the first line of a pair to its second, and to the next pair
     ptrdiff_t line_bytes, pairs;
+    ptrdiff_t multiple = 1; // lines are streamed only if they are multiples of it apart: all of them or none
 
     static ALWAYS_INLINE Target lines(uint8_t* first, ptrdiff_t step, ptrdiff_t line_bytes, ptrdiff_t count)
     {
@@ -103,7 +104,8 @@ public:
             if (streamed_whole_) r.from = stream_cache_lines(line, to, r);
             else if (streams_parts<L>(to, r)) return stream_parts(line, to, r);
         }
-        store_line(line, to, r);
+        r.from = store_steps(line, to, r);
+        if (r.from < r.end) store_few(line, to, r);
     }
 
     // Two lines with the same chroma.
@@ -120,8 +122,8 @@ public:
         }
         r.from = store_steps(upper, lower, to_upper, to_lower, r);
         if (r.from >= r.end) return;
-        store_exactly(upper, to_upper, r);
-        store_exactly(lower, to_lower, r);
+        store_few(upper, to_upper, r);
+        store_few(lower, to_lower, r);
     }
 
     // The block at x that closes each of two lines with the same chroma, where it is made otherwise than the rest.
@@ -140,6 +142,18 @@ public:
             }
         }
         store_both<kBlock>(upper, lower, to_upper, to_lower, x);
+    }
+
+    // Whether stores go past the caches, where lines allow it.
+    ALWAYS_INLINE bool streams() const { return streamed_whole_ || streamed_parts_; }
+
+    // Only units from `first` on, `count` of them, of the 16 units from x on: what is left of a line whose number of
+    // units is odd, or which is shorter than a block. A line that has just been streamed may go on with them.
+    template <Line L>
+    ALWAYS_INLINE void units_of_block(const L& line, uint8_t* to, ptrdiff_t x, int first, int count) const
+    {
+        const auto copy = exact(line);
+        store_units_of_block(any_line<L>(copy, to), x, first, count);
     }
 
     // Two lines that overlap or have chroma of their own: a block of the one and a block of the other in turn. Blocks
@@ -322,16 +336,24 @@ private:
         const Range body = stream_head(any, r, L::kWidest);
         for (ptrdiff_t x = body.from; x < body.end; x += L::kWidest)
             store_units<L::kWidest>(line, past + x * L::kBytes, x);
-        stream_rest(any, {body.end, r.end});
+        store_rest(any, {body.end, r.end}, true);
     }
     template <Line L> static ALWAYS_INLINE void stream_block(const L& line, uint8_t* to, ptrdiff_t x)
     {
         const auto copy = exact(line);
-        stream_rest(any_line<L>(copy, to), {x, x + kBlock});
+        store_rest(any_line<L>(copy, to), {x, x + kBlock}, true);
+    }
+    // What the steps leave of a line. Lines that are shorter than a block are stored by eights.
+    template <Line L> static ALWAYS_INLINE void store_few(const L& line, uint8_t* to, Range r)
+    {
+        if (L::kEights && r.end < kBlock) return store_exactly(line, to, r);
+        const auto copy = exact(line);
+        store_rest(any_line<L>(copy, to), r, false);
     }
     // Returns what the widest steps can do from where a unit begins a cache line.
     static Range stream_head(const AnyLine& line, Range r, int widest);
-    static void stream_rest(const AnyLine& line, Range r);
+    static void store_rest(const AnyLine& line, Range r, bool streamed);
+    void store_units_of_block(const AnyLine& line, ptrdiff_t x, int first, int count) const;
 
     const bool streamed_whole_; // every line begins a cache line
     const bool streamed_parts_; // lines begin anywhere
