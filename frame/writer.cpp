@@ -122,10 +122,9 @@ void Writer::stream_block(const AnyLine& line, ptrdiff_t x) const
     store_block(line, x, 0, size, streamed);
 }
 
-void Writer::store_units_of_block(const AnyLine& line, ptrdiff_t x, int first, int count) const
+void Writer::store_units_of_block(const AnyLine& line, int count) const
 {
-    const int bytes = line.kind->bytes;
-    store_block(line, x, first * bytes, count * bytes, streamed_ && !aligned_);
+    store_block(line, 0, 0, count * line.kind->bytes, streamed_ && !aligned_);
 }
 
 // An ordinary store that waits for memory holds up all stores after it: what is left of a line is fetched ahead of
