@@ -84,13 +84,19 @@ public:
     // Whether stores go past the caches, where lines allow it.
     ALWAYS_INLINE bool streams() const { return streamed_whole_ || streamed_parts_; }
 
-    // Only units from `first` on, `count` of them, of the 16 units from x on: what is left of a line whose number of
-    // units is odd, or which is shorter than a block. A line that has just been streamed may go on with them.
-    template <Line L>
-    ALWAYS_INLINE void units_of_block(const L& line, uint8_t* to, ptrdiff_t x, int first, int count) const
+    // The first units of the block at 0: a line that is shorter than a block.
+    template <Line L> ALWAYS_INLINE void units_of_block(const L& line, uint8_t* to, int count) const
     {
         const auto copy = exact(line);
-        store_units_of_block(any_line<L>(copy, to), x, first, count);
+        store_units_of_block(any_line<L>(copy, to), count);
+    }
+
+    // A few bytes that have just been made: what is left of a line whose number of units is odd.
+    ALWAYS_INLINE void few(uint8_t* to, const uint8_t* from, int count) const
+    {
+        if (streamed_parts_) stream_few(to, from, count);
+        else
+            for (int i = 0; i < count; i++) to[i] = from[i];
     }
 
     // Two lines that overlap or have chroma of their own: a block of the one and a block of the other in turn. Blocks
@@ -171,7 +177,7 @@ private:
     // Returns what the widest steps can do from where a unit begins a cache line.
     static Range stream_head(const AnyLine& line, Range r, int widest);
     static void store_rest(const AnyLine& line, Range r, bool streamed);
-    void store_units_of_block(const AnyLine& line, ptrdiff_t x, int first, int count) const;
+    void store_units_of_block(const AnyLine& line, int count) const;
 
     const bool streamed_whole_; // every line begins a cache line
     const bool streamed_parts_; // lines begin anywhere
