@@ -3,13 +3,6 @@
 
 namespace player {
 
-const char* key_text()
-{
-    return "space pause | . next picture | 1 2 brightness | 3 4 contrast | 5 6 saturation | 0 reset | s surface | "
-           "w half width | z zoom | d field | v subtitles | a subpicture alone | o overlay | left right seek | f full "
-           "screen | h keys | q quit";
-}
-
 std::string help_text()
 {
     return "Usage: vsurf-play [OPTION]... [FILE]\n"
@@ -64,7 +57,7 @@ std::string help_text()
            "  -V, --version      the version\n"
            "\n"
            "Keys: " +
-           std::string(key_text()) +
+           key_line() +
            "\n"
            "\n"
            "Exit status: 0, or 2 after one line on standard error: wrong usage or input, or what had to be skipped in "

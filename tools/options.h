@@ -2,18 +2,12 @@
 // The command line.
 #pragma once
 #include "frame/dispatch.h"
-#include "tools/source.h"
+#include "tools/decode_thread.h"
 #include "tools/view.h"
 #include <filesystem>
 #include <optional>
 
 namespace player {
-
-struct SubtitleChoice {
-    bool wanted = false;
-    std::string file; // empty: the clip itself
-    int track = 0;    // from 1; 0: the file's default
-};
 
 struct Options {
     enum class Action { play, help, version };
@@ -34,6 +28,5 @@ Options parse_options(int argc, char** argv);
 
 std::string help_text();
 std::string version_text();
-const char* key_text();
 
 } // namespace player

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Plays a source: decodes, paces, renders, shows and dumps, and obeys the keys.
+// Plays a source: paces, renders, shows and dumps its pictures, and obeys the viewer.
 #pragma once
-#include "tools/decoder.h"
+#include "tools/clock.h"
+#include "tools/decode_thread.h"
 #include "tools/options.h"
-#include "tools/pace.h"
 #include "tools/png_writer.h"
 #include "tools/progress.h"
 #include "tools/renderer.h"
@@ -20,38 +20,45 @@ public:
     void run();
 
 private:
-    enum class Next { show, quit, read_again };
+    bool over() const;
+    void fetch();
+    void wait_for_viewer();
+    void obey(Command command);
+    void advance();
+    void advance_to_coming();
+    void end();
+    bool late() const;
 
-    void open_subtitles();
-    bool read();
-    Next wait_for(double time);
-    Next obey(Command command);
     void turn(Command command);
-    void toggle(Scaling scaling);
-    bool seek(double by);
+    void pause(bool wanted);
+    void seek(double time);
+    void jumped();
     void take_picture();
+    void present();
     void render();
     void show();
-    void hold_last();
     void finish() const;
     std::string title() const;
 
     const Options& options_;
     const StopSignals& stop_;
-    Decoder decoder_;
     Stats stats_;
     Renderer renderer_;
-    std::unique_ptr<Subtitles> subtitles_;
-    Pace pace_;
+    DecodeThread input_;
+    DecodeThread::About about_;
+    Clock clock_;
     std::optional<PngWriter> dump_;
     std::optional<Window> window_;
     Progress progress_;
 
-    FramePtr coming_, shown_; // the decoder's next picture, and the one that is seen
-    double shown_time_ = 0;
-    int64_t pictures_ = 0, pictures_at_start_ = 0;
+    std::optional<TimedPicture> coming_; // the decoder's next picture
+    TimedPicture shown_;                 // the one that is seen
+    Clock::Wall::time_point shown_since_;
+    int64_t pictures_ = 0, pictures_at_start_ = 0, dropped_ = 0;
     View view_;
-    bool paused_ = false, step_ = false, keys_in_title_ = false;
+    std::string refused_; // in words
+    bool ended_ = false, still_ = false, quit_ = false, finished_ = false;
+    bool paused_ = false, show_next_ = false, keys_in_title_ = false;
 };
 
 } // namespace player

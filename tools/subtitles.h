@@ -4,6 +4,7 @@
 #include "tools/source.h"
 #include "tools/subtitle_decoder.h"
 #include <ass/ass.h>
+#include <mutex>
 #include <set>
 #include <tuple>
 
@@ -24,9 +25,9 @@ public:
     Subtitles& operator=(const Subtitles&) = delete;
 
     int stream() const { return stream_; }
-    // A packet may come again, after a seek: its events count once.
+    // A packet may come again, after a seek: its events count once. From any thread.
     void take(AVPacket& packet);
-    bool empty() const { return seen_.empty(); }
+    bool empty() const;
     // The images are libass's own, valid until the next call.
     SubtitleImages draw(double time, int width, int height, double sample_aspect);
     // What was not drawn, in words; empty where nothing was left out.
@@ -36,6 +37,7 @@ private:
     static void hear(int level, const char* format, va_list values, void* self);
     void add_fonts(const AVFormatContext& file);
 
+    mutable std::mutex mutex_; // of all that packets change
     std::string name_;
     int stream_;
     bool visible_ = false, drawn_ = false, font_missed_ = false;
@@ -47,6 +49,6 @@ private:
 };
 
 // A file of subtitles, or of video with subtitles in it, read to its end.
-std::unique_ptr<Subtitles> read_subtitles(const Source& source, int track);
+std::unique_ptr<Subtitles> read_subtitles(const Source& source, int track, Interrupt& interrupt);
 
 } // namespace player

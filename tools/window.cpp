@@ -23,59 +23,6 @@ Uint32 texture_format(SurfaceFormat format)
     }
 }
 
-Command key_command(const SDL_Keysym& key)
-{
-    switch (key.sym) {
-    case SDLK_q:
-    case SDLK_ESCAPE: return Command::quit;
-    case SDLK_SPACE: return Command::pause;
-    case SDLK_PERIOD: return Command::step;
-    case SDLK_1:
-    case SDLK_KP_1: return Command::darker;
-    case SDLK_2:
-    case SDLK_KP_2: return Command::brighter;
-    case SDLK_3:
-    case SDLK_KP_3: return Command::less_contrast;
-    case SDLK_4:
-    case SDLK_KP_4: return Command::more_contrast;
-    case SDLK_5:
-    case SDLK_KP_5: return Command::less_saturation;
-    case SDLK_6:
-    case SDLK_KP_6: return Command::more_saturation;
-    case SDLK_0:
-    case SDLK_KP_0: return Command::reset;
-    case SDLK_s: return Command::next_surface;
-    case SDLK_w: return Command::half_width;
-    case SDLK_z: return Command::zoom;
-    case SDLK_d: return Command::field;
-    case SDLK_v: return Command::subtitles;
-    case SDLK_a: return Command::alone;
-    case SDLK_o: return Command::overlay;
-    case SDLK_LEFT: return Command::back;
-    case SDLK_RIGHT: return Command::forward;
-    case SDLK_f: return Command::full_screen;
-    case SDLK_h: return Command::keys;
-    default: return Command::none;
-    }
-}
-
-bool repeats(Command command)
-{
-    switch (command) {
-    case Command::pause:
-    case Command::next_surface:
-    case Command::half_width:
-    case Command::zoom:
-    case Command::field:
-    case Command::subtitles:
-    case Command::alone:
-    case Command::overlay:
-    case Command::full_screen:
-    case Command::keys: return false;
-    default: return true;
-    }
-}
-
 } // namespace
 
 SdlSession::SdlSession()

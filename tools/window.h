@@ -1,37 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The window: shows surfaces, turns keys into commands.
 #pragma once
+#include "tools/command.h"
 #include "tools/geometry.h"
 #include "tools/rgb_image.h"
 #include <SDL.h>
 #include <chrono>
 
 namespace player {
-
-enum class Command {
-    none,
-    quit,
-    pause,
-    step,
-    darker,
-    brighter,
-    less_contrast,
-    more_contrast,
-    less_saturation,
-    more_saturation,
-    reset,
-    next_surface,
-    half_width,
-    zoom,
-    field,
-    subtitles,
-    alone,
-    overlay,
-    back,
-    forward,
-    full_screen,
-    keys
-};
 
 template <auto release> struct SdlRelease {
     template <class T> void operator()(T* object) const { release(object); }

@@ -8,8 +8,11 @@
 #include <chrono>
 #include <csignal>
 #include <cstring>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace player_test {
 namespace {
@@ -198,6 +201,28 @@ TEST_F(Keys, hide_subtitles_and_show_nothing_else)
     EXPECT_TRUE(holds(100, 80, box) && holds(250, 200, beside) && holds(319, 5, {}));
     screen_->press("q");
     EXPECT_EQ(player.wait().status, 0);
+}
+
+TEST_F(Keys, end_a_film_whose_input_is_silent)
+{
+    const auto fifo = scratch_ / "fifo";
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    write_y4m(scratch_ / "clip.y4m", gradient(64, 48), 3);
+    for (const bool by_key : {true, false}) {
+        const int writer = open(fifo.c_str(), O_RDWR);
+        Process player = start({fifo.string()});
+        const std::string film = contents(scratch_ / "clip.y4m");
+        ASSERT_EQ(write(writer, film.data(), film.size()), static_cast<ssize_t>(film.size()));
+        EXPECT_TRUE(eventually([&] { return title_says("rgb32"); }));
+        std::this_thread::sleep_for(std::chrono::milliseconds(500));
+        if (by_key) screen_->press("q");
+        else screen_->close_window();
+        const auto told = std::chrono::steady_clock::now();
+        EXPECT_TRUE(eventually([&] { return !player.running(); }));
+        EXPECT_LT(std::chrono::steady_clock::now() - told, std::chrono::milliseconds(250)) << by_key;
+        EXPECT_EQ(player.wait().status, 0);
+        close(writer);
+    }
 }
 
 TEST_F(Keys, seek_and_step)
