@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 // vsurf-play: a video through vsurf's loaders, in a window or as PNG files.
+#include "tools/error.h"
 #include "tools/player.h"
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <exception>
 extern "C" {
 #include <libavutil/log.h>
@@ -19,6 +22,11 @@ void play(const player::Options& options)
     player::Player(options, stop).run();
 }
 
+void flush_output()
+{
+    if (std::fflush(stdout) != 0) throw player::Error(std::string("standard output: ") + std::strerror(errno));
+}
+
 // One line, whatever a file name holds.
 void complain(std::string what)
 {
@@ -32,11 +40,9 @@ void complain(std::string what)
 int main(int argc, char** argv)
 try {
     const player::Options options = player::parse_options(argc, argv);
-    switch (options.action) {
-    case player::Options::Action::help: std::fputs(player::help_text().c_str(), stdout); break;
-    case player::Options::Action::version: std::fputs(player::version_text().c_str(), stdout); break;
-    case player::Options::Action::play: play(options); break;
-    }
+    if (options.text.empty()) play(options);
+    else std::fputs(options.text.c_str(), stdout);
+    flush_output();
     return 0;
 } catch (const std::bad_alloc&) {
     complain("out of memory");

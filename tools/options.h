@@ -10,9 +10,7 @@
 namespace player {
 
 struct Options {
-    enum class Action { play, help, version };
-
-    Action action = Action::play;
+    std::string text; // of help or version, where these are wanted and nothing else
     Source source;
     View view;
     SubtitleChoice subtitles;
@@ -24,9 +22,6 @@ struct Options {
 };
 
 // Throws Error with one line of what is wrong.
-Options parse_options(int argc, char** argv);
-
-std::string help_text();
-std::string version_text();
+Options parse_options(int argc, const char* const* argv);
 
 } // namespace player

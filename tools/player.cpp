@@ -237,7 +237,6 @@ void Player::finish() const
             std::printf("vsurf %s, %s\n", renderer_.isa_name(), line.c_str());
         if (window_) std::printf("late pictures dropped: %lld\n", static_cast<long long>(dropped_));
     }
-    std::fflush(stdout);
     const Damage damage = input_.damage();
     if (damage.any()) throw Error(options_.source.name() + ": " + damage.text());
     const std::string lost = about_.subtitles ? about_.subtitles->damage() : "";

@@ -102,6 +102,8 @@ FormatPtr open(const Source& source, Interrupt& interrupt)
     const std::string what = source.is_pattern() ? pattern(source) : address(source);
     Dictionary words = description(source);
     int status = avformat_open_input(&opened, what.c_str(), format, &words.entries);
+    if (status == AVERROR(EINVAL) && source.frame_size.empty() && !source.is_pattern())
+        throw Error(source.name() + ": has no header; say what it holds by --format, --video-size and --pixel-format");
     if (status < 0) throw Error(source.name() + ": " + av_error_text(status, source.content));
     FormatPtr context(opened);
     check_all_taken(source, words, *context);

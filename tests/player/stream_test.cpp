@@ -98,6 +98,16 @@ TEST_F(Stream, damage_in_the_middle_is_counted_and_the_rest_is_played)
     EXPECT_GT(complete_pictures(), kFilm.count * 3 / 4);
 }
 
+TEST_F(Stream, a_packet_that_is_cut_counts_once)
+{
+    write_file(scratch_ / "clip.yuy2", std::string(16 * 16 * 2 + 100, 'x'));
+    const Result result =
+        dump(scratch_ / "clip.yuy2", {"--format", "rawvideo", "--pixel-format", "yuyv422", "--video-size", "16x16"});
+    expect_one_line(result, "skipped 1 damaged packet");
+    EXPECT_EQ(result.err.find("packets"), std::string::npos) << result.err;
+    EXPECT_EQ(complete_pictures(), 1);
+}
+
 TEST_F(Stream, size_may_change_between_pictures)
 {
     encode(scratch_ / "a.mjpg", {"mjpeg", "yuvj420p", 64, 48, 3});
