@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/decode_thread.h"
+#include "tools/upright.h"
 #include <condition_variable>
 #include <csignal>
 #include <exception>
@@ -66,6 +67,7 @@ private:
     const SubtitleChoice choice_;
     Interrupt interrupt_;
     std::optional<Decoder> decoder_;
+    Upright upright_;
 
     mutable std::mutex mutex_; // of all that follows, and of what is public
     std::condition_variable changed_;
@@ -132,7 +134,11 @@ void DecodeThread::Work::decode()
     if (interrupt_.requested()) return;
     picture.time = decoder_->time();
     picture.file_time = decoder_->start() + picture.time;
-    if (more) picture.sample_aspect = decoder_->sample_aspect(*picture.frame);
+    if (more) {
+        picture.sample_aspect = decoder_->sample_aspect(*picture.frame);
+        if (upright_.turn(*picture.frame, decoder_->stream()))
+            std::swap(picture.sample_aspect.num, picture.sample_aspect.den);
+    }
     publish(more ? &picture : nullptr, epoch);
 }
 

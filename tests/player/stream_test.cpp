@@ -108,6 +108,20 @@ TEST_F(Stream, a_packet_that_is_cut_counts_once)
     EXPECT_EQ(complete_pictures(), 1);
 }
 
+TEST_F(Stream, film_of_a_telephone_stands_upright)
+{
+    encode(scratch_ / "lying.mp4", {"mpeg4", "yuv420p", 64, 48, 2});
+    ASSERT_EQ(dump(scratch_ / "lying.mp4").status, 0);
+    const Image lying = picture(1);
+    encode(scratch_ / "film.mp4", {"mpeg4", "yuv420p", 64, 48, 2, 90});
+    ASSERT_EQ(dump(scratch_ / "film.mp4").status, 0);
+    const Image upright = picture(1);
+    ASSERT_EQ(upright.width, 48);
+    ASSERT_EQ(upright.height, 64);
+    for (int y = 0; y < 64; y++)
+        for (int x = 0; x < 48; x++) ASSERT_EQ(upright.at(x, y), lying.at(y, 47 - x)) << x << "," << y;
+}
+
 TEST_F(Stream, size_may_change_between_pictures)
 {
     encode(scratch_ / "a.mjpg", {"mjpeg", "yuvj420p", 64, 48, 3});
