@@ -93,18 +93,26 @@ void Player::obey(Command command)
     window_->title(title());
 }
 
-// What cannot be shown is taken back.
 void Player::turn(Command command)
 {
     const View before = view_;
     view_.turn(command);
     try {
-        present();
+        render();
+        show();
     } catch (const std::exception& error) {
-        view_ = before;
-        present();
-        refused_ = error.what();
+        take_back(before, error);
     }
+}
+
+// What cannot be shown is refused, and playing goes on.
+void Player::take_back(const View& before, const std::exception& error)
+{
+    view_ = before;
+    render();
+    show();
+    refused_ = error.what();
+    window_->title(title());
 }
 
 void Player::pause(bool wanted)
@@ -193,15 +201,20 @@ void Player::take_picture()
     pictures_++;
     render();
     if (dump_) dump_->write(renderer_.image());
-    if (options_.window) show();
+    if (options_.window) show_or_shrink();
     progress_.update(shown_.time, about_.duration, pictures_);
     if (dump_ && window_ && clock_.now() - shown_.time > kLateSeconds) clock_.forget();
 }
 
-void Player::present()
-{
-    render();
+// A picture may be too large for the window's textures when it is enlarged.
+void Player::show_or_shrink()
+try {
     show();
+} catch (const Error& error) {
+    if (!window_ || view_.scaling == Scaling::none) throw;
+    View smaller = view_;
+    smaller.scaling = Scaling::none;
+    take_back(smaller, error);
 }
 
 void Player::render()

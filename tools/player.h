@@ -34,7 +34,8 @@ private:
     void seek(double time);
     void jumped();
     void take_picture();
-    void present();
+    void take_back(const View& before, const std::exception& error);
+    void show_or_shrink();
     void render();
     void show();
     void finish() const;

@@ -203,6 +203,25 @@ TEST_F(Keys, hide_subtitles_and_show_nothing_else)
     EXPECT_EQ(player.wait().status, 0);
 }
 
+// Twice the width is more than many renderers' textures take.
+TEST_F(Keys, do_not_end_the_player_by_what_cannot_be_shown)
+{
+    Process player = start({still(gradient(8200, 32))});
+    ASSERT_TRUE(eventually([&] { return title_says("rgb32 8200x32"); })) << player.wait().err;
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    EXPECT_TRUE(press_until("z", "rgb32 8200x64 zoom 1x2"));
+    screen_->press("z");
+    EXPECT_TRUE(eventually([&] { return title_says("refused: ") || title_says("yuy2 16400x64"); })) << screen_->title();
+    EXPECT_TRUE(press_until("d", "field"));
+    screen_->press("q");
+    EXPECT_EQ(player.wait().status, 0);
+
+    Process enlarged = start({"--zoom=2x2", still(gradient(8200, 32))});
+    EXPECT_TRUE(eventually([&] { return title_says("refused: ") || title_says("yuy2 16400x64"); })) << screen_->title();
+    screen_->press("q");
+    EXPECT_EQ(enlarged.wait().err, "");
+}
+
 TEST_F(Keys, end_a_film_whose_input_is_silent)
 {
     const auto fifo = scratch_ / "fifo";
