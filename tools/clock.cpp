@@ -4,8 +4,15 @@
 
 namespace player {
 
+void Clock::follow(std::shared_ptr<Sound> sound, double offset)
+{
+    sound_ = std::move(sound);
+    offset_ = offset;
+}
+
 void Clock::start(double time)
 {
+    if (sound_) sound_->play(time + offset_);
     known_ = true;
     held_ = false;
     time_ = time;
@@ -16,12 +23,20 @@ void Clock::hold()
 {
     time_ = now();
     held_ = true;
+    if (sound_) sound_->pause();
+}
+
+void Clock::forget()
+{
+    known_ = false;
+    if (sound_) sound_->pause();
 }
 
 void Clock::resume()
 {
     since_ = Wall::now();
     held_ = false;
+    if (sound_ && known_) sound_->play(time_ + offset_);
 }
 
 void Clock::set_speed(double speed)
@@ -29,11 +44,14 @@ void Clock::set_speed(double speed)
     time_ = now();
     since_ = Wall::now();
     speed_ = speed;
+    if (sound_) sound_->set_speed(speed);
 }
 
 double Clock::now() const
 {
-    return held_ ? time_ : time_ + speed_ * std::chrono::duration<double>(Wall::now() - since_).count();
+    if (held_) return time_;
+    if (sound_) return sound_->position() - offset_;
+    return time_ + speed_ * std::chrono::duration<double>(Wall::now() - since_).count();
 }
 
 std::chrono::milliseconds Clock::until(double time) const

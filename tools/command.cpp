@@ -32,14 +32,27 @@ constexpr Binding kBindings[] = {
     {Command::overlay, SDLK_o, 0, false},
     {Command::back, SDLK_LEFT, 0, true},
     {Command::forward, SDLK_RIGHT, 0, true},
+    {Command::far_back, SDLK_DOWN, 0, true},
+    {Command::far_forward, SDLK_UP, 0, true},
+    {Command::slower, SDLK_LEFTBRACKET, 0, true},
+    {Command::faster, SDLK_RIGHTBRACKET, 0, true},
+    {Command::usual_speed, SDLK_BACKSPACE, 0, false},
+    {Command::mute, SDLK_m, 0, false},
+    {Command::quieter, SDLK_MINUS, SDLK_KP_MINUS, true},
+    {Command::louder, SDLK_EQUALS, SDLK_PLUS, true},
+    {Command::louder, SDLK_KP_PLUS, 0, true},
+    {Command::next_sound, SDLK_HASH, 0, false},
     {Command::full_screen, SDLK_f, 0, false},
     {Command::keys, SDLK_h, 0, false},
+    {Command::info, SDLK_i, 0, false},
 };
 
 } // namespace
 
 Command key_command(const SDL_Keysym& key)
 {
+    // Where the keyboard has it above the 3.
+    if (key.sym == SDLK_3 && key.mod & KMOD_SHIFT) return Command::next_sound;
     for (const Binding& each : kBindings)
         if (key.sym == each.key || (each.other && key.sym == each.other)) return each.command;
     return Command::none;
@@ -55,33 +68,40 @@ const std::vector<KeyText>& key_texts()
 {
     static const std::vector<KeyText> texts{
         {"space", "pause"},
-        {".", "next picture"},
-        {",", "picture before"},
+        {". ,", "next picture, the one before"},
+        {"left right", "5 seconds back, forward"},
+        {"down up", "a minute back, forward"},
+        {"[ ] backspace", "slower, faster, usual speed"},
+        {"- = m", "quieter, louder, mute"},
+        {"#", "next sound track"},
         {"1 2", "brightness"},
         {"3 4", "contrast"},
         {"5 6", "saturation"},
-        {"0", "reset"},
-        {"s", "surface"},
+        {"0", "reset these three"},
+        {"s", "next surface format"},
         {"w", "half width"},
         {"z", "zoom"},
         {"d", "field"},
         {"v", "subtitles"},
         {"a", "subpicture alone"},
         {"o", "overlay"},
-        {"left right", "seek"},
         {"f", "full screen"},
+        {"i", "what is playing, and how"},
         {"h", "keys"},
         {"q", "quit"},
     };
     return texts;
 }
 
-std::string key_line()
+std::string key_list(std::size_t column)
 {
-    std::string line;
-    for (const KeyText& each : key_texts())
-        line.append(line.empty() ? "" : " | ").append(each.keys).append(" ").append(each.meaning);
-    return line;
+    std::string list;
+    for (const KeyText& each : key_texts()) {
+        std::string keys = each.keys;
+        keys.resize(std::max(column, keys.size() + 1), ' ');
+        list += "  " + keys + each.meaning + "\n";
+    }
+    return list;
 }
 
 } // namespace player

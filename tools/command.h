@@ -29,8 +29,20 @@ enum class Command {
     overlay,
     back,
     forward,
+    far_back,
+    far_forward,
+    slower,
+    faster,
+    usual_speed,
+    mute,
+    quieter,
+    louder,
+    next_sound,
     full_screen,
-    keys
+    keys,
+    info,
+    seek_to,  // the window knows where
+    play_file // and which
 };
 
 Command key_command(const SDL_Keysym& key);
@@ -41,6 +53,6 @@ struct KeyText {
     const char *keys, *meaning;
 };
 const std::vector<KeyText>& key_texts();
-std::string key_line(); // all of them
+std::string key_list(std::size_t column); // a line each, with the meanings in one column
 
 } // namespace player

@@ -224,6 +224,14 @@ bool Decoder::seekable() const
            (!format_->pb || format_->pb->seekable & AVIO_SEEKABLE_NORMAL);
 }
 
+std::string Decoder::description() const
+{
+    char text[80];
+    std::snprintf(text, sizeof text, "%s, %.2f pictures per second", avcodec_get_name(codec_->codec_id),
+                  1 / frame_seconds_);
+    return text;
+}
+
 AVRational Decoder::sample_aspect(AVFrame& frame) const
 {
     const AVRational ratio = av_guess_sample_aspect_ratio(format_.get(), stream_, &frame);

@@ -33,6 +33,7 @@ public:
     void divert(int stream, std::function<void(AVPacket&)> take);
     // Reads one packet ahead of the pictures, for the sake of the other streams; false at the end of the file.
     bool read_ahead();
+    std::size_t packets_ahead() const { return waiting_.size(); }
     const AVFormatContext& file() const { return *format_; }
 
     double time() const { return time_; }   // of the last picture, from the start, in seconds
@@ -41,6 +42,7 @@ public:
     std::optional<double> duration() const;
     AVRational sample_aspect(AVFrame& frame) const;
     bool seekable() const;
+    std::string description() const; // codec and rate
     const AVStream& stream() const { return *stream_; }
     const Damage& damage() const { return damage_; }
 

@@ -2,9 +2,8 @@
 // The layers of a subtitle as the two RGB32 drawings from which the library makes a subpicture.
 #pragma once
 #include "frame/dispatch.h"
+#include "tools/layers.h"
 #include "tools/surface.h"
-#include <ass/ass.h>
-#include <vector>
 
 namespace player {
 
@@ -28,23 +27,12 @@ public:
     const Surface& opacities() const { return opacities_; } // 0 to 16 as blue
 
 private:
-    struct Box {
-        int left, top, right, bottom;
-        int width() const { return right - left; }
-        int height() const { return bottom - top; }
-    };
-    struct Pixel {
-        float red = 0, green = 0, blue = 0, opacity = 0; // colours times opacity, which is 0 to 1
-    };
-
-    static Box bounds(const ASS_Image* first, const Canvas& canvas);
-    void blend(const ASS_Image& image, const Box& box);
-    void draw(const Box& box);
-    void lend_colour_to_even_pixels(const Box& box);
+    void draw();
+    void lend_colour_to_even_pixels();
     void fill(Surface& surface, uint32_t pixel, const Canvas& canvas) const;
 
     const vsurf::Kernels& kernels_;
-    std::vector<Pixel> pixels_; // of the box
+    Layers layers_;
     Surface colours_, opacities_;
 };
 

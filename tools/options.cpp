@@ -61,17 +61,6 @@ const vsurf::Isa* isa(const std::string& text)
     throw CLI::ValidationError(text + ": not one of " + names);
 }
 
-std::string key_list()
-{
-    std::string list = "Keys:\n";
-    for (const KeyText& each : key_texts()) {
-        std::string keys = std::string("  ") + each.keys;
-        keys.resize(kColumn, ' ');
-        list += keys + each.meaning + "\n";
-    }
-    return list;
-}
-
 // CLI11 speaks of a "disallowed flag override".
 std::string in_words(const CLI::ParseError& error)
 {
@@ -134,7 +123,7 @@ CommandLine::CommandLine(Options& options) : options_(options)
     add_subtitles();
     add_description();
     add_playing();
-    app_.footer(key_list() +
+    app_.footer("Keys:\n" + key_list(kColumn - 2) +
                 "\nExit status: 0, or 2 after one line on standard error: wrong usage or input, or what had to be\n"
                 "skipped in a damaged stream that was played as far as possible.");
 }
@@ -265,6 +254,7 @@ try {
     options_.source.file = file_;
     options_.subtitles.wanted = given("--subtitles") || given("--subtitle-track");
     options_.window = options_.window || !options_.dump;
+    options_.sound.wanted = options_.window;
     check();
 } catch (const CLI::CallForHelp&) {
     options_.text = CLI::detail::find_and_replace(app_.help(), "\n\n\n", "\n\n");

@@ -14,6 +14,8 @@ struct Options {
     Source source;
     View view;
     SubtitleChoice subtitles;
+    SoundChoice sound;
+    bool mute = false;
     std::optional<std::filesystem::path> dump;
     std::optional<int64_t> frames;
     bool window = true;

@@ -12,7 +12,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr double kSeekSeconds = 5;
+constexpr double kSeekSeconds = 5, kFarSeconds = 60;
+constexpr double kSpeedStep = 1.1, kLeastSpeed = 0.1, kMostSpeed = 8;
+constexpr int kVolumeStep = 5;
+constexpr auto kStateStays = 2s;     // on the screen
 constexpr auto kLongestWait = 50ms;  // between looks at the signals
 constexpr auto kInputWait = 5ms;     // between looks at the input
 constexpr double kLongestGap = 10;   // in seconds; a clock that jumps further is another one
@@ -22,8 +25,9 @@ constexpr auto kRarest = 250ms;      // late or not, a picture is shown as often
 } // namespace
 
 Player::Player(const Options& options, const StopSignals& stop)
-    : options_(options), stop_(stop), renderer_(*options.isa, stats_), input_(options.source, options.subtitles),
-      progress_(!options.quiet), view_(options.view)
+    : options_(options), stop_(stop), renderer_(*options.isa, stats_),
+      input_(options.source, options.subtitles, options.sound), progress_(!options.quiet), view_(options.view),
+      mute_(options.mute)
 {
     if (options.dump) dump_.emplace(*options.dump);
 }
@@ -32,7 +36,11 @@ void Player::run()
 {
     while (!over()) {
         fetch();
-        if (window_) wait_for_viewer();
+        if (window_) {
+            wait_for_viewer();
+            window_->set_osd(osd());
+            window_->refresh();
+        }
         if (!over()) advance();
     }
     finish();
@@ -55,7 +63,11 @@ void Player::fetch()
         if (input_.stalled()) clock_.forget();
         break;
     }
-    if (coming_ || ended_) about_ = input_.about();
+    if ((coming_ || ended_) && !known_) {
+        known_ = true;
+        about_ = input_.about();
+        if (about_.sound) set_volume(volume_, mute_);
+    }
     if (input_.seek_failed()) refused_ = "cannot seek";
 }
 
@@ -87,9 +99,21 @@ void Player::obey(Command command)
     case Command::back: seek(shown_.time - kSeekSeconds); break;
     case Command::forward: seek(shown_.time + kSeekSeconds); break;
     case Command::full_screen: window_->toggle_full_screen(); break;
-    case Command::keys: keys_in_title_ = !keys_in_title_; break;
+    case Command::far_back: seek(shown_.time - kFarSeconds); break;
+    case Command::far_forward: seek(shown_.time + kFarSeconds); break;
+    case Command::seek_to: seek(window_->target() * about_.duration.value_or(0)); break;
+    case Command::slower: set_speed(clock_.speed() / kSpeedStep); break;
+    case Command::faster: set_speed(clock_.speed() * kSpeedStep); break;
+    case Command::usual_speed: set_speed(1); break;
+    case Command::mute: set_volume(volume_, !mute_); break;
+    case Command::quieter: set_volume(volume_ - kVolumeStep, false); break;
+    case Command::louder: set_volume(volume_ + kVolumeStep, false); break;
+    case Command::next_sound: turn_to_next_sound(); break;
+    case Command::keys: keys_shown_ = !keys_shown_; break;
+    case Command::info: info_shown_ = !info_shown_; break;
     default: turn(command);
     }
+    state_until_ = Clock::Wall::now() + kStateStays;
     window_->title(title());
 }
 
@@ -130,8 +154,37 @@ void Player::seek(double time)
         return;
     }
     if (about_.duration) time = std::min(time, *about_.duration - 2 * about_.frame_seconds);
+    shown_.time = std::max(time, 0.0); // another key goes on from there
     input_.seek(std::max(time, 0.0));
     jumped();
+}
+
+void Player::set_speed(double speed)
+{
+    constexpr double kNearlyUsual = 0.03; // steps up and down again end here
+    speed = std::clamp(speed, kLeastSpeed, kMostSpeed);
+    if (std::abs(speed - 1) < kNearlyUsual) speed = 1;
+    clock_.set_speed(speed);
+    input_.set_speed(speed);
+}
+
+void Player::set_volume(int volume, bool mute)
+{
+    volume_ = std::clamp(volume, 0, Sound::kMaxVolume);
+    mute_ = mute;
+    if (about_.sound) about_.sound->set_gain(mute_ ? 0 : static_cast<float>(volume_) / Sound::kMaxVolume);
+    else refused_ = "no sound";
+}
+
+// What was read ahead is of the track before.
+void Player::turn_to_next_sound()
+{
+    if (about_.sound_tracks < 2 || !about_.sound) {
+        refused_ = "no other sound track";
+        return;
+    }
+    input_.next_sound_track();
+    if (about_.seekable) seek(shown_.time);
 }
 
 // What comes next is shown at once, and sets the clock.
@@ -154,7 +207,7 @@ void Player::advance_to_coming()
     const double time = coming_->time;
     const bool jump = time < shown_.time || time - shown_.time > kLongestGap;
     if (!window_ || show_next_ || !clock_.known() || (jump && pictures_)) {
-        clock_.start(time);
+        start_clock(*coming_);
         if (paused_) clock_.hold();
     }
     if (window_ && clock_.now() < time) return;
@@ -165,6 +218,12 @@ void Player::advance_to_coming()
     }
     take_picture();
     show_next_ = false;
+}
+
+void Player::start_clock(const TimedPicture& picture)
+{
+    clock_.follow(about_.sound, picture.file_time - picture.time);
+    clock_.start(picture.time);
 }
 
 // Where every picture is written, or the viewer would see none for long, it is not left out.
@@ -185,6 +244,7 @@ void Player::end()
             window_->title(title());
         }
         if (paused_ || clock_.now() < shown_.time + about_.frame_seconds) return;
+        if (about_.sound && about_.sound->buffered() > 0) return;
     }
     finished_ = !options_.loop || pictures_ == pictures_at_start_;
     if (finished_) return;
@@ -201,7 +261,9 @@ void Player::take_picture()
     pictures_++;
     render();
     if (dump_) dump_->write(renderer_.image());
+    const bool first = !window_;
     if (options_.window) show_or_shrink();
+    if (first) start_clock(shown_); // a new window takes its time
     progress_.update(shown_.time, about_.duration, pictures_);
     if (dump_ && window_ && clock_.now() - shown_.time > kLateSeconds) clock_.forget();
 }
@@ -235,10 +297,10 @@ void Player::show()
         const double scale = std::max(1.0, surface.shown_width() / width);
         window_.emplace(std::max(1, static_cast<int>(std::lround(width * scale))),
                         std::max(1, static_cast<int>(std::lround(height * scale))), title());
-        if (progress_.shown()) std::fprintf(stderr, "%s\n", key_line().c_str());
-        clock_.start(shown_.time);
+        if (progress_.shown()) std::fputs("h shows the keys\n", stderr);
     }
     window_->title(title());
+    window_->set_osd(osd());
     if (view_.overlay) window_->show(renderer_.image(), width / height);
     else window_->show(surface, width / height);
 }
@@ -255,21 +317,6 @@ void Player::finish() const
     const std::string lost = about_.subtitles ? about_.subtitles->damage() : "";
     if (!lost.empty()) throw Error(lost);
     if (pictures_ == 0 && !stop_.pending()) throw Error(options_.source.name() + ": no picture could be decoded");
-}
-
-std::string Player::title() const
-{
-    if (keys_in_title_) return key_line();
-    const Surface& surface = renderer_.surface();
-    std::string title = traits(surface.format()).name;
-    title.append(" ").append(std::to_string(surface.shown_width())).append("x");
-    title.append(std::to_string(surface.shown_height())).append(view_.text());
-    if (about_.subtitles && !view_.subtitles) title += ", subtitles hidden";
-    if (about_.subtitles && view_.alone) title += ", subpicture alone";
-    if (view_.overlay) title += ", overlay";
-    if (paused_) title += ", paused";
-    if (!refused_.empty()) title += ", refused: " + refused_;
-    return title + " - " + options_.source.name();
 }
 
 } // namespace player

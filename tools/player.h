@@ -27,12 +27,16 @@ private:
     void advance();
     void advance_to_coming();
     void end();
+    void start_clock(const TimedPicture& picture);
     bool late() const;
 
     void turn(Command command);
     void pause(bool wanted);
     void seek(double time);
     void jumped();
+    void set_speed(double speed);
+    void set_volume(int volume, bool mute);
+    void turn_to_next_sound();
     void take_picture();
     void take_back(const View& before, const std::exception& error);
     void show_or_shrink();
@@ -40,6 +44,9 @@ private:
     void show();
     void finish() const;
     std::string title() const;
+    OsdContent osd() const;
+    std::vector<std::string> state() const;
+    std::vector<std::string> info() const;
 
     const Options& options_;
     const StopSignals& stop_;
@@ -58,8 +65,11 @@ private:
     int64_t pictures_ = 0, pictures_at_start_ = 0, dropped_ = 0;
     View view_;
     std::string refused_; // in words
-    bool ended_ = false, still_ = false, quit_ = false, finished_ = false;
-    bool paused_ = false, show_next_ = false, keys_in_title_ = false;
+    int volume_ = Sound::kMaxVolume;
+    bool mute_ = false;
+    Clock::Wall::time_point state_until_{};
+    bool known_ = false, ended_ = false, still_ = false, quit_ = false, finished_ = false;
+    bool paused_ = false, show_next_ = false, keys_shown_ = false, info_shown_ = false;
 };
 
 } // namespace player

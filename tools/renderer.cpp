@@ -20,6 +20,7 @@ Renderer::Renderer(const vsurf::Isa& isa, Stats& stats)
 
 void Renderer::render(const AVFrame& frame, const Moment& moment, const View& wanted, Subtitles* subtitles)
 {
+    colours_ = colours_of(frame);
     const View view = possible(wanted, subtitles);
     const SubtitleImages images = draw(frame, moment, view, subtitles);
     const Layer layer = !subtitles || view.alone ? Layer::none : images.first ? Layer::drawn : Layer::empty;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Decoded pictures and subtitles onto surfaces, through the library.
 #pragma once
+#include "tools/colours.h"
 #include "tools/converter.h"
 #include "tools/loader.h"
 #include "tools/mixer.h"
@@ -21,6 +22,7 @@ public:
     // `subtitles` may be null.
     void render(const AVFrame& frame, const Moment& moment, const View& wanted, Subtitles* subtitles);
 
+    const Colours& colours() const { return colours_; } // of the last picture
     const char* isa_name() const { return loader_.isa_name(); }
     const Surface& surface() const { return surface_; }
     // The shown part of the surface, or of the screen where it lies under one.
@@ -42,6 +44,7 @@ private:
     Overlay overlay_;
     Surface surface_, planes_;
     RgbConverter rgb_;
+    Colours colours_;
     bool drawn_ = false, screen_ = false;
 };
 

@@ -3,19 +3,10 @@
 #include "tools/error.h"
 #include <cmath>
 #include <cstring>
-#include <new>
 #include <utility>
 
 namespace player {
 namespace {
-
-constexpr const char* kFontFamily = "sans-serif"; // where a style's own font is missing
-
-template <class T> T* checked(T* object)
-{
-    if (!object) throw std::bad_alloc();
-    return object;
-}
 
 // libass's own words. It says so of single characters, too.
 constexpr const char* kNoFont = "failed to find any fallback";

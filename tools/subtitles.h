@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Text subtitles, drawn by libass.
 #pragma once
+#include "tools/ass.h"
 #include "tools/source.h"
 #include "tools/subtitle_decoder.h"
-#include <ass/ass.h>
 #include <mutex>
 #include <set>
 #include <tuple>
@@ -42,9 +42,9 @@ private:
     int stream_;
     bool visible_ = false, drawn_ = false, font_missed_ = false;
     SubtitleDecoder decoder_;
-    std::unique_ptr<ASS_Library, Release<ass_library_done>> library_;
-    std::unique_ptr<ASS_Renderer, Release<ass_renderer_done>> renderer_;
-    std::unique_ptr<ASS_Track, Release<ass_free_track>> track_;
+    AssLibraryPtr library_;
+    AssRendererPtr renderer_;
+    AssTrackPtr track_;
     std::set<std::tuple<int64_t, int64_t, std::string>> seen_; // start, duration, what follows the number of the line
 };
 

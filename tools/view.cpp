@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "tools/view.h"
-#include <cstdio>
 
 namespace player {
 
@@ -26,15 +25,6 @@ void View::turn(Command command)
     case Command::overlay: overlay = !overlay; break;
     default: break;
     }
-}
-
-std::string View::text() const
-{
-    char text[96];
-    std::snprintf(text, sizeof text, "%s, brightness %+d, contrast %.2f, saturation %.2f", scaling_text(scaling),
-                  controls.brightness, controls.contrast / double{Controls::kUnity},
-                  controls.saturation / double{Controls::kUnity});
-    return text;
 }
 
 } // namespace player

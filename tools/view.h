@@ -16,7 +16,6 @@ struct View {
     bool overlay = false;  // as on a screen with a colour key
 
     void turn(Command command);
-    std::string text() const; // the scaling and the controls, in words
 };
 
 } // namespace player
