@@ -6,17 +6,21 @@ include(CMakePackageConfigHelpers)
 set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
     GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)      # no more, whatever the umask
 
-foreach(library vsurf vsurf_static)
+set(libraries vsurf vsurf_static vsurf_show vsurf_show_static)
+foreach(library IN LISTS libraries)
     target_include_directories(${library} INTERFACE
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/frame> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 endforeach()
-set_target_properties(vsurf_static PROPERTIES OUTPUT_NAME vsurf)
+foreach(library vsurf_show vsurf_show_static)
+    target_include_directories(${library} INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/show>)
+endforeach()
 
-install(TARGETS vsurf vsurf_static EXPORT vsurfTargets
+install(TARGETS ${libraries} EXPORT vsurfTargets
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
-install(FILES ${PROJECT_SOURCE_DIR}/frame/vsurf.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+install(FILES ${PROJECT_SOURCE_DIR}/frame/vsurf.h ${PROJECT_SOURCE_DIR}/show/vsurf_show.h
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vsurf)
 install(EXPORT vsurfTargets NAMESPACE vsurf:: DESTINATION ${package_dir} COMPONENT development)
@@ -42,8 +46,13 @@ set(private_flags)
 if(WIN32)
     set(private_flags -DVSURF_STATIC)
 endif()
-configure_file(${CMAKE_CURRENT_LIST_DIR}/vsurf.pc.in ${PROJECT_BINARY_DIR}/vsurf.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/vsurf.pc DESTINATION ${pkgconfig_dir} COMPONENT development)
+set(description_of_vsurf ${PROJECT_DESCRIPTION})
+set(description_of_vsurf-show "Any picture on any surface")
+foreach(library vsurf vsurf-show)
+    set(description ${description_of_${library}})
+    configure_file(${CMAKE_CURRENT_LIST_DIR}/vsurf.pc.in ${PROJECT_BINARY_DIR}/${library}.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${library}.pc DESTINATION ${pkgconfig_dir} COMPONENT development)
+endforeach()
 
 # Pages and documents.
 file(GLOB pages_of_functions CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/man/*.3)

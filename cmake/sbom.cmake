@@ -6,12 +6,16 @@ list(FILTER library_sources EXCLUDE REGEX "^(bench|build[^/]*|docs|tests|tools)/
 
 # Each built file behind the folder that it is installed to.
 set(built ${CMAKE_INSTALL_INCLUDEDIR} ${PROJECT_SOURCE_DIR}/frame/vsurf.h
-    ${CMAKE_INSTALL_LIBDIR} $<TARGET_FILE:vsurf_static>)
-if(WIN32)
-    list(APPEND built ${CMAKE_INSTALL_BINDIR} $<TARGET_FILE:vsurf> ${CMAKE_INSTALL_LIBDIR} $<TARGET_LINKER_FILE:vsurf>)
-else()
-    list(APPEND built ${CMAKE_INSTALL_LIBDIR} $<TARGET_FILE:vsurf>)
-endif()
+    ${CMAKE_INSTALL_INCLUDEDIR} ${PROJECT_SOURCE_DIR}/show/vsurf_show.h
+    ${CMAKE_INSTALL_LIBDIR} $<TARGET_FILE:vsurf_static> ${CMAKE_INSTALL_LIBDIR} $<TARGET_FILE:vsurf_show_static>)
+foreach(library vsurf vsurf_show)
+    if(WIN32)
+        list(APPEND built ${CMAKE_INSTALL_BINDIR} $<TARGET_FILE:${library}>
+            ${CMAKE_INSTALL_LIBDIR} $<TARGET_LINKER_FILE:${library}>)
+    else()
+        list(APPEND built ${CMAKE_INSTALL_LIBDIR} $<TARGET_FILE:${library}>)
+    endif()
+endforeach()
 
 # In a file of its own: the document is made anew when one of these changes.
 set(input ${PROJECT_BINARY_DIR}/sbom-input.cmake)
@@ -24,7 +28,7 @@ set(sources \"${library_sources}\")
 set(writer ${CMAKE_CURRENT_LIST_DIR}/write_sbom.cmake)
 add_custom_command(OUTPUT ${sbom} VERBATIM
     COMMAND ${CMAKE_COMMAND} -D input=${input} -D output=${sbom} -P ${writer}
-    DEPENDS vsurf vsurf_static ${library_sources} ${writer} ${input}
+    DEPENDS vsurf vsurf_static vsurf_show vsurf_show_static ${library_sources} ${writer} ${input}
     WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} COMMENT "Writing the bill of materials")
 add_custom_target(sbom ALL DEPENDS ${sbom})
 install(FILES ${sbom} DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)

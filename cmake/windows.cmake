@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What vsurf.dll has beyond the shared library of other systems: an entry point, names for every kind of linker, a version
+# What the DLLs have beyond the shared libraries of other systems: an entry point, names for every kind of linker, a version
 # resource. Built with GCC for MinGW-w64.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     set(windows_arch x86_64)
@@ -16,27 +16,36 @@ endif()
 include(cmake/windows_names.cmake)
 
 enable_language(RC)
-configure_file(${PROJECT_SOURCE_DIR}/frame/vsurf.rc.in ${PROJECT_BINARY_DIR}/vsurf.rc @ONLY)
-function(vsurf_complete_dll target)
-    target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/frame/dllmain.cpp ${windows_exports}
-        ${PROJECT_BINARY_DIR}/vsurf.rc)
+# vsurf_complete_dll(<target> <file>): the file's name without its ending, of which there is a module definition.
+function(vsurf_complete_dll target dll)
+    configure_file(${PROJECT_SOURCE_DIR}/frame/vsurf.rc.in ${PROJECT_BINARY_DIR}/${dll}.rc @ONLY)
+    target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/frame/dllmain.cpp ${PROJECT_BINARY_DIR}/${dll}.def
+        ${PROJECT_BINARY_DIR}/${dll}.rc)
     # The compiler's own library goes in, no C++ runtime is needed; time stamps stay out, so that equal sources give equal
     # files.
     target_link_options(${target} PRIVATE -static-libgcc -Wl,--no-insert-timestamp)
-    set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME vsurf LINKER_LANGUAGE C)
+    set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME ${dll} LINKER_LANGUAGE C)
 endfunction()
-vsurf_complete_dll(vsurf)
-target_compile_definitions(vsurf_static INTERFACE VSURF_STATIC)
+vsurf_complete_dll(vsurf vsurf)
+vsurf_complete_dll(vsurf_show vsurf-show)
+foreach(library vsurf_static vsurf_show_static)
+    target_compile_definitions(${library} INTERFACE VSURF_STATIC)
+endforeach()
 
-# The linker makes libvsurf.dll.a for GNU tools. Those of the platform's own compilers, lld-link among them, take vsurf.lib.
+# The linker makes libvsurf.dll.a and the like for GNU tools. Those of the platform's own compilers, lld-link among them, take
+# vsurf.lib and vsurf-show.lib.
 find_program(LLVM_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14 DOC "Makes vsurf.lib")
 if(LLVM_DLLTOOL)
-    set(import_library ${PROJECT_BINARY_DIR}/vsurf.lib)
-    add_custom_command(OUTPUT ${import_library}
-        COMMAND ${LLVM_DLLTOOL} -m ${dlltool_machine} -d ${windows_exports} -l ${import_library}
-        DEPENDS ${windows_exports} VERBATIM)
-    add_custom_target(vsurf_lib ALL DEPENDS ${import_library})
-    install(FILES ${import_library} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+    set(import_libraries)
+    foreach(dll vsurf vsurf-show)
+        set(import_library ${PROJECT_BINARY_DIR}/${dll}.lib)
+        add_custom_command(OUTPUT ${import_library}
+            COMMAND ${LLVM_DLLTOOL} -m ${dlltool_machine} -d ${PROJECT_BINARY_DIR}/${dll}.def -l ${import_library}
+            DEPENDS ${PROJECT_BINARY_DIR}/${dll}.def VERBATIM)
+        list(APPEND import_libraries ${import_library})
+    endforeach()
+    add_custom_target(vsurf_lib ALL DEPENDS ${import_libraries})
+    install(FILES ${import_libraries} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
 else()
-    message(STATUS "No llvm-dlltool: vsurf.lib is not made")
+    message(STATUS "No llvm-dlltool: vsurf.lib and vsurf-show.lib are not made")
 endif()

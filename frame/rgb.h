@@ -1,25 +1,31 @@
 // SPDX-License-Identifier: MIT
-// YUV to RGB: BT.601 studio range in 16-bit fixed point.
+// YUV to RGB in 16-bit fixed point. BT.601 studio range is
 //
 //   L = 1.164 (Y - 16),  R = L + 1.596 (V - 128),  G = L - 0.391 (U - 128) - 0.813 (V - 128),  B = L + 2.018 (U - 128)
 //
-// Every product is floored by itself; the sums lie within -364 and 536, so 16-bit addition neither wraps nor needs an
-// order, and the stores saturate them to bytes.
+// and other encodings differ in the coefficients and in the luma of black. Every product is floored by itself; the sums
+// lie within -400 and 600, so 16-bit addition neither wraps nor needs an order, and the stores saturate them to bytes.
 #pragma once
+#include "frame/encoding.h"
 #include "simd/simd.h"
 
 namespace vsurf::VSURF_ISA {
 
-// The coefficients in 1/65536 of their shifted operand. The contract shifts U by 0 and V by 1 for green; one shift a
-// plane serves both of its terms with coefficients that give the same floor for every sample, as asserted below.
-constexpr int kLuma = 19071, kRedV = 26149, kGreenU = 3204, kGreenV = 13321, kBlueU = 16532;
 constexpr int kLumaShift = 2, kUShift = 3, kVShift = 2;
+
+// The contract's encoding, as constants. It shifts U by 0 and V by 1 for green; one shift a plane serves both of its
+// terms with coefficients that give the same floor for every sample, as asserted below.
+struct Bt601Limited {
+    static constexpr int black = kBt601Limited.black, luma = kBt601Limited.luma, red_v = kBt601Limited.red_v,
+                         green_u = kBt601Limited.green_u, green_v = kBt601Limited.green_v,
+                         blue_u = kBt601Limited.blue_u;
+};
 
 constexpr bool same_floors()
 {
     for (int c = -128; c < 128; c++) {
-        if ((c * 8 * kGreenU) >> 16 != (c * 25625) >> 16) return false;
-        if ((c * 4 * kGreenV) >> 16 != (c * 2 * 26641) >> 16) return false;
+        if ((c * 8 * Bt601Limited::green_u) >> 16 != (c * 25625) >> 16) return false;
+        if ((c * 4 * Bt601Limited::green_v) >> 16 != (c * 2 * 26641) >> 16) return false;
     }
     return true;
 }
@@ -29,12 +35,13 @@ template <int N> struct ChromaTerms {
     Words<N> red, green, blue;
 };
 
-template <int N> ALWAYS_INLINE ChromaTerms<N> chroma_terms(Words<N> u, Words<N> v)
+// `Encoding` is Bt601Limited or, with values in place of constants, RgbEncoding.
+template <class Encoding, int N> ALWAYS_INLINE ChromaTerms<N> chroma_terms(const Encoding& by, Words<N> u, Words<N> v)
 {
     u = sub(shl<kUShift>(u), Words<N>::splat(128 << kUShift));
     v = sub(shl<kVShift>(v), Words<N>::splat(128 << kVShift));
     auto term = [](Words<N> c, int k) VSURF_INLINED { return mulhi(c, Words<N>::splat(k)); };
-    return {term(v, kRedV), add(term(u, kGreenU), term(v, kGreenV)), term(u, kBlueU)};
+    return {term(v, by.red_v), add(term(u, by.green_u), term(v, by.green_v)), term(u, by.blue_u)};
 }
 
 template <int N> struct Rgb {
@@ -42,9 +49,10 @@ template <int N> struct Rgb {
 };
 
 // `luma` is shifted left by kLumaShift.
-template <int N> ALWAYS_INLINE Rgb<N> to_rgb(EvenOddWords<N> luma, ChromaTerms<N> chroma)
+template <class Encoding, int N>
+ALWAYS_INLINE Rgb<N> to_rgb(const Encoding& by, EvenOddWords<N> luma, ChromaTerms<N> chroma)
 {
-    auto l = mulhi(sub(luma, Words<N>::splat(16 << kLumaShift)), Words<N>::splat(kLuma));
+    auto l = mulhi(sub(luma, Words<N>::splat(by.black << kLumaShift)), Words<N>::splat(by.luma));
     return {add(l, chroma.red), sub(l, chroma.green), add(l, chroma.blue)};
 }
 

@@ -15,6 +15,8 @@ namespace vsurf::VSURF_ISA {
 //   chroma(uv)               what it makes of the chroma of N pixels
 //   luma<N>(source, x)       the luma of N pixels in the form that it takes
 //   store(to, luma, chroma)  stores N pixels
+//
+// Only what depends on values of the sink is not static.
 template <class S>
 concept Sink = requires(const S& sink, EvenOddWords<16> uv, const Row& y, uint8_t* to)
 {
@@ -22,15 +24,15 @@ concept Sink = requires(const S& sink, EvenOddWords<16> uv, const Row& y, uint8_
     {
         S::kComplete
         } -> SameAs<const bool&>;
-    sink.store(to, S::template luma<16>(y, 0), S::chroma(uv));
+    sink.store(to, S::template luma<16>(y, 0), sink.chroma(uv));
 };
 
 // Pixels made of red, green and blue. `put` of a format stores N of them from three registers of bytes in packed order.
-template <class Format> struct RgbSink : Format {
+template <class Format, class Encoding = Bt601Limited> struct RgbSink : Format, Encoding {
     static constexpr bool kComplete = true;
-    template <int N> static ALWAYS_INLINE ChromaTerms<N> chroma(EvenOddWords<N> uv)
+    template <int N> ALWAYS_INLINE ChromaTerms<N> chroma(EvenOddWords<N> uv) const
     {
-        return chroma_terms(uv.even, uv.odd);
+        return chroma_terms<Encoding>(*this, uv.even, uv.odd);
     }
     template <int N, class Y> static ALWAYS_INLINE EvenOddWords<N> luma(const Y& y, ptrdiff_t x)
     {
@@ -39,24 +41,33 @@ template <class Format> struct RgbSink : Format {
     template <class To, int N>
     ALWAYS_INLINE void store(To to, const EvenOddWords<N>& luma, const ChromaTerms<N>& chroma) const
     {
-        auto px = to_rgb(luma, chroma);
+        auto px = to_rgb<Encoding>(*this, luma, chroma);
         this->put(to, pack(px.b), pack(px.g), pack(px.r));
     }
 };
 
-struct Bgr0 {
+template <int fourth> struct BgrAnd {
     static constexpr int kBytes = 4, kWeave = 4;
     template <class To, int N> static ALWAYS_INLINE void put(To to, Bytes<N> b, Bytes<N> g, Bytes<N> r)
     {
-        store_bgr0(to, b, g, r);
+        store_bgr_and<fourth>(to, b, g, r);
     }
 };
+using Bgr0 = BgrAnd<0>;
 
 struct Bgr {
     static constexpr int kBytes = 3, kWeave = 1;
     template <class To, int N> static ALWAYS_INLINE void put(To to, Bytes<N> b, Bytes<N> g, Bytes<N> r)
     {
         store_bgr(to, b, g, r);
+    }
+};
+
+// Red comes first.
+template <class Format> struct RedFirst : Format {
+    template <class To, int N> static ALWAYS_INLINE void put(To to, Bytes<N> b, Bytes<N> g, Bytes<N> r)
+    {
+        Format::put(to, r, g, b);
     }
 };
 
@@ -98,7 +109,7 @@ using Rgb16 = RgbSink<Rgb16Format>;
 // Calls `work` with the sink of the layout; layouts beyond the four write nothing.
 template <class Work> ALWAYS_INLINE void with_rgb16_sink(int layout, const Work& work)
 {
-    if (layout >= 0 && layout <= 3) work(Rgb16{{kRgb16Formats[layout]}});
+    if (layout >= 0 && layout <= 3) work(Rgb16{{kRgb16Formats[layout]}, {}});
 }
 
 struct Yuy2 {
@@ -112,6 +123,12 @@ struct Yuy2 {
     template <class To, int N> static ALWAYS_INLINE void store(To to, Bytes<N> y, Bytes<N> uv)
     {
         store_pairs(to, y, uv);
+    }
+};
+struct Uyvy : Yuy2 {
+    template <class To, int N> static ALWAYS_INLINE void store(To to, Bytes<N> y, Bytes<N> uv)
+    {
+        store_pairs(to, uv, y);
     }
 };
 
@@ -136,7 +153,7 @@ template <Sink Format, Source Y, class Chroma> struct PixelLine {
 
     template <int N> ALWAYS_INLINE auto shared(ptrdiff_t x) const
     {
-        return Format::chroma(uv.template of<N, Format::kWeave>(x));
+        return format.chroma(uv.template of<N, Format::kWeave>(x));
     }
     template <int N> ALWAYS_INLINE auto own(ptrdiff_t x) const { return Format::template luma<N>(y, x); }
     template <class To, class Luma, class Uv> ALWAYS_INLINE void store(To to, const Luma& luma, const Uv& chroma) const
@@ -148,6 +165,24 @@ static_assert(Line<PixelLine<Rgb32, Row, PlanarChroma<Row>>>);
 
 // What a line shares that shares nothing.
 struct Nothing {};
+
+// Pairs of samples, a0 b0 a1 b1 ...; x counts pairs.
+struct PairLine {
+    static constexpr int kBytes = 2, kGrain = 1, kWidest = kRegister;
+    static constexpr bool kComplete = true, kEights = false, kMayRepeat = true;
+    template <int N> struct Pair {
+        Bytes<N> a, b;
+    };
+    Row a, b;
+
+    template <int> ALWAYS_INLINE Nothing shared(ptrdiff_t) const { return {}; }
+    template <int N> ALWAYS_INLINE Pair<N> own(ptrdiff_t x) const { return {a.bytes<N, 2>(x), b.bytes<N, 2>(x)}; }
+    template <class To, int N> ALWAYS_INLINE void store(To to, const Pair<N>& pair, Nothing) const
+    {
+        store_pairs(to, pair.a, pair.b);
+    }
+};
+static_assert(Line<PairLine>);
 
 // Samples of a plane; x counts samples.
 template <Source Of> struct PlaneLine {

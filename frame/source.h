@@ -149,6 +149,16 @@ template <Source U, Source V = U> struct PlanarChroma {
     }
 };
 
+// The chroma of one plane u0 v0 u1 v1 ...
+struct InterleavedChroma {
+    const uint8_t* samples;
+
+    template <int N, int W> ALWAYS_INLINE EvenOddWords<N> of(ptrdiff_t x) const
+    {
+        return split(load<N, W>(samples + x)); // a word for each pair: woven like the words of planes
+    }
+};
+
 // The luma of packed pixels y0 u0 y1 v0 ...
 struct PackedLuma {
     static constexpr int kWidest = kRegister;

@@ -78,6 +78,15 @@
 #include <stddef.h>
 #include <stdint.h>
 
+/// @defgroup version Version
+/// Of this header; the project's version is the same.
+/// @{
+#define VSURF_VERSION_MAJOR 0 ///< changes where callers have to change
+#define VSURF_VERSION_MINOR 1 ///< changes where something is new
+#define VSURF_VERSION_PATCH 0 ///< changes where something is mended
+#define VSURF_VERSION "0.1.0" ///< all of it
+/// @}
+
 /// @defgroup linkage Linkage
 /// Functions have C linkage; on Windows, C++ compilers whose names are decorated the platform's own way (they define
 /// `_MSC_VER`) see C++ functions instead, and the DLL exports both names. Define `VSURF_STATIC` there to link the
@@ -225,6 +234,46 @@ VSURF_OFFSET(tagVideoFrame, pitch, 16, 32);
 /// @par Reads and writes
 /// The first 32 bytes of `info`, and no memory of the caller's.
 VSURF_API void VSURF_CALL get_contrast_data(void* info);
+/// @}
+
+/// @defgroup padded_sizes Padded sizes
+/// What to allocate so that the block rule holds: with these sizes nothing drifts, and nothing outside is touched by
+/// functions that write as many pixels and lines as they read.
+/// @{
+
+/// A width in whole blocks, at least one: 333 gives 336. 0 where that is no `int`.
+static inline int vsurf_padded_width(int width)
+{
+    return width > 0x7ffffff0 ? 0 : width <= 16 ? 16 : (width + 15) / 16 * 16;
+}
+
+/// A height in whole passes, at least one: 217 gives 218. 0 where that is no `int`.
+static inline int vsurf_padded_height(int height)
+{
+    return height > 0x7ffffffe ? 0 : height <= 2 ? 2 : (height + 1) / 2 * 2;
+}
+
+/// Bytes of a padded surface with a pitch of a padded line, or of a plane of luma, whose pixels take one byte. 0 where
+/// that is no `size_t`.
+/// @param width           pixels
+/// @param height          lines
+/// @param bytes_per_pixel 4, 3, 2 and 2 of RGB32, RGB24, RGB16 and YUY2
+static inline size_t vsurf_padded_surface_bytes(int width, int height, int bytes_per_pixel)
+{
+    const size_t line = (size_t)vsurf_padded_width(width) * (size_t)(bytes_per_pixel < 1 ? 0 : bytes_per_pixel);
+    const size_t lines = (size_t)vsurf_padded_height(height);
+    return lines != 0 && line > (size_t)-1 / lines ? 0 : line * lines;
+}
+
+/// Bytes of a padded plane of luma, or of one of chroma: half as wide and half as high. 0 where that is no `size_t`.
+/// @param width  pixels of the picture
+/// @param height lines of the picture
+/// @param chroma not 0 for a plane of chroma
+static inline size_t vsurf_padded_plane_bytes(int width, int height, int chroma)
+{
+    const size_t luma = vsurf_padded_surface_bytes(width, height, 1);
+    return chroma ? luma / 4 : luma;
+}
 /// @}
 
 /// @defgroup planar_loaders Planar loaders

@@ -59,7 +59,7 @@ static ptrdiff_t addresses(const Target& t)
 Writer::Writer(const Target& target)
     : to_next_(target.to_next_pair), aligned_(addresses(target) % kCacheLine == 0),
       streamed_(kStoresPastCaches && target.pairs > 0 && target.lines_apart() &&
-                (addresses(target) | target.line_bytes) % kWord == 0 &&
+                (addresses(target) | (aligned_ ? 0 : target.line_bytes)) % kWord == 0 &&
                 target.bytes() >=
                     __atomic_load_n(&streaming_threshold, __ATOMIC_RELAXED) * (aligned_ ? 1 : kUnalignedFactor))
 {
@@ -118,6 +118,12 @@ void Writer::stream_block(const AnyLine& line, ptrdiff_t x) const
     const ptrdiff_t size = kBlock * line.kind->bytes;
     const bool streamed = !aligned_ || (past_cache_line(line.to + x * line.kind->bytes) == 0 && size % kCacheLine == 0);
     store_block(line, x, 0, size, streamed);
+}
+
+void Writer::store_units_of_block(const AnyLine& line, ptrdiff_t x, int first, int count) const
+{
+    const int bytes = line.kind->bytes;
+    store_block(line, x, first * bytes, count * bytes, streamed_ && !aligned_);
 }
 
 // An ordinary store that waits for memory holds up all stores after it: what is left of a line is fetched ahead of

@@ -143,6 +143,17 @@ public:
         stream_block({&second, &kBlockKind<Lower>, to_lower}, x);
     }
 
+    // Whether stores go past the caches, where lines allow it.
+    ALWAYS_INLINE bool streams() const { return streamed_; }
+
+    // Only units from `first` on, `count` of them, of the 16 units from x on: what is left of a line whose number of
+    // units is odd, or which is shorter than a block. A line that has just been streamed may go on with them.
+    template <Line L> ALWAYS_INLINE void units_of_block(const L& line, uint8_t* to, ptrdiff_t x, int first, int count)
+    {
+        const L copy = line; // only the copy has an address
+        store_units_of_block({&copy, &kBlockKind<L>, to}, x, first, count);
+    }
+
     // Two lines that overlap or have chroma of their own: a block of the one and a block of the other in turn. Blocks
     // are of 16 units, or of 8 of lines with kEights.
     template <int block = kBlock, Line Upper, Line Lower>
@@ -281,6 +292,7 @@ private:
     };
 
     void stream_block(const AnyLine& line, ptrdiff_t x) const; // of a line that is streamed
+    void store_units_of_block(const AnyLine& line, ptrdiff_t x, int first, int count) const;
     // False: nothing was done, since no unit begins a cache line or the range is too short.
     bool stream(const AnyLine& line, Range r) const;
     bool stream_pair(const AnyLine& upper, const AnyLine& lower, Range r) const;

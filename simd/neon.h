@@ -273,9 +273,9 @@ ALWAYS_INLINE void store_doubled_yuyv(uint8_t* p, Bytes<16> own, Bytes<16> betwe
     put(p, Bytes<16>{vqtbl2q_u8({{own.v, between.v}}, first)});
     put(p + 16, Bytes<16>{vqtbl2q_u8({{own.v, between.v}}, vaddq_u8(first, vdupq_n_u8(8)))});
 }
-ALWAYS_INLINE void store_bgr0(uint8_t* p, Bytes<16> b, Bytes<16> g, Bytes<16> r)
+template <int fourth> ALWAYS_INLINE void store_bgr_and(uint8_t* p, Bytes<16> b, Bytes<16> g, Bytes<16> r)
 {
-    vst4q_u8(p, {{b.v, g.v, r.v, vdupq_n_u8(0)}});
+    vst4q_u8(p, {{b.v, g.v, r.v, vdupq_n_u8(fourth)}});
 }
 ALWAYS_INLINE void store_bgr(uint8_t* p, Bytes<16> b, Bytes<16> g, Bytes<16> r) { vst3q_u8(p, {{b.v, g.v, r.v}}); }
 ALWAYS_INLINE void store_pairs_but_first_eight(uint8_t* p, Bytes<16> a, Bytes<16> b)

@@ -394,9 +394,9 @@ ALWAYS_INLINE void store_doubled_yuyv(uint8_t* p, Bytes<16> own, Bytes<16> betwe
     put(p, Bytes<16>{__builtin_shufflevector(a, b, 0, 1, 16, 3, 2, 17, 18, 19, 4, 5, 20, 7, 6, 21, 22, 23)});
     put(p + 16, Bytes<16>{__builtin_shufflevector(a, b, 8, 9, 24, 11, 10, 25, 26, 27, 12, 13, 28, 15, 14, 29, 30, 31)});
 }
-ALWAYS_INLINE void store_bgr0(uint8_t* p, Bytes<16> b, Bytes<16> g, Bytes<16> r)
+template <int fourth> ALWAYS_INLINE void store_bgr_and(uint8_t* p, Bytes<16> b, Bytes<16> g, Bytes<16> r)
 {
-    auto pixels = quads(b.v, g.v, r.v, Bytes16{});
+    auto pixels = quads(b.v, g.v, r.v, Bytes<16>::splat(fourth).v);
     __builtin_memcpy(p, &pixels, sizeof pixels);
 }
 // Each pixel's fourth byte is overwritten by the next one; the last pixel has none.

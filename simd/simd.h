@@ -119,7 +119,7 @@ template <int K, int N> ALWAYS_INLINE EvenOddWords<N> shl(EvenOddWords<N> a) { r
 //   store_pairs_but_first_eight(p, a, b)
 //                                  store_pairs, but bytes 0 to 7 of every 32 in memory stay
 //   store_quads(to, a, b, c, d)    a0 b0 c0 d0 a1 ...; woven by 4
-//   store_bgr0(to, b, g, r)        b g r 0 a pixel, from bytes in packed order; woven by 4
+//   store_bgr_and<K>(to, b, g, r)  b g r K a pixel, from bytes in packed order; woven by 4
 //   store_bgr(to, b, g, r)         b g r a pixel, from bytes in packed order; not woven
 //   store_yuyv(to, y0, y1, u, v)   y u y v ... of words; y0 and y1 are halves of the luma, the chroma is woven by 2
 //   store_first8_yuyv(to, y, u, v) 16 only: the same for 8 pixels

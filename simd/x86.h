@@ -98,8 +98,8 @@ template <class To, int N> ALWAYS_INLINE void store_quads(To to, Bytes<N> a, Byt
     put_pairs(to + 2 * N, zip_lo16(ab_hi, cd_hi), zip_hi16(ab_hi, cd_hi));
 }
 
-// b g r 0 a pixel, from bytes in packed order; woven by 4.
-template <class To, int N> ALWAYS_INLINE void store_bgr0(To to, Bytes<N> b, Bytes<N> g, Bytes<N> r)
+// b g r and a constant byte a pixel, from bytes in packed order; woven by 4.
+template <int fourth, class To, int N> ALWAYS_INLINE void store_bgr_and(To to, Bytes<N> b, Bytes<N> g, Bytes<N> r)
 {
 #if defined __AVX2__
     alignas(16) static constexpr int8_t order[16] = {0, 8, 1, 9, 2, 10, 3, 11, 4, 12, 5, 13, 6, 14, 7, 15};
@@ -109,9 +109,13 @@ template <class To, int N> ALWAYS_INLINE void store_bgr0(To to, Bytes<N> b, Byte
     g = shuffle(g, Bytes<N>::repeat(order));
     auto bg0 = zip_lo8(b, g), bg1 = zip_hi8(b, g);
     auto r0 = shuffle(r, Bytes<N>::repeat(low)), r1 = shuffle(r, Bytes<N>::repeat(high));
+    if constexpr (fourth != 0) {
+        auto constant = as_bytes(Words<N>::splat(fourth * 256));
+        r0 = bit_or(r0, constant), r1 = bit_or(r1, constant);
+    }
 #else
-    auto zero = Bytes<N>::splat(0);
-    auto bg_even = zip_lo8(b, g), bg_odd = zip_hi8(b, g), r_even = zip_lo8(r, zero), r_odd = zip_hi8(r, zero);
+    auto constant = Bytes<N>::splat(fourth);
+    auto bg_even = zip_lo8(b, g), bg_odd = zip_hi8(b, g), r_even = zip_lo8(r, constant), r_odd = zip_hi8(r, constant);
     auto bg0 = zip_lo16(bg_even, bg_odd), bg1 = zip_hi16(bg_even, bg_odd);
     auto r0 = zip_lo16(r_even, r_odd), r1 = zip_hi16(r_even, r_odd);
 #endif

@@ -50,12 +50,12 @@ template <class Format> struct DrawnLine {
     {
         constexpr int W = Format::kWeave;
         return {split_times4(load<N, W>(from.y + x)),
-                chroma_terms(load_chroma<N, W>(from.u + x / 2), load_chroma<N, W>(from.v + x / 2)),
+                chroma_terms(Bt601Limited{}, load_chroma<N, W>(from.u + x / 2), load_chroma<N, W>(from.v + x / 2)),
                 pack(split(load<N, W>(from.alpha + x)))};
     }
     template <class To, int N> ALWAYS_INLINE void store(To to, const Pixels<N>& pixels, Nothing) const
     {
-        auto px = to_rgb(pixels.luma, pixels.chroma);
+        auto px = to_rgb(Bt601Limited{}, pixels.luma, pixels.chroma);
         format.put(to, pixels.alpha, pack(px.b), pack(px.g), pack(px.r));
     }
 };

@@ -48,15 +48,21 @@ check_zip()
     local top
     top=$(echo "$scratch"/unpacked/*)
     diff - <(cd "$top" && find . -type f -not -path './share/*' | LC_ALL=C sort) <<'FILES'
+./bin/vsurf-show.dll
 ./bin/vsurf.dll
 ./include/vsurf.h
+./include/vsurf_show.h
 ./lib/cmake/vsurf/vsurfConfig.cmake
 ./lib/cmake/vsurf/vsurfConfigVersion.cmake
 ./lib/cmake/vsurf/vsurfTargets-release.cmake
 ./lib/cmake/vsurf/vsurfTargets.cmake
+./lib/libvsurf-show.a
+./lib/libvsurf-show.dll.a
 ./lib/libvsurf.a
 ./lib/libvsurf.dll.a
+./lib/pkgconfig/vsurf-show.pc
 ./lib/pkgconfig/vsurf.pc
+./lib/vsurf-show.lib
 ./lib/vsurf.lib
 FILES
     tests/install/check_sbom.py "$top/share/doc/vsurf/vsurf.spdx.json" "$top" .
@@ -83,7 +89,7 @@ check_win32()
     need_or_skip win32
     configure_win32
     check_definition win32 i686
-    cmake --build build/check/win32 --parallel "$jobs" --target vsurf vsurf_static windows_clients
+    cmake --build build/check/win32 --parallel "$jobs" --target vsurf vsurf_static vsurf_show vsurf_show_static windows_clients
     run_tests build/check/win32 -L symbols
     not_done "the clients and tests were not run, that is check win32_run; AVX-512 and plain C++"
 }

@@ -29,6 +29,16 @@ inline int doubled_byte(const Trial& t, int i)
     return t.byte(kFromOwn[i % 8] ? 0 : 1, i / 8 * 4 + kDoubledPlace[i % 8]);
 }
 
+template <int fourth, int N, class To> auto bgr_and(const Trial& t)
+{
+    return t.stores<To>(
+        4 * N,
+        [&](To to) {
+            store_bgr_and<fourth>(to, packed_bytes<N, 4>(t, 0), packed_bytes<N, 4>(t, 1), packed_bytes<N, 4>(t, 2));
+        },
+        [&](int i) { return i % 4 == 3 ? fourth : t.byte(i % 4, i / 4); });
+}
+
 template <class To> constexpr const char* kDestination = __is_same(To, uint8_t*) ? "" : "uncached";
 
 template <int N, class To>
@@ -52,13 +62,8 @@ constexpr Operation kStores[] = {
                                      woven_bytes<N, 4>(t, 3));
                      },
                      [&](int i) { return t.byte(i % 4, i / 4); })),
-    OPERATION_OF(kDestination<To>, "store_bgr0",
-                 t.stores<To>(
-                     4 * N,
-                     [&](To to) {
-                         store_bgr0(to, packed_bytes<N, 4>(t, 0), packed_bytes<N, 4>(t, 1), packed_bytes<N, 4>(t, 2));
-                     },
-                     [&](int i) { return i % 4 == 3 ? 0 : t.byte(i % 4, i / 4); })),
+    OPERATION_OF(kDestination<To>, "store_bgr_and 0", bgr_and<0, N, To>(t)),
+    OPERATION_OF(kDestination<To>, "store_bgr_and 255", bgr_and<255, N, To>(t)),
     OPERATION_OF(
         kDestination<To>, "store_bgr",
         t.stores<To>(

@@ -1,12 +1,12 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Usage: exports.sh NM LIBRARY INDEX: the library shows the names of the index, each with the version of the heading that
-# it stands under, `get_contrast_data` with the first one, and nothing else.
+# Usage: exports.sh NM LIBRARY INDEX [NAME]: the library shows the names of the index, each with the version of the heading
+# that it stands under, NAME with the first one, and nothing else.
 set -eu
 export LC_ALL=C
-nm=$1 library=$2 index=$3
-expected=$(awk -F '[(,]' '
-    /^\/\/ Since / { split($0, word, "[ :]"); version = word[3]; if (!first) print "get_contrast_data@@" (first = version) }
+nm=$1 library=$2 index=$3 name=${4-}
+expected=$(awk -F '[(,)]' -v name="$name" '
+    /^\/\/ Since / { split($0, word, "[ :]"); version = word[3]; if (name) print name "@@" version; name = "" }
     /^EXPORT\(/ { print $2 "@@" version }' "$index" | sort)
 # The linker shows the versions themselves as absolute symbols.
 found=$("$nm" -D --defined-only "$library" | awk '$(NF - 1) != "A" { print $NF }' | sort)

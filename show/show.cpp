@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+// The way of a picture: pair by pair of lines, from the planes to rows, through what changes them, and to the surface.
+#include "show/dispatch.h"
+#include "show/overlay.h"
+#include "show/sinks.h"
+
+namespace vsurf::VSURF_ISA {
+
+// Rows of pictures that are narrower are read from strips, so that whole blocks may be read behind their ends.
+constexpr ptrdiff_t kNarrow = 32;
+
+// Pixels from x on of the pair of lines that begins with `line`.
+static Rows rows_of(const Plan& p, ptrdiff_t line, ptrdiff_t x, ptrdiff_t pixels, Strips& strips)
+{
+    const bool two = line + 1 < p.height;
+    auto at = [&](int plane, ptrdiff_t of_plane, ptrdiff_t column)
+                  VSURF_INLINED { return p.from[plane] + of_plane * p.from_pitch[plane] + column; };
+    if (is_packed(p.source)) {
+        for (int i = 0; i <= two; i++)
+            take_packed(at(0, line + i, 2 * x), p.from[1] + (line + i) * p.from_pitch[0] + 2 * x, strips.y[i],
+                        strips.uv[i], pixels);
+        return {{strips.y[0], two ? strips.y[1] : nullptr}, nullptr, nullptr, {strips.uv[0], strips.uv[two]}};
+    }
+    const uint8_t *upper = at(0, line, x), *lower = two ? at(0, line + 1, x) : nullptr;
+    if (p.source == VSURF_I420) return {{upper, lower}, at(1, line / 2, x / 2), at(2, line / 2, x / 2), {}};
+    const uint8_t* uv = at(1, line / 2, x);
+    if (p.source == VSURF_NV21) {
+        swap_pairs(uv, strips.uv[0], chroma_columns(pixels));
+        uv = strips.uv[0];
+    }
+    return {{upper, lower}, nullptr, nullptr, {uv, uv}};
+}
+
+// The same rows in strips, their chroma interleaved.
+static Rows in_strips(const Rows& rows, Strips& strips, ptrdiff_t pixels)
+{
+    const ptrdiff_t columns = chroma_columns(pixels);
+    const bool two = rows.y[1] != nullptr, own = rows.uv[0] != rows.uv[1];
+    for (int i = 0; i <= two; i++) copy_bytes(strips.y[i], rows.y[i], pixels);
+    if (rows.u) interleave(rows.u, rows.v, strips.uv[0], columns);
+    else copy_bytes(strips.uv[0], rows.uv[0], 2 * columns);
+    return {{strips.y[0], two ? strips.y[1] : nullptr}, nullptr, nullptr, {strips.uv[0], strips.uv[own]}};
+}
+
+static void transform(const Plan& plan, const Rows& rows, Strips& strips, ptrdiff_t pixels)
+{
+    const ptrdiff_t bytes = 2 * chroma_columns(pixels);
+    for (int step = 0; step < plan.step_count; step++) {
+        const Transform& by = plan.steps[step];
+        for (int i = 0; i < 2 && rows.y[i]; i++) transform_luma(by, strips.y[i], rows.uv[i], pixels);
+        if (!by.changes_chroma) continue;
+        transform_chroma(by, strips.uv[0], bytes);
+        if (rows.uv[1] != rows.uv[0]) transform_chroma(by, strips.uv[1], bytes);
+    }
+}
+
+// Pixels of one line as B, G and R.
+struct BgrStrips {
+    alignas(64) uint8_t of[3][kStrip];
+};
+static NEVER_INLINE void to_bgr(const RgbEncoding& encoding, const uint8_t* y, const uint8_t* uv, BgrStrips& to,
+                                ptrdiff_t pixels)
+{
+    constexpr int N = kRegister;
+    const RgbEncoding by = encoding;
+    for (ptrdiff_t x = 0; x < pixels; x += N) {
+        auto chroma = split(load<N>(uv + x));
+        auto px = to_rgb(by, split_times4(load<N>(y + x)), chroma_terms(by, chroma.even, chroma.odd));
+        put(to.of[0] + x, join_cut(px.b)), put(to.of[1] + x, join_cut(px.g)), put(to.of[2] + x, join_cut(px.r));
+    }
+}
+
+class Show {
+public:
+    Show(const Plan& plan, Writer* writers)
+        : plan_(plan), sink_(sink_of(plan.surface)), writers_(writers), planes_(sink_.bytes == 1),
+          straight_(plan.step_count == 0 && (plan.source == VSURF_I420 || plan.source == VSURF_NV12))
+    {
+    }
+
+    // Both lines of a pair, in parts.
+    void pair(ptrdiff_t line)
+    {
+        const Columns touched = plan_.overlay_count > 0 ? touched_columns(plan_, line) : Columns{0, 0};
+        for (ptrdiff_t x = 0, end; x < plan_.width; x = end) {
+            const bool overlaid = x >= touched.from && x < touched.end;
+            end = overlaid ? touched.end : x < touched.from ? touched.from : plan_.width;
+            if ((overlaid || !straight_) && end - x > kPart) end = x + kPart;
+            if (plan_.width - end < kGrid) end = plan_.width;
+            part(line, x, end - x, overlaid);
+        }
+    }
+
+private:
+    Place place(ptrdiff_t line, ptrdiff_t x) const
+    {
+        const ptrdiff_t* pitch = plan_.to_pitch;
+        const ptrdiff_t pair = line / 2;
+        if (is_packed(plan_.surface)) {
+            uint8_t *luma = plan_.to[0] + line * pitch[0] + 2 * x, *chroma = plan_.to[1] + line * pitch[0] + 2 * x;
+            return {{luma, luma + pitch[0]}, {chroma, chroma + pitch[0]}};
+        }
+        uint8_t* first = plan_.to[0] + line * pitch[0] + x * sink_.bytes;
+        if (!planes_) return {{first, first + pitch[0]}, {}};
+        uint8_t* u = plan_.to[1] + pair * pitch[1] + (sink_.paired ? x : x / 2);
+        return {{first, first + pitch[0]}, {u, sink_.paired ? nullptr : plan_.to[2] + pair * pitch[2] + x / 2}};
+    }
+
+    void part(ptrdiff_t line, ptrdiff_t x, ptrdiff_t pixels, bool overlaid)
+    {
+        Strips strips;
+        Rows rows = rows_of(plan_, line, x, pixels, strips);
+        const bool shifted = is_packed(plan_.surface) && plan_.x % 2 != 0 && rows.u;
+        if (overlaid || shifted || plan_.step_count > 0 || plan_.width < kNarrow) {
+            rows = in_strips(rows, strips, pixels);
+            transform(plan_, rows, strips, pixels);
+        }
+        if (planes_ && rows.uv[0] != rows.uv[1]) {
+            average_lines(strips.uv[0], strips.uv[1], 2 * chroma_columns(pixels));
+            rows.uv[1] = rows.uv[0];
+        }
+        const Place to = place(line, x);
+        if (!overlaid) return sink_.write(plan_, writers_, rows, to, pixels);
+        if (sink_.write_bgr) return write_overlaid(rows, line, x, to, pixels);
+        if (!planes_ && rows.uv[0] == rows.uv[1] && rows.y[1]) {
+            copy_bytes(strips.uv[1], strips.uv[0], 2 * chroma_columns(pixels));
+            rows.uv[1] = strips.uv[1];
+        }
+        blend_yuv(plan_, line, x, pixels, strips, rows.y[1] != nullptr, !planes_);
+        sink_.write(plan_, writers_, rows, to, pixels);
+    }
+
+    void write_overlaid(const Rows& rows, ptrdiff_t line, ptrdiff_t x, const Place& to, ptrdiff_t pixels)
+    {
+        BgrStrips bgr;
+        for (int i = 0; i < 2 && rows.y[i]; i++) {
+            to_bgr(plan_.rgb, rows.y[i], rows.uv[i], bgr, pixels);
+            blend_bgr(plan_, line + i, x, pixels, bgr.of[0], bgr.of[1], bgr.of[2]);
+            sink_.write_bgr(plan_, *writers_, {bgr.of[0], bgr.of[1], bgr.of[2]}, to.line[i], pixels);
+        }
+    }
+
+    const Plan& plan_;
+    const SurfaceSink& sink_;
+    Writer* writers_;
+    const bool planes_;
+    const bool straight_; // rows are taken from the planes as they are
+};
+
+// How a plane of the surface is written altogether. Where two steps from line to line would leave the address space,
+// there are no more than two lines.
+static Target target_of(const Plan& plan, int plane)
+{
+    const SurfaceSink& sink = sink_of(plan.surface);
+    const ptrdiff_t pitch = plan.to_pitch[plane], most = PTRDIFF_MAX / 4;
+    if (!plan.to[plane] || pitch > most || pitch < -most) return Target::never_streamed();
+    if (plane == 0) return Target::lines(plan.to[0], pitch, plan.width * sink.bytes, plan.height);
+    const ptrdiff_t columns = chroma_columns(plan.width), lines = chroma_columns(plan.height);
+    return sink.bytes == 1 ? Target::lines(plan.to[plane], pitch, sink.paired ? 2 * columns : columns, lines)
+                           : Target::never_streamed();
+}
+
+static void show(const Plan& plan)
+{
+    Writer writers[] = {Writer(target_of(plan, 0)), Writer(target_of(plan, 1)), Writer(target_of(plan, 2))};
+    Show by_pairs(plan, writers);
+    for (ptrdiff_t pair = plan.first_pair; pair < plan.end_pair; pair++) by_pairs.pair(2 * pair);
+}
+
+constinit const ShowKernels show_kernels = {show};
+
+} // namespace vsurf::VSURF_ISA

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "show/sinks.h"
+
+namespace vsurf::VSURF_ISA {
+
+struct Planar {
+    static ALWAYS_INLINE PlanarChroma<Row> of(const Rows& rows, int, ptrdiff_t column)
+    {
+        return {{rows.u + column}, {rows.v + column}};
+    }
+};
+struct Interleaved {
+    static ALWAYS_INLINE InterleavedChroma of(const Rows& rows, int line, ptrdiff_t column)
+    {
+        return {rows.uv[line] + 2 * column};
+    }
+};
+
+// A pixel without a partner is the last one of a block that begins at an odd place: what the block's other pixels make
+// of chroma that is not theirs is not stored.
+template <class Form, class Format>
+ALWAYS_INLINE void write_pixels(const Format& format, Writer& writer, const Rows& rows, uint8_t* const* to,
+                                ptrdiff_t pixels)
+{
+    auto line = [&](int i, ptrdiff_t x, ptrdiff_t column) VSURF_INLINED {
+        auto chroma = Form::of(rows, i, column);
+        return PixelLine<Format, Row, decltype(chroma)>{{rows.y[i] + x}, chroma, format};
+    };
+    auto last_pixel = [&](int i) VSURF_INLINED {
+        const ptrdiff_t x = pixels - kBlock;
+        writer.units_of_block(line(i, x, chroma_columns(pixels) - kBlock / 2), to[i] + x * Format::kBytes, 0,
+                              kBlock - 1, 1);
+    };
+    const bool odd = pixels % 2 != 0, two = rows.y[1] != nullptr;
+    const Range whole{0, pixels - odd};
+    if (pixels < kBlock) {
+        for (int i = 0; i <= two; i++) writer.units_of_block(line(i, 0, 0), to[i], 0, 0, static_cast<int>(pixels));
+    } else if (two && rows.uv[0] == rows.uv[1] && !(odd && writer.streams())) {
+        writer.pair(line(0, 0, 0), line(1, 0, 0), to[0], to[1], whole);
+        if (odd) last_pixel(0), last_pixel(1);
+    } else {
+        for (int i = 0; i <= two; i++) {
+            writer.line(line(i, 0, 0), to[i], whole);
+            if (odd) last_pixel(i);
+        }
+    }
+}
+
+template <class Format> ALWAYS_INLINE Format format_of(const Plan&) { return {}; }
+template <> ALWAYS_INLINE Rgb16Format format_of(const Plan& plan) { return kRgb16Formats[plan.surface - VSURF_RGB565]; }
+
+template <class Format>
+static void write_rgb(const Plan& plan, Writer* writers, const Rows& rows, const Place& to, ptrdiff_t pixels)
+{
+    const RgbSink<Format, RgbEncoding> format{format_of<Format>(plan), plan.rgb};
+    if (rows.u) write_pixels<Planar>(format, *writers, rows, to.line, pixels);
+    else write_pixels<Interleaved>(format, *writers, rows, to.line, pixels);
+}
+
+// Pixels that are made already; x counts them.
+template <class Format> struct BgrLine {
+    static constexpr int kBytes = Format::kBytes, kGrain = 1, kWidest = kRegister;
+    static constexpr bool kComplete = true, kEights = false, kMayRepeat = true;
+    template <int N> struct Pixels {
+        Bytes<N> b, g, r;
+    };
+    Row b, g, r;
+    Format format;
+
+    template <int> ALWAYS_INLINE Nothing shared(ptrdiff_t) const { return {}; }
+    template <int N> ALWAYS_INLINE Pixels<N> own(ptrdiff_t x) const
+    {
+        auto in_packed_order = [x](Row row) VSURF_INLINED { return pack(split(row.bytes<N, Format::kWeave>(x))); };
+        return {in_packed_order(b), in_packed_order(g), in_packed_order(r)};
+    }
+    template <class To, int N> ALWAYS_INLINE void store(To to, const Pixels<N>& pixels, Nothing) const
+    {
+        format.put(to, pixels.b, pixels.g, pixels.r);
+    }
+};
+
+template <class Format>
+static void write_bgr(const Plan& plan, Writer& writer, const BgrRows& rows, uint8_t* to, ptrdiff_t pixels)
+{
+    const BgrLine<Format> line{{rows.b}, {rows.g}, {rows.r}, format_of<Format>(plan)};
+    if (pixels >= kBlock) writer.line(line, to, {0, pixels});
+    else writer.units_of_block(line, to, 0, 0, static_cast<int>(pixels));
+}
+
+static void write_pairs(Writer& writer, const uint8_t* a, const uint8_t* b, uint8_t* to, ptrdiff_t pairs)
+{
+    const PairLine line{{a}, {b}};
+    if (pairs >= kBlock) writer.line(line, to, {0, pairs});
+    else writer.units_of_block(line, to, 0, 0, static_cast<int>(pairs));
+}
+static void write_plane(Writer& writer, const uint8_t* from, uint8_t* to, ptrdiff_t samples)
+{
+    if (samples >= kBlock) writer.line(PlaneLine<Row>{{from}}, to, {0, samples});
+    else copy_bytes(to, from, samples);
+}
+
+// A line of packed pixels from luma and interleaved chroma. Its ends may have only one of both.
+static void write_packed_line(Writer& writer, const uint8_t* y, const uint8_t* uv, uint8_t* luma, uint8_t* chroma,
+                              ptrdiff_t pixels)
+{
+    const auto run = PackedRun::of(luma, chroma, pixels);
+    const ptrdiff_t lead = run.chroma_leads;
+    uint8_t* c = chroma + 2 * lead;
+    if (lead) chroma[0] = uv[0];
+    if (luma < c) write_pairs(writer, y, uv + lead, luma, run.pairs);
+    else write_pairs(writer, uv + lead, y, c, run.pairs);
+    for (ptrdiff_t x = run.pairs; x < pixels; x++) luma[2 * x] = y[x];
+    for (ptrdiff_t x = run.pairs + lead; x < run.chroma; x++) chroma[2 * x] = uv[x];
+}
+
+template <class Format>
+static void write_packed(const Plan&, Writer* writers, const Rows& rows, const Place& to, ptrdiff_t pixels)
+{
+    if (!rows.u) {
+        for (int i = 0; i < 2 && rows.y[i]; i++)
+            write_packed_line(*writers, rows.y[i], rows.uv[i], to.line[i], to.chroma[i], pixels);
+        return;
+    }
+    const ptrdiff_t whole = pixels & ~1;
+    uint8_t* const begin[] = {to.line[0] < to.chroma[0] ? to.line[0] : to.chroma[0],
+                              to.line[1] < to.chroma[1] ? to.line[1] : to.chroma[1]};
+    write_pixels<Planar>(Format{}, *writers, rows, begin, whole);
+    for (int i = 0; i < 2 && rows.y[i] && whole != pixels; i++) {
+        to.line[i][2 * whole] = rows.y[i][whole];
+        to.chroma[i][2 * whole] = rows.u[whole / 2];
+        to.chroma[i][2 * whole + 2] = rows.v[whole / 2];
+    }
+}
+
+static void write_luma(Writer& writer, const Rows& rows, const Place& to, ptrdiff_t pixels)
+{
+    for (int i = 0; i < 2 && rows.y[i]; i++) write_plane(writer, rows.y[i], to.line[i], pixels);
+}
+
+static void write_i420(const Plan&, Writer* writers, const Rows& rows, const Place& to, ptrdiff_t pixels)
+{
+    const ptrdiff_t columns = chroma_columns(pixels);
+    write_luma(writers[0], rows, to, pixels);
+    uint8_t u[kStrip / 2], v[kStrip / 2];
+    for (ptrdiff_t x = 0; !rows.u && x < columns; x += kPart / 2) {
+        const ptrdiff_t count = columns - x < kPart / 2 ? columns - x : kPart / 2;
+        deinterleave(rows.uv[0] + 2 * x, u, v, count);
+        write_plane(writers[1], u, to.chroma[0] + x, count);
+        write_plane(writers[2], v, to.chroma[1] + x, count);
+    }
+    if (!rows.u) return;
+    write_plane(writers[1], rows.u, to.chroma[0], columns);
+    write_plane(writers[2], rows.v, to.chroma[1], columns);
+}
+
+static void write_nv12(const Plan&, Writer* writers, const Rows& rows, const Place& to, ptrdiff_t pixels)
+{
+    const ptrdiff_t columns = chroma_columns(pixels);
+    write_luma(writers[0], rows, to, pixels);
+    if (rows.u) write_pairs(writers[1], rows.u, rows.v, to.chroma[0], columns);
+    else write_plane(writers[1], rows.uv[0], to.chroma[0], 2 * columns);
+}
+
+static void write_nv21(const Plan&, Writer* writers, const Rows& rows, const Place& to, ptrdiff_t pixels)
+{
+    const ptrdiff_t columns = chroma_columns(pixels);
+    write_luma(writers[0], rows, to, pixels);
+    if (rows.u) return write_pairs(writers[1], rows.v, rows.u, to.chroma[0], columns);
+    uint8_t vu[kStrip];
+    for (ptrdiff_t x = 0; x < columns; x += kPart / 2) {
+        const ptrdiff_t count = columns - x < kPart / 2 ? columns - x : kPart / 2;
+        swap_pairs(rows.uv[0] + 2 * x, vu, count);
+        write_plane(writers[1], vu, to.chroma[0] + 2 * x, 2 * count);
+    }
+}
+
+template <class Format> constexpr SurfaceSink rgb_sink()
+{
+    return {write_rgb<Format>, write_bgr<Format>, Format::kBytes, false};
+}
+
+static constexpr SurfaceSink kSinks[] = {
+    {write_i420, nullptr, 1, false},
+    {write_nv12, nullptr, 1, true},
+    {write_nv21, nullptr, 1, true},
+    {write_packed<Yuy2>, nullptr, 2, false},
+    {write_packed<Uyvy>, nullptr, 2, false},
+    rgb_sink<BgrAnd<0>>(),
+    rgb_sink<RedFirst<BgrAnd<0>>>(),
+    rgb_sink<BgrAnd<255>>(),
+    rgb_sink<RedFirst<BgrAnd<255>>>(),
+    rgb_sink<Bgr>(),
+    rgb_sink<RedFirst<Bgr>>(),
+    rgb_sink<Rgb16Format>(),
+    rgb_sink<Rgb16Format>(),
+    rgb_sink<Rgb16Format>(),
+    rgb_sink<Rgb16Format>(),
+};
+const SurfaceSink& sink_of(int surface) { return kSinks[surface - VSURF_I420]; }
+
+} // namespace vsurf::VSURF_ISA
