@@ -41,7 +41,7 @@ void Drawing::compose(const ASS_Image* first, const Canvas& canvas)
 void Drawing::fill(Surface& surface, uint32_t pixel, const Canvas& canvas) const
 {
     surface.shape(SurfaceFormat::rgb32, canvas.padded_width, canvas.padded_height, canvas.width, canvas.height);
-    kernels_.LoadColorKeyRgb32(pixel, surface.bytes(), surface.width(), surface.height(), 0, surface.pitch());
+    LoadColorKeyRgb32(pixel, surface.bytes(), surface.width(), surface.height(), 0, surface.pitch());
 }
 
 void Drawing::draw()

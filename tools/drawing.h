@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The layers of a subtitle as the two RGB32 drawings from which the library makes a subpicture.
 #pragma once
-#include "frame/dispatch.h"
 #include "tools/layers.h"
 #include "tools/surface.h"
+#include <vsurf.h>
 
 namespace player {
 
@@ -20,8 +20,6 @@ public:
     static constexpr uint32_t kKey = 0xff000000;
     static constexpr int kOpaque = 16;
 
-    explicit Drawing(const vsurf::Kernels& kernels) : kernels_(kernels) {}
-
     void compose(const ASS_Image* first, const Canvas& canvas);
     const Surface& colours() const { return colours_; }     // the key where nothing is seen
     const Surface& opacities() const { return opacities_; } // 0 to 16 as blue
@@ -31,7 +29,6 @@ private:
     void lend_colour_to_even_pixels();
     void fill(Surface& surface, uint32_t pixel, const Canvas& canvas) const;
 
-    const vsurf::Kernels& kernels_;
     Layers layers_;
     Surface colours_, opacities_;
 };

@@ -5,8 +5,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <unistd.h>
+#include <vsurf_show.h>
 extern "C" {
 #include <libavutil/log.h>
 }
@@ -27,6 +30,19 @@ void flush_output()
     if (std::fflush(stdout) != 0) throw player::Error(std::string("standard output: ") + std::strerror(errno));
 }
 
+// The library chooses when it is loaded: the program starts anew, with its environment variable set.
+void use_isa(const std::string& wanted, char** argv)
+{
+    constexpr const char* kVariable = "VSURF_ISA";
+    if (wanted.empty() || wanted == vsurf_show_isa()) return;
+    const char* before = std::getenv(kVariable);
+    if (!before || wanted != before) {
+        setenv(kVariable, wanted.c_str(), 1);
+        execv("/proc/self/exe", argv);
+    }
+    throw player::Error("--isa " + wanted + ": this processor, or the library that was built, does not have it");
+}
+
 // One line, whatever a file name holds.
 void complain(std::string what)
 {
@@ -40,6 +56,7 @@ void complain(std::string what)
 int main(int argc, char** argv)
 try {
     const player::Options options = player::parse_options(argc, argv);
+    use_isa(options.isa, argv);
     if (options.text.empty()) play(options);
     else std::fputs(options.text.c_str(), stdout);
     flush_output();

@@ -47,20 +47,6 @@ Size size(const std::string& text)
     return size;
 }
 
-const vsurf::Isa* isa(const std::string& text)
-{
-    std::string names;
-    for (int i = 0; i < vsurf::isa_count; i++) {
-        const vsurf::Isa& each = vsurf::isas[i];
-        if (text == each.name) {
-            if (each.runs_here()) return &each;
-            throw CLI::ValidationError(text + ": this processor does not have it");
-        }
-        names.append(i ? ", " : "").append(each.name);
-    }
-    throw CLI::ValidationError(text + ": not one of " + names);
-}
-
 // CLI11 speaks of a "disallowed flag override".
 std::string in_words(const CLI::ParseError& error)
 {
@@ -235,9 +221,11 @@ void CommandLine::add_playing()
         "--seconds", "S", [&source](const std::string& text) { source.seconds = std::stod(text); },
         "length of the test pattern (default 10)")
         ->check(between(0.001, 86400.0, "0.001 to 86400"));
-    add(
-        "--isa", "NAME", [this](const std::string& text) { options_.isa = isa(text); },
-        "use this instruction set instead of the best");
+    app_.add_option("--isa", options_.isa, "use this instruction set instead of the best")
+        ->type_name("NAME")
+        ->option_text("NAME")
+        ->check(CLI::IsMember({"scalar", "sse2", "avx2", "avx512", "neon"}))
+        ->group(group_);
     flag("--stats", options_.stats,
          "print which exports of vsurf ran, on which instruction set, and their time per picture");
     flag("--quiet", options_.quiet, "no progress on the terminal");

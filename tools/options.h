@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The command line.
 #pragma once
-#include "frame/dispatch.h"
 #include "tools/decode_thread.h"
 #include "tools/view.h"
 #include <filesystem>
@@ -20,7 +19,7 @@ struct Options {
     std::optional<int64_t> frames;
     bool window = true;
     bool loop = false, stats = false, quiet = false;
-    const vsurf::Isa* isa = &vsurf::active_isa();
+    std::string isa; // empty: the best
 };
 
 // Throws Error with one line of what is wrong.

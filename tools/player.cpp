@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 #include <utility>
+#include <vsurf_show.h>
 
 namespace player {
 
@@ -25,9 +26,8 @@ constexpr auto kRarest = 250ms;      // late or not, a picture is shown as often
 } // namespace
 
 Player::Player(const Options& options, const StopSignals& stop)
-    : options_(options), stop_(stop), renderer_(*options.isa, stats_),
-      input_(options.source, options.subtitles, options.sound), progress_(!options.quiet), view_(options.view),
-      mute_(options.mute)
+    : options_(options), stop_(stop), renderer_(stats_), input_(options.source, options.subtitles, options.sound),
+      progress_(!options.quiet), view_(options.view), mute_(options.mute)
 {
     if (options.dump) dump_.emplace(*options.dump);
 }
@@ -308,8 +308,8 @@ void Player::show()
 void Player::finish() const
 {
     if (options_.stats) {
-        for (const std::string& line : stats_.lines())
-            std::printf("vsurf %s, %s\n", renderer_.isa_name(), line.c_str());
+        for (const std::string& line : stats_.lines()) std::printf("vsurf %s, %s\n", vsurf_show_isa(), line.c_str());
+        if (pictures_) std::printf("picture: %s\n", picture_text().c_str());
         if (window_) std::printf("late pictures dropped: %lld\n", static_cast<long long>(dropped_));
     }
     const Damage damage = input_.damage();

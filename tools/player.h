@@ -47,6 +47,7 @@ private:
     OsdContent osd() const;
     std::vector<std::string> state() const;
     std::vector<std::string> info() const;
+    std::string picture_text() const;
 
     const Options& options_;
     const StopSignals& stop_;

@@ -3,6 +3,7 @@
 #include "tools/player.h"
 #include <cmath>
 #include <cstdio>
+#include <vsurf_show.h>
 extern "C" {
 #include <libavutil/pixdesc.h>
 }
@@ -67,16 +68,21 @@ std::vector<std::string> Player::state() const
     return lines;
 }
 
+std::string Player::picture_text() const
+{
+    const AVFrame& frame = *shown_.frame;
+    const char* format = av_get_pix_fmt_name(static_cast<AVPixelFormat>(frame.format));
+    return formatted("%s, %dx%d, ", format ? format : "unknown format", frame.width, frame.height) +
+           renderer_.colours().text();
+}
+
 std::vector<std::string> Player::info() const
 {
-    const char* format = av_get_pix_fmt_name(static_cast<AVPixelFormat>(shown_.frame->format));
     return {
         options_.source.name(),
         about_.stream,
-        formatted("%s, %dx%d", format ? format : "unknown format", shown_.frame->width, shown_.frame->height),
-        renderer_.colours().text(),
-        formatted("%s, %s, %.3f ms per picture", stats_.last().c_str(), renderer_.isa_name(),
-                  stats_.mean(stats_.last())),
+        picture_text(),
+        formatted("%s, %s, %.3f ms per picture", stats_.last().c_str(), vsurf_show_isa(), stats_.mean(stats_.last())),
         formatted("%lld pictures shown, %lld dropped", static_cast<long long>(pictures_),
                   static_cast<long long>(dropped_)),
     };

@@ -6,13 +6,14 @@
 #include "tools/loader.h"
 #include "tools/mixer.h"
 #include "tools/overlay.h"
+#include "tools/shower.h"
 #include "tools/view.h"
 
 namespace player {
 
 class Renderer {
 public:
-    Renderer(const vsurf::Isa& isa, Stats& stats);
+    explicit Renderer(Stats& stats) : stats_(stats) {}
 
     // What the picture is at its moment, beside its samples.
     struct Moment {
@@ -23,13 +24,13 @@ public:
     void render(const AVFrame& frame, const Moment& moment, const View& wanted, Subtitles* subtitles);
 
     const Colours& colours() const { return colours_; } // of the last picture
-    const char* isa_name() const { return loader_.isa_name(); }
     const Surface& surface() const { return surface_; }
     // The shown part of the surface, or of the screen where it lies under one.
     const RgbImage& image();
 
 private:
     SubtitleImages draw(const AVFrame& frame, const Moment& moment, const View& view, Subtitles* subtitles);
+    const AVFrame& planes_of(const AVFrame& known);
     void load(const AVFrame& frame, const Geometry& geometry, const View& view);
     void mix(const Picture& picture, const Geometry& geometry, const View& view);
     void draw_alone(Surface& surface, uint32_t key, const View& view);
@@ -39,6 +40,7 @@ private:
     Converter converter_;
     PictureSource picture_;
     Subpicture subpicture_;
+    Shower shower_;
     Loader loader_;
     Mixer mixer_;
     Overlay overlay_;

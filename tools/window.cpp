@@ -66,7 +66,7 @@ void Window::show(const Surface& surface, double aspect)
 {
     aspect_ = aspect;
     if (const Uint32 format = texture_format(surface.format())) {
-        shape_texture(format, surface.width(), surface.height());
+        shape_texture(format, surface.shown_width(), surface.shown_height());
         const int status =
             surface.format() == SurfaceFormat::yv12
                 ? SDL_UpdateYUVTexture(texture_.get(), nullptr, surface.bytes(), surface.pitch(), surface.u_plane(),
