@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <deque>
 #include <exception>
 #include <unistd.h>
 #include <vsurf_show.h>
@@ -18,11 +19,37 @@ namespace {
 
 constexpr int kFailure = 2;
 
-void play(const player::Options& options)
+// One line, whatever a file name holds.
+void complain(std::string what)
+{
+    std::replace_if(
+        what.begin(), what.end(), [](unsigned char c) { return c < ' ' || c == 127; }, '?');
+    std::fprintf(stderr, "vsurf-play: %s\n", what.c_str());
+}
+
+// One file after the other, and those that are dropped onto the window. What is wrong with one keeps none of the others
+// from being played. False where anything was wrong.
+bool play(player::Options options)
 {
     av_log_set_level(AV_LOG_QUIET);
     player::StopSignals stop;
-    player::Player(options, stop).run();
+    std::deque<std::string> files(options.files.begin(), options.files.end());
+    if (files.empty()) files.emplace_back();
+    bool good = true;
+    for (bool quit = false; !files.empty() && !quit && !stop.pending(); files.pop_front()) {
+        options.source.file = files.front();
+        try {
+            player::Player player(options, stop);
+            player.run();
+            quit = player.quit();
+            if (!player.dropped_file().empty()) files.insert(files.begin() + 1, player.dropped_file());
+        } catch (const std::exception& error) {
+            if (files.size() == 1) throw;
+            complain(error.what());
+            good = false;
+        }
+    }
+    return good;
 }
 
 void flush_output()
@@ -43,24 +70,17 @@ void use_isa(const std::string& wanted, char** argv)
     throw player::Error("--isa " + wanted + ": this processor, or the library that was built, does not have it");
 }
 
-// One line, whatever a file name holds.
-void complain(std::string what)
-{
-    std::replace_if(
-        what.begin(), what.end(), [](unsigned char c) { return c < ' ' || c == 127; }, '?');
-    std::fprintf(stderr, "vsurf-play: %s\n", what.c_str());
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 try {
     const player::Options options = player::parse_options(argc, argv);
     use_isa(options.isa, argv);
-    if (options.text.empty()) play(options);
+    bool good = true;
+    if (options.text.empty()) good = play(options);
     else std::fputs(options.text.c_str(), stdout);
     flush_output();
-    return 0;
+    return good ? 0 : kFailure;
 } catch (const std::bad_alloc&) {
     complain("out of memory");
     return kFailure;

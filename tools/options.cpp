@@ -1,51 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "tools/options.h"
 #include "tools/error.h"
-#include <CLI/CLI.hpp>
+#include "tools/values.h"
 #include <cmath>
 #include <cstring>
 
 namespace player {
 namespace {
 
-constexpr int kMaxSide = 16000; // pictures of this square are within FFmpeg's limits
 constexpr int64_t kMostPictures = 1'000'000'000'000'000;
 constexpr std::size_t kColumn = 24; // of meanings in the help
-
-// CLI11's own range lets through what is no number.
-template <class T> CLI::Validator between(T least, T most, const char* limits)
-{
-    return {[=](const std::string& text) {
-                T value{};
-                const bool number = CLI::detail::lexical_cast(text, value);
-                return number && value >= least && value <= most ? std::string()
-                                                                 : text + ": not a number from " + limits;
-            },
-            ""};
-}
-
-CLI::Validator not_empty(const std::string& problem)
-{
-    return {[=](const std::string& text) { return text.empty() ? problem : std::string(); }, ""};
-}
-
-struct Size {
-    int width, height;
-};
-
-Size size(const std::string& text)
-{
-    Size size{};
-    int end = 0;
-    const auto length = static_cast<int>(text.size());
-    if (std::sscanf(text.c_str(), "%5dx%5d%n", &size.width, &size.height, &end) != 2 || end != length)
-        throw CLI::ValidationError(text + ": not of the form WIDTHxHEIGHT");
-    for (const int side : {size.width, size.height})
-        if (side < 1 || side > kMaxSide)
-            throw CLI::ValidationError(text + ": not from 1x1 to " + std::to_string(kMaxSide) + "x" +
-                                       std::to_string(kMaxSide));
-    return size;
-}
 
 // CLI11 speaks of a "disallowed flag override".
 std::string in_words(const CLI::ParseError& error)
@@ -92,7 +56,7 @@ private:
 
     CLI::App app_;
     Options& options_;
-    std::string group_, file_;
+    std::string group_;
 };
 
 CommandLine::CommandLine(Options& options) : options_(options)
@@ -102,7 +66,7 @@ CommandLine::CommandLine(Options& options) : options_(options)
     app_.get_formatter()->column_width(kColumn);
     app_.get_formatter()->label("OPTIONS", "OPTION...");
     app_.set_help_flag();
-    app_.add_option("FILE", file_, "the video, '-' for standard input; without it a test pattern")
+    app_.add_option("FILE", options_.files, "the video, '-' for standard input; without it a test pattern")
         ->option_text(" ")
         ->check(not_empty("the file name is empty"));
     add_picture();
@@ -221,6 +185,19 @@ void CommandLine::add_playing()
         "--seconds", "S", [&source](const std::string& text) { source.seconds = std::stod(text); },
         "length of the test pattern (default 10)")
         ->check(between(0.001, 86400.0, "0.001 to 86400"));
+    auto sound = [this](const std::string& text) { options_.sound.track = std::stoi(text); };
+    add("--audio-track", "N", sound, "play this sound track, counted from 1")->check(between(1, 999, "1 to 999"));
+    flag("--mute", options_.mute, "no sound until m is pressed");
+    auto moment = [](std::optional<double>& value) {
+        return [&value](const std::string& text) { value = std::stod(text); };
+    };
+    add("--start", "S", moment(options_.start), "begin at this second")->check(between(0.0, 1e6, "0 to 1000000"));
+    add("--end", "S", moment(options_.end), "end at this second")->check(between(0.001, 1e6, "0.001 to 1000000"));
+    app_.add_option("--threads", options_.threads,
+                    "show each picture in N bands, on as many threads, where vsurf_show does it")
+        ->option_text("N")
+        ->check(between(1, 64, "1 to 64"))
+        ->group(group_);
     app_.add_option("--isa", options_.isa, "use this instruction set instead of the best")
         ->type_name("NAME")
         ->option_text("NAME")
@@ -239,7 +216,7 @@ void CommandLine::parse(int argc, const char* const* argv)
 try {
     options_.window = false;
     app_.parse(argc, argv);
-    options_.source.file = file_;
+    if (!options_.files.empty()) options_.source.file = options_.files.front();
     options_.subtitles.wanted = given("--subtitles") || given("--subtitle-track");
     options_.window = options_.window || !options_.dump;
     options_.sound.wanted = options_.window;
@@ -263,6 +240,7 @@ void CommandLine::check() const
         throw Error("--size and --seconds shape the test pattern; they do not go with a file");
     if ((given("--format") || given("--video-size")) && source.is_pattern())
         throw Error("--format and --video-size describe a file; name one");
+    if (options_.dump && options_.files.size() > 1) throw Error("--dump takes the pictures of one file");
     if (options_.loop && source.is_standard_input()) throw Error("--loop cannot repeat standard input");
     if (options_.loop && options_.dump && !options_.frames && !options_.window)
         throw Error("--loop with --dump writes without end; add --frames");

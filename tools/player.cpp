@@ -26,8 +26,9 @@ constexpr auto kRarest = 250ms;      // late or not, a picture is shown as often
 } // namespace
 
 Player::Player(const Options& options, const StopSignals& stop)
-    : options_(options), stop_(stop), renderer_(stats_), input_(options.source, options.subtitles, options.sound),
-      progress_(!options.quiet), view_(options.view), mute_(options.mute)
+    : options_(options), stop_(stop), renderer_(stats_, options.threads),
+      input_(options.source, options.subtitles, options.sound), progress_(!options.quiet), view_(options.view),
+      mute_(options.mute)
 {
     if (options.dump) dump_.emplace(*options.dump);
 }
@@ -68,7 +69,21 @@ void Player::fetch()
         about_ = input_.about();
         if (about_.sound) set_volume(volume_, mute_);
     }
+    if (coming_) keep_within_limits();
     if (input_.seek_failed()) refused_ = "cannot seek";
+}
+
+// What lies before the start and behind the end is not shown.
+void Player::keep_within_limits()
+{
+    const double half = about_.frame_seconds / 2, time = coming_->time;
+    if (options_.end && time >= *options_.end - half) ended_ = true;
+    else if (started_ || !options_.start || time >= *options_.start - half) return;
+    coming_.reset();
+    if (!ended_ && about_.seekable) {
+        input_.seek(*options_.start);
+        started_ = true;
+    }
 }
 
 void Player::wait_for_viewer()
@@ -102,6 +117,10 @@ void Player::obey(Command command)
     case Command::far_back: seek(shown_.time - kFarSeconds); break;
     case Command::far_forward: seek(shown_.time + kFarSeconds); break;
     case Command::seek_to: seek(window_->target() * about_.duration.value_or(0)); break;
+    case Command::play_file:
+        next_file_ = window_->dropped_file();
+        finished_ = true;
+        break;
     case Command::slower: set_speed(clock_.speed() / kSpeedStep); break;
     case Command::faster: set_speed(clock_.speed() * kSpeedStep); break;
     case Command::usual_speed: set_speed(1); break;
@@ -244,12 +263,13 @@ void Player::end()
             window_->title(title());
         }
         if (paused_ || clock_.now() < shown_.time + about_.frame_seconds) return;
-        if (about_.sound && about_.sound->buffered() > 0) return;
+        if (about_.sound && !options_.end && about_.sound->buffered() > 0) return;
     }
     finished_ = !options_.loop || pictures_ == pictures_at_start_;
     if (finished_) return;
     pictures_at_start_ = pictures_;
     input_.rewind();
+    started_ = false;
     jumped();
 }
 
@@ -291,18 +311,18 @@ void Player::render()
 void Player::show()
 {
     const Surface& surface = renderer_.surface();
-    const double width = surface.shown_width() * av_q2d(shown_.sample_aspect), height = surface.shown_height();
+    const double aspect = av_q2d(shown_.sample_aspect) * shown_.frame->width / shown_.frame->height;
     if (!window_) {
         // Stretched, never shrunk, so that every pixel of the picture is seen.
-        const double scale = std::max(1.0, surface.shown_width() / width);
-        window_.emplace(std::max(1, static_cast<int>(std::lround(width * scale))),
-                        std::max(1, static_cast<int>(std::lround(height * scale))), title());
+        const double width = std::max(double(surface.shown_width()), aspect * surface.shown_height());
+        window_.emplace(std::max(1, static_cast<int>(std::lround(width))),
+                        std::max(1, static_cast<int>(std::lround(width / aspect))), title());
         if (progress_.shown()) std::fputs("h shows the keys\n", stderr);
     }
     window_->title(title());
     window_->set_osd(osd());
-    if (view_.overlay) window_->show(renderer_.image(), width / height);
-    else window_->show(surface, width / height);
+    if (view_.overlay) window_->show(renderer_.image(), aspect);
+    else window_->show(surface, aspect);
 }
 
 void Player::finish() const

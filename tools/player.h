@@ -18,10 +18,14 @@ public:
 
     // Returns when the source is over or the viewer quits. Throws Error when something of it could not be played.
     void run();
+    // What the viewer asked for at the end.
+    bool quit() const { return quit_; }
+    const std::string& dropped_file() const { return next_file_; }
 
 private:
     bool over() const;
     void fetch();
+    void keep_within_limits();
     void wait_for_viewer();
     void obey(Command command);
     void advance();
@@ -65,10 +69,12 @@ private:
     Clock::Wall::time_point shown_since_;
     int64_t pictures_ = 0, pictures_at_start_ = 0, dropped_ = 0;
     View view_;
-    std::string refused_; // in words
+    std::string refused_;   // in words
+    std::string next_file_; // dropped onto the window, to be played next
     int volume_ = Sound::kMaxVolume;
     bool mute_ = false;
     Clock::Wall::time_point state_until_{};
+    bool started_ = false; // at the wanted time
     bool known_ = false, ended_ = false, still_ = false, quit_ = false, finished_ = false;
     bool paused_ = false, show_next_ = false, keys_shown_ = false, info_shown_ = false;
 };

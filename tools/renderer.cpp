@@ -23,8 +23,8 @@ void Renderer::render(const AVFrame& frame, const Moment& moment, const View& wa
     const bool packed = known.format == AV_PIX_FMT_YUYV422 && Shower::is_of_exports(known, true);
     Geometry geometry = plan(known.width, known.height, view.surface, view.scaling, packed, layer);
     const bool exports = Shower::is_of_exports(known, geometry.packed);
-    const bool as_it_is =
-        !exports && view.scaling == Scaling::none && view.controls.neutral() && !subtitles && !view.overlay;
+    const bool as_it_is = (!exports || shower_.has_bands()) && view.scaling == Scaling::none &&
+                          view.controls.neutral() && !subtitles && !view.overlay;
     if (as_it_is) geometry = plan_as_it_is(known.width, known.height, view.surface);
     surface_.shape(geometry.surface, geometry.surface_width, geometry.surface_height, geometry.shown_width,
                    geometry.shown_height, geometry.tight_surface);
@@ -43,7 +43,7 @@ const AVFrame& Renderer::planes_of(const AVFrame& known)
     const AVFrame* planes = nullptr;
     stats_.time([&] {
         planes = &shower_.to_planes(known, colours_of(known));
-        return "vsurf_show";
+        return shower_.has_bands() ? "vsurf_show_band" : "vsurf_show";
     });
     return *planes;
 }

@@ -13,7 +13,7 @@ namespace player {
 
 class Renderer {
 public:
-    explicit Renderer(Stats& stats) : stats_(stats) {}
+    Renderer(Stats& stats, int threads) : stats_(stats), shower_(threads) {}
 
     // What the picture is at its moment, beside its samples.
     struct Moment {

@@ -2,7 +2,9 @@
 #include "tools/shower.h"
 #include "tools/error.h"
 #include <algorithm>
+#include <future>
 #include <new>
+#include <vector>
 
 namespace player {
 namespace {
@@ -47,18 +49,33 @@ vsurf_picture picture_of(const AVFrame& frame, const Colours& colours)
     return picture;
 }
 
-const char* run(const vsurf_picture& picture, const vsurf_surface& surface)
+void check(vsurf_status status, const vsurf_job& job)
 {
-    vsurf_job job{};
-    job.picture = &picture;
-    job.surface = &surface;
-    if (vsurf_show(&job) == VSURF_OK) return "vsurf_show";
+    if (status == VSURF_OK) return;
     std::string why(vsurf_explain(&job, nullptr, 0), '\0');
     vsurf_explain(&job, why.data(), why.size() + 1);
     throw Error("vsurf_show: " + why);
 }
 
 } // namespace
+
+const char* Shower::run(const vsurf_picture& picture, const vsurf_surface& surface) const
+{
+    vsurf_job job{};
+    job.picture = &picture;
+    job.surface = &surface;
+    if (threads_ == 1) {
+        check(vsurf_show(&job), job);
+        return "vsurf_show";
+    }
+    std::vector<std::future<vsurf_status>> bands;
+    for (int i = 1; i < threads_; i++)
+        bands.push_back(std::async(std::launch::async, vsurf_show_band, &job, i, threads_));
+    vsurf_status status = vsurf_show_band(&job, 0, threads_);
+    for (auto& each : bands) status = std::max(status, each.get());
+    check(status, job);
+    return "vsurf_show_band";
+}
 
 bool Shower::is_of_exports(const AVFrame& frame, bool packed)
 {

@@ -9,6 +9,10 @@ namespace player {
 
 class Shower {
 public:
+    explicit Shower(int threads) : threads_(threads) {}
+
+    // Several bands at once are for pictures of any kind.
+    bool has_bands() const { return threads_ > 1; }
     // Whether the loaders take such a frame as it is.
     static bool is_of_exports(const AVFrame& frame, bool packed);
 
@@ -18,6 +22,9 @@ public:
     const AVFrame& to_planes(const AVFrame& frame, const Colours& colours);
 
 private:
+    const char* run(const vsurf_picture& picture, const vsurf_surface& surface) const;
+
+    int threads_;
     FramePtr planes_;
 };
 

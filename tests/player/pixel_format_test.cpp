@@ -191,6 +191,26 @@ TEST_P(DeliveredFormat, keeps_its_colours_to_the_last_pixel_of_odd_sizes)
     }
 }
 
+TEST(Colours, are_those_of_the_stream_or_the_usual_ones)
+{
+    const player::FramePtr frame = player::new_frame();
+    frame->format = AV_PIX_FMT_YUV420P;
+    frame->width = 1920;
+    auto text = [&](int height, AVColorSpace matrix, AVColorRange range) {
+        frame->height = height;
+        frame->colorspace = matrix;
+        frame->color_range = range;
+        return player::colours_of(*frame).text();
+    };
+    EXPECT_EQ(text(576, AVCOL_SPC_UNSPECIFIED, AVCOL_RANGE_UNSPECIFIED), "BT.601 (assumed), limited range (assumed)");
+    EXPECT_EQ(text(577, AVCOL_SPC_UNSPECIFIED, AVCOL_RANGE_MPEG), "BT.709 (assumed), limited range");
+    EXPECT_EQ(text(480, AVCOL_SPC_BT709, AVCOL_RANGE_JPEG), "BT.709, full range");
+    EXPECT_EQ(text(1080, AVCOL_SPC_SMPTE170M, AVCOL_RANGE_MPEG), "BT.601, limited range");
+    EXPECT_EQ(text(1080, AVCOL_SPC_BT2020_NCL, AVCOL_RANGE_MPEG), "BT.2020, limited range");
+    frame->format = AV_PIX_FMT_YUVJ420P;
+    EXPECT_EQ(text(480, AVCOL_SPC_BT470BG, AVCOL_RANGE_UNSPECIFIED), "BT.601, full range");
+}
+
 TEST(DeliveredPalette, shows_its_colour)
 {
     const player::FramePtr frame = player::new_frame();
