@@ -38,6 +38,8 @@ enum class Command {
     quieter,
     louder,
     next_sound,
+    earlier_subtitles,
+    later_subtitles,
     full_screen,
     keys,
     info,

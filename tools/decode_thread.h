@@ -37,6 +37,7 @@ public:
         double frame_seconds = 0;
         bool seekable = false;
         std::shared_ptr<Subtitles> subtitles; // null where none are wanted
+        bool own_subtitles = false;           // of the source itself, counted as it counts
         std::shared_ptr<Sound> sound;         // null where there is none to be heard
         int sound_tracks = 0;
     };

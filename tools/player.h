@@ -41,6 +41,7 @@ private:
     void set_speed(double speed);
     void set_volume(int volume, bool mute);
     void turn_to_next_sound();
+    void delay_subtitles(double by);
     void take_picture();
     void take_back(const View& before, const std::exception& error);
     void show_or_shrink();
@@ -73,6 +74,7 @@ private:
     std::string next_file_; // dropped onto the window, to be played next
     int volume_ = Sound::kMaxVolume;
     bool mute_ = false;
+    double subtitle_delay_ = 0; // seconds
     Clock::Wall::time_point state_until_{};
     bool started_ = false; // at the wanted time
     bool known_ = false, ended_ = false, still_ = false, quit_ = false, finished_ = false;

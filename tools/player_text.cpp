@@ -64,6 +64,7 @@ std::vector<std::string> Player::state() const
     if (about_.sound) sound += mute_ ? ", mute" : formatted(", volume %d %%", volume_);
     if (about_.sound_tracks > 1)
         sound += formatted(", sound track %d of %d", input_.sound_track(), about_.sound_tracks);
+    if (subtitle_delay_ != 0) sound += formatted(", subtitles %+.1f s", subtitle_delay_);
     lines.push_back(sound);
     return lines;
 }

@@ -213,6 +213,10 @@ TEST_F(Keys, hide_subtitles_and_show_nothing_else)
     EXPECT_TRUE(press_until("o", "subpicture alone, overlay"));
     EXPECT_TRUE(holds(100, 80, box) && holds(250, 200, beside) && holds(319, 5, {}));
     EXPECT_TRUE(press_until("a", "1.00, overlay"));
+    // The script begins at 0, and the picture is there: a little later it does not.
+    screen_->press("c");
+    EXPECT_TRUE(holds(100, 80, below)) << "the subtitle is not delayed";
+    screen_->press("x");
     EXPECT_TRUE(press_until("d", "rgb32 320x240 field"));
     EXPECT_TRUE(holds(100, 80, box) && holds(250, 200, beside) && holds(319, 5, {}));
     screen_->press("q");

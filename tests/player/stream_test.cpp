@@ -2,6 +2,7 @@
 // Streams that are damaged, that change on the way, or that hold another pixel format.
 #include "tests/player/clip.h"
 #include "tests/player/process.h"
+#include "tests/player/subtitled.h"
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -151,6 +152,23 @@ TEST_F(Stream, bands_on_several_threads_give_the_same_pictures)
     const Result result = dump(scratch_ / "clip.y4m", {"--threads", "3", "--stats"});
     EXPECT_NE(result.out.find("vsurf_show_band: 1 picture"), std::string::npos) << result.out;
     EXPECT_EQ(picture(1).pixels, expected.pixels);
+}
+
+TEST_F(Stream, subtitles_of_the_same_name_are_drawn)
+{
+    write_y4m(scratch_ / "film.y4m", gradient(320, 240), 1);
+    ASSERT_EQ(dump(scratch_ / "film.y4m").status, 0);
+    const Pixel before = picture(1).at(100, 80);
+    write_file(scratch_ / "film.ass", script(320, 240, {{40, 40, 200, 120, {220, 20, 30}, 0}}));
+    ASSERT_EQ(dump(scratch_ / "film.y4m").status, 0);
+    const Pixel box = picture(1).at(100, 80);
+    EXPECT_GT(before[1], 60);
+    EXPECT_NEAR(box[0], 220, 4);
+    EXPECT_NEAR(box[1], 20, 4);
+    write_file(scratch_ / "film.ass", "no subtitles at all");
+    const Result result = dump(scratch_ / "film.y4m");
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(picture(1).at(100, 80), before);
 }
 
 TEST_F(Stream, several_files_play_one_after_the_other)
