@@ -54,7 +54,8 @@ bool play(player::Options options)
 
 void flush_output()
 {
-    if (std::fflush(stdout) != 0) throw player::Error(std::string("standard output: ") + std::strerror(errno));
+    if (std::fflush(stdout) != 0 || std::ferror(stdout))
+        throw player::Error(std::string("standard output: ") + std::strerror(errno));
 }
 
 // The library chooses when it is loaded: the program starts anew, with its environment variable set.

@@ -4,6 +4,7 @@
 #include "tools/values.h"
 #include <cmath>
 #include <cstring>
+#include <vsurf.h>
 
 namespace player {
 namespace {
