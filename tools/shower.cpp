@@ -79,8 +79,7 @@ const char* Shower::run(const vsurf_picture& picture, const vsurf_surface& surfa
 
 bool Shower::is_of_exports(const AVFrame& frame, bool packed)
 {
-    const Colours colours = colours_of(frame);
-    return colours.matrix == Matrix::bt601 && !colours.full && (packed || frame.format == AV_PIX_FMT_YUV420P);
+    return colours_of(frame).are_of_exports() && (packed || frame.format == AV_PIX_FMT_YUV420P);
 }
 
 const char* Shower::show(const AVFrame& frame, const Colours& colours, const Surface& surface) const
