@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which bytes an export reads and writes: the kind of its source and surface, the scale, and where its lines lie.
+// Which bytes an export reads and writes: the kind of its source and surface, the scale, and where its lines are.
 #pragma once
 #include <cstddef>
 
@@ -28,7 +28,7 @@ enum class Rows {
     tight_source, // the source's lines follow each other without gaps
 };
 
-// Where a surface begins and how far its lines lie apart.
+// Where a surface begins and how far apart its lines are.
 enum class Placement {
     aligned, // base and pitch are multiples of 64
     natural, // the pitch is a line, or 16 bytes more where a line is a multiple of 64

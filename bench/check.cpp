@@ -93,7 +93,7 @@ bool check_bytes(const std::string& name, size_t written, size_t expected)
     return print(name, share, "% of its bytes", share > 98.5 && share < 101.5);
 }
 
-// A drawing with two lines of text is counted as nothing but key.
+// A drawing with two lines of text counts as all key.
 bool check_text(const std::string& name, size_t written, size_t all)
 {
     const double share = 100.0 * static_cast<double>(written) / static_cast<double>(all);

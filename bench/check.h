@@ -8,7 +8,7 @@
 namespace bench {
 
 // Compares every peer's picture with the library's, and the bytes that every roof writes with those that the library
-// writes; prints a line each and returns whether all agree within what rounding and filters make of them.
+// writes; prints a line each and returns whether all agree within the differences of rounding and filters.
 bool check(Ring& ring, const std::regex& wanted);
 
 } // namespace bench

@@ -111,7 +111,7 @@ Session::List Session::list_of(const Family& family, const Group& group, const P
                                    : store_contenders(family, group, place, options_.stores);
 }
 
-// Pictures are painted once for all cells of a size: what depends on the surface's placement lies behind them.
+// Pictures are painted once for all cells of a size: what depends on the surface's placement comes behind them.
 void Session::run_group(const Family& family, const Group& group, Size size)
 {
     struct Cell {

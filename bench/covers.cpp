@@ -30,7 +30,7 @@ void put_key(uint8_t* to, Source source)
     for (int i = 0; i < bytes_per_pixel(source); i++) to[i] = static_cast<uint8_t>(kColorKey >> 8 * i);
 }
 
-// What a cover makes of one pixel: `put(to, x, y, opacity)` for those that are in a picture of `pitch`.
+// How a cover changes one pixel: `put(to, x, y, opacity)` for those that are in a picture of `pitch`.
 template <class Put> void each_pixel(uint8_t* plane, int pitch, int bytes, Size size, Put put)
 {
     for (int y = 0; y < size.height; y++) {

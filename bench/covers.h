@@ -13,7 +13,7 @@ constexpr uint32_t kColorKey = 0x101010; // RGB16 takes the low 16 bits
 // smooth steps, because not every library takes the alpha of the same pixel for a pair's chroma.
 void make_cover(const Layout& layout, const Picture& picture, Content content);
 
-// Two lines of outlined text near the lower edge, made of strokes with smooth edges: 0..16 for each pixel.
+// Two lines of outlined text near the lower edge, drawn with strokes with smooth edges: 0..16 for each pixel.
 std::vector<uint8_t> subtitle_alpha(Size size);
 
 struct Coverage {

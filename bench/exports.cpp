@@ -10,7 +10,7 @@ namespace {
 using vsurf::Kernels;
 
 constexpr Size kSizes[] = {{352, 288}, {720, 576}, {864, 480}, {1920, 1080}, {3840, 2160}};
-// 352 and not 360, which is no whole number of blocks.
+// 352 and not 360, which is not a whole number of blocks.
 constexpr Size kEnlargedSizes[] = {{352, 288}, {720, 576}, {864, 480}, {1920, 1080}};
 // Surfaces from within the first-level cache to well beyond the last one.
 constexpr Size kStoreSizes[] = {{64, 48},   {176, 144},  {352, 288},   {512, 384},

@@ -70,7 +70,7 @@ void add_library(std::vector<Contender>& to, const Contender& like, const Export
     }
 }
 
-// It keeps the mixer's places of planes and surface: where its own surface would lie, the mixer has its alpha.
+// It keeps the mixer's places of planes and surface: where its own surface would be, the mixer has its alpha.
 void add_loader(std::vector<Contender>& to, const Contender& like, const Export& loader, const Place& place)
 {
     const Layout layout = layout_of(loader.access, place.size, place.placement);
@@ -82,7 +82,7 @@ void add_loader(std::vector<Contender>& to, const Contender& like, const Export&
     to.push_back(contender);
 }
 
-// Whether one roof serves both: what a subpicture covers only counts where it covers all.
+// Whether both have the same roof: what a subpicture covers only counts where it covers everything.
 bool same_walk(Access a, const Access& b)
 {
     if (a.cover != Cover::whole && b.cover != Cover::whole) a.cover = b.cover;

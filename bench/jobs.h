@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The record that a subpicture's exports are given, filled anew for every call.
+// The record that a subpicture's exports get, filled again for every call.
 #pragma once
 #include "bench/picture.h"
 #include "frame/vsurf.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The steps that libyuv's ways to a surface are made of.
+// The steps of libyuv's ways to a surface.
 #pragma once
 #include <libyuv.h>
 
@@ -13,7 +13,7 @@ namespace bench {
 using Convert = int (*)(const uint8_t*, int, const uint8_t*, int, const uint8_t*, int, uint8_t*, int, int, int);
 using Unpack = int (*)(const uint8_t*, int, uint8_t*, int, uint8_t*, int, uint8_t*, int, int, int);
 
-// What the steps of a load hand to each other; allocated with the load, outside the clock.
+// What the steps of a load pass to each other; allocated with the load, outside the clock.
 class Scratch {
 public:
     Scratch(int line, int lines)

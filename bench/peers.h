@@ -17,7 +17,7 @@ struct Peer {
     Load load;
 };
 
-// On every instruction set or, but for plain copies, on the best one, which is not always the fastest copy.
+// On every instruction set or, except for plain copies, on the best one, which is not always the fastest copy.
 std::vector<Peer> libyuv_peers(const Layout& layout, bool every_tier);
 std::vector<Peer> swscale_peers(const Layout& layout, bool every_tier); // none for subpictures: it blends nothing
 std::vector<Peer> memory_peers(const Layout& layout);                   // the C library's fill

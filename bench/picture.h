@@ -10,7 +10,7 @@ namespace bench {
 size_t slot_bytes(const Layout& layout);
 
 struct Picture {
-    uint8_t *y, *u, *v, *surface; // a packed source or a drawing lies at y
+    uint8_t *y, *u, *v, *surface; // a packed source or a drawing is at y
     uint8_t* alpha;               // what the access covers, 0..16
     uint8_t* peers_alpha;         // all of it, 0..255
     uint8_t *overlay_y, *overlay_u, *overlay_v;

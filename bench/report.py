@@ -35,10 +35,10 @@ def warn_of_the_impossible(run):
 
 
 def report(run, stores, commands, summary, plots):
-    lines = ["# How fast vsurf is", "", *gains(run), f"![Speed over the best peer]({summary.name})", "",
-             "## Wins and losses", "", TABLE.strip(), "", *work_table(run),
+    lines = ["# How fast vsurf is", "", *work_table(run), TABLE.strip(), "", *gains(run),
+             f"![Speed over the best peer]({summary.name})", "",
              "## How it was measured", "", MEASURED.strip(), "", *machine(run),
-             "```", *commands, "```", "", DETAILS.strip(), ""]
+             "```", *commands, "```", "", "## Every export", "", DETAILS.strip(), ""]
     for family in run.families():
         lines += family_section(run, family, plots.get(family))
     lines += tier_table(run)

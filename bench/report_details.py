@@ -76,9 +76,9 @@ def tier_table(run):
         pairs.append(("sse2", ("libyuv-ssse3", "swscale-ssse3")))
         heads.append("sse2 vs peers' ssse3")
     lines = ["## Same instruction set", "",
-             "Speed over the fastest peer that is limited to the same instruction set, at the size where it is lowest; "
-             "surfaces at multiples of 64, 720x576 and 1920x1080 or, of the best instruction set, every size. The last "
-             f"column is the largest factor between the scalar code's time and that of {run.isa}.", "",
+             "Speed over the fastest peer that is limited to the same instruction set, at the size where it is lowest. "
+             "Surfaces are at multiples of 64; sizes are 720x576 and 1920x1080, for the best instruction set all. The "
+             f"last column is the largest factor between the time of the scalar code and that of {run.isa}.", "",
              "| export | " + " | ".join(heads) + " | scalar, times |", "|---|" + "---:|" * (len(heads) + 1)]
     for family in run.families():
         plain = unique(case.plain for case in run.cases.values() if case.family == family)
@@ -95,9 +95,9 @@ def stores_cell(cases):
 
 def stores_table(run):
     lines = ["## Ordinary and non-temporal stores", "",
-             "How many times as fast an export is with non-temporal stores wherever they are possible as with none: "
-             + " / ".join(STORE_REGIMES) + ". *Readback* reads the whole surface on the same core after every picture, "
-             "inside the clock.", "",
+             "How many times as fast an export is with non-temporal stores, wherever they are possible, as without: "
+             + " / ".join(STORE_REGIMES) + ". *Readback* reads the whole surface on the same core after every picture; "
+             "the time includes it.", "",
              "| | surface written, MB | " + " | ".join(KINDS.values()) + " |", "|---|---:|" + "---:|" * len(KINDS)]
     for export, size in unique((case.export, case.size) for case in run.stores.values()):
         by_kind = [[run.stores.get((regime, kind, size, export)) for regime in STORE_REGIMES] for kind in KINDS]

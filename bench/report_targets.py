@@ -51,11 +51,12 @@ def missed(judged):
 
 def target_section(run):
     judged = verdicts(run)
-    return ["## Targets", "",
-            "*Peer*: the speed over that of the best peer, at least. *Loader's time*: the time over that of the loader "
-            "that takes a mixer's place where there is no subpicture, at most. *Time at 64*: the time at the natural "
-            "pitch over that of the same export on a surface at multiples of 64, at most. *Beyond the roof*: an export "
-            "as fast as the roof would miss the target as well.", "",
+    return ["## Internal targets", "",
+            "What the project wants to reach, as a minimum or maximum. *Peer*: at least this speed, compared with the "
+            "best peer. *Loader's time*: at most this time, compared with the loader that takes a mixer's place where "
+            "there is no subpicture. *Time at 64*: at most this time at the natural pitch, compared with the same "
+            "export on a surface at multiples of 64. *Beyond the roof*: even an export as fast as the roof would miss "
+            "the target.", "",
             *score(judged), "### Missed cells", "",
-            "What they reach and what an export as fast as the roof, which moves the same bytes, would reach.",
+            "What they reach, and what an export as fast as the roof would reach.",
             *missed(judged), ""]

@@ -11,7 +11,7 @@ enum class Stores {
     streaming, // non-temporal ones, whole cache lines only
 };
 
-// What is read besides with every line of the surface; nothing where `bytes` is 0.
+// What else is read with every line of the surface; nothing where `bytes` is 0.
 struct Stream {
     const uint8_t* from = nullptr;
     int pitch = 0, bytes = 0;

@@ -59,7 +59,7 @@ template <int whole, int half, int times> struct Cursor {
     const uint8_t *luma, *u, *v;
     uint8_t* to;
     int left;
-    bool fresh; // false: the line is made of what was read before; the source's first bytes stand for it
+    bool fresh; // false: the line is made from what was read before; the source's first bytes take its place
     bool chroma;
     const uint8_t *also0, *also1, *also2, *also3;
 

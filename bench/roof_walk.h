@@ -103,8 +103,8 @@ private:
     }
 
     // The unadjusted planar copy has lines that later ones replace; only what remains in the end has to be moved. Upper
-    // luma lines lie end to end and replace all lower ones but the last; V, one byte early like U and twice as high as
-    // the picture's chroma, replaces the first half of U.
+    // luma lines are end to end and replace all lower ones except the last; V, one byte early like U and twice as high
+    // as the picture's chroma, replaces the first half of U.
     template <class Emit> void planar_copy(Emit emit) const
     {
         const int pitch = layout.dst_pitch, passes = height / 2;

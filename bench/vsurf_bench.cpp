@@ -36,7 +36,7 @@ std::vector<Threshold> thresholds_of(const std::string& list)
 }
 
 // Takes this program's own options out of the argument list. The JSON file is one of them, because Google Benchmark
-// would begin it anew with every group.
+// would begin it again with every group.
 Options take_options(int& argc, char** argv)
 {
     Options options;

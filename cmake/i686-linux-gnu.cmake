@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Cross build for 32-bit x86. Debian's gcc-multilib cannot stand beside the aarch64 compiler, this one can. An x86-64
+# Cross build for 32-bit x86. Debian's gcc-multilib conflicts with the aarch64 compiler, this one does not. An x86-64
 # machine runs the programs through the cross compiler's own loader and C library.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR i686)

@@ -4,7 +4,7 @@
 include(CMakePackageConfigHelpers)
 
 set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
-    GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)      # no more, whatever the umask
+    GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)      # the same for every umask
 
 set(libraries vsurf vsurf_static vsurf_show vsurf_show_static)
 foreach(library IN LISTS libraries)
@@ -36,7 +36,7 @@ file(RELATIVE_PATH up_to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_I
 string(REGEX REPLACE "/$" "" up_to_prefix "${up_to_prefix}")
 file(RELATIVE_PATH libdir_in_prefix ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
 file(RELATIVE_PATH includedir_in_prefix ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
-# On x86 the compiler's own runtime tells which processor this is. Compilers link it unasked; with `-nodefaultlibs` it
+# On x86 the compiler's own runtime detects the processor. Compilers link it by default; with `-nodefaultlibs` it
 # has to be named.
 set(private_libraries)
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i.86" AND "gcc" IN_LIST CMAKE_C_IMPLICIT_LINK_LIBRARIES)
@@ -55,16 +55,11 @@ foreach(library vsurf vsurf-show)
 endforeach()
 
 # Pages and documents.
-file(GLOB pages_of_functions CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/man/*.3)
-file(GLOB pages_of_programs CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/man/*.1)
-if(pages_of_functions)
-    install(FILES ${pages_of_functions} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development)
+if(VSURF_BUILD_TOOLS)
+    install(FILES ${PROJECT_SOURCE_DIR}/man/vsurf-play.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
 endif()
-if(pages_of_programs AND VSURF_BUILD_TOOLS)
-    install(FILES ${pages_of_programs} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
-endif()
-install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/README.md
-    DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+    ${PROJECT_SOURCE_DIR}/SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
     FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.jpg" PATTERN "*.svg" PATTERN "examples/*.[ch]"
     PATTERN site EXCLUDE)

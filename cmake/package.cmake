@@ -31,11 +31,11 @@ else()
     endif()
 endif()
 
-set(about "vsurf is a C library that video players and other renderers call to put
-decoded pictures (planar YV12 or packed YUY2) onto display surfaces: RGB32,
-RGB24, RGB16, YUY2 or YV12. On the way it can adjust brightness, contrast and
-saturation, enlarge or halve the picture, and mix subtitles onto it. Its
-output is the same to the byte on every processor.
+set(about "vsurf is a C library that converts decoded video pictures (planar YV12 or
+packed YUY2) and writes them to display surfaces: RGB32, RGB24, RGB16, YUY2 or
+YV12. On the way it can adjust brightness, contrast and saturation, enlarge or
+halve the picture, and blend subtitles onto it. Its output is the same to the
+byte on every processor.
 ")
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "decoded video pictures onto display surfaces
 ${about}

@@ -17,7 +17,7 @@ foreach(library vsurf vsurf_show)
     endif()
 endforeach()
 
-# In a file of its own: the document is made anew when one of these changes.
+# In a file of its own: the document is made again when one of these changes.
 set(input ${PROJECT_BINARY_DIR}/sbom-input.cmake)
 file(GENERATE OUTPUT ${input} CONTENT "set(name ${PROJECT_NAME})
 set(version ${PROJECT_VERSION})

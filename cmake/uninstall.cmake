@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The target `uninstall`, and the list of files that it goes by. CMake's own manifest will not do: CPack overwrites it,
+# The target `uninstall`, and the list of files that it removes. CMake's own manifest cannot be used: CPack overwrites it,
 # and the target would remove what the system has installed.
 install(CODE "
     if(NOT \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\" MATCHES \"/_CPack_Packages/\")

@@ -4,7 +4,7 @@
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     set(windows_arch x86_64)
     set(dlltool_machine i386:x86-64)
-    # Only 16 bytes of alignment are certain on the stack, yet GCC (but for Debian's, which is mended) spills wider vectors
+    # Only 16 bytes of alignment are certain on the stack, yet GCC (except Debian's, which is patched) spills wider vectors
     # as if they were aligned.
     target_compile_options(vsurf_options INTERFACE -Wa,-muse-unaligned-vector-move)
 else()
@@ -21,7 +21,7 @@ function(vsurf_complete_dll target dll)
     configure_file(${PROJECT_SOURCE_DIR}/frame/vsurf.rc.in ${PROJECT_BINARY_DIR}/${dll}.rc @ONLY)
     target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/frame/dllmain.cpp ${PROJECT_BINARY_DIR}/${dll}.def
         ${PROJECT_BINARY_DIR}/${dll}.rc)
-    # The compiler's own library goes in, no C++ runtime is needed; time stamps stay out, so that equal sources give equal
+    # The compiler's own library goes in, no C++ runtime is needed; time stamps are left out, so that equal sources give equal
     # files.
     target_link_options(${target} PRIVATE -static-libgcc -Wl,--no-insert-timestamp)
     set_target_properties(${target} PROPERTIES PREFIX "" OUTPUT_NAME ${dll} LINKER_LANGUAGE C)

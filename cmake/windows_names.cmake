@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Makes the module definition of vsurf.dll, ${windows_exports}: each function under its plain name, and under the one by
 # which C++ callers of the platform's own compilers know it. They decorate a name with the types of what is returned and
-# passed. The checks compare the result with what clang, as such a compiler, makes of the header.
+# passed. The checks compare the result with what clang, as such a compiler, generates from the header.
 # X is void, E unsigned char, H int, I unsigned int, Uname@@ a record, * marks a pointer to what follows, and a digit
 # repeats the type of an earlier pointer or record, counted from 0.
 set(types_Picture "*X000HHHH*Uajust_contrast_info@@")

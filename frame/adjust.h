@@ -66,7 +66,7 @@ ALWAYS_INLINE Adjustments adjustments_now()
 }
 
 // Any gain: the product of gain and sample keeps its low 16 bits and is shifted right by 6. No picture looks right with
-// gains that wrap, so it is built for the narrowest registers only. It also serves where the order of stores matters.
+// gains that wrap, so it is built for the narrowest registers only. It is also used where the order of stores matters.
 struct WrappingGain {
     static constexpr int kWidest = kBlock;
     template <int N, int W, class Source> static ALWAYS_INLINE Words<N> words(const Source& of, ptrdiff_t x)
@@ -85,7 +85,6 @@ struct WrappingGain {
 // A gain whose products never wrap. With the sample in the high byte of its word one multiplication also shifts:
 // (256 x * 4 gain) >> 16 is (x * gain) >> 6.
 struct FastGain {
-    using Exact = WrappingGain;
     static constexpr int kWidest = kRegister, kHighest = 65535 / 255;
     static ALWAYS_INLINE bool suits(SampleAdjust by) { return by.gain >= 0 && by.gain <= kHighest; }
     static ALWAYS_INLINE bool suits(const Adjustments& by) { return suits(by.luma) && suits(by.u); }

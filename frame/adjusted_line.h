@@ -13,8 +13,9 @@ ALWAYS_INLINE void write_adjusted_line(Writer& writer, SampleAdjust by, const L&
     else Writer::store_exactly(line, to, r);
 }
 
-template <Line L> NEVER_INLINE void store_adjusted_line(bool fast, const L& line, uint8_t* to, ptrdiff_t units)
+template <Line L> NEVER_INLINE void store_adjusted_line(bool fast, const L& line_in, uint8_t* to, ptrdiff_t units)
 {
+    const L line = line_in; // what has no address stays in registers around the stores
     if (fast) Writer::store_line(line, to, {0, units});
     else Writer::store_exactly(line, to, {0, units});
 }

@@ -36,16 +36,13 @@ ALWAYS_INLINE int not_negative(int x) { return x < 0 ? 0 : x; }
 ALWAYS_INLINE ptrdiff_t at_least_one(int height) { return height < 1 ? 1 : height; }
 
 // What is rare is exact, not fast: blocks that are stored one by one take the form of a line or source that is right
-// for every gain. What adjusts nothing is right as it is. Both forms have the same members.
-template <class T> struct ExactForm {
-    using Type = T;
-};
-template <class T>
-requires requires { typename T::Exact; }
-struct ExactForm<T> {
-    using Type = typename T::Exact;
-};
-template <class T> using ExactOf = typename ExactForm<T>::Type;
+// for every gain, which has the same members. What adjusts nothing is right as it is.
+template <class T> ALWAYS_INLINE auto exact(const T& x)
+{
+    if constexpr (requires { x.exact(); }) return x.exact();
+    else return x;
+}
+template <class T> using ExactOf = decltype(exact(instance<T>()));
 
 // Calls `step<N>(x)` for the widest steps first, then for at most one step of each narrower width.
 template <int widest, int narrowest, class Step> ALWAYS_INLINE void along(ptrdiff_t x, ptrdiff_t end, const Step& step)

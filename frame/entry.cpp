@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The exported functions, and the choice of the instruction set that serves them.
+// The exported functions, and the choice of their instruction set.
 #include "frame/choice.h"
 #include "frame/dispatch.h"
 

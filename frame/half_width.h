@@ -22,11 +22,11 @@ template <class Words> struct HalfChroma {
 // x counts pixels of the picture. `Reduce::words<Gain>(bytes)` makes one sample of two neighbours.
 template <class Gain, class Reduce> struct HalfWidthLine {
     static constexpr int kBytes = kHalfWidthBytes, kGrain = 4, kWidest = 2 * Gain::kWidest;
-    static constexpr bool kComplete = true, kEights = false;
-    using Exact = HalfWidthLine<WrappingGain, Reduce>;
+    static constexpr bool kComplete = true, kEights = false, kMayRepeat = true;
     const uint8_t *y, *u, *v;
     Adjustments by;
 
+    ALWAYS_INLINE HalfWidthLine<WrappingGain, Reduce> exact() const { return {y, u, v, by}; }
     template <int N> ALWAYS_INLINE auto shared(ptrdiff_t x) const
     {
         auto samples = [x](const uint8_t* plane, SampleAdjust how) VSURF_INLINED {

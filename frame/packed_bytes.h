@@ -17,9 +17,9 @@ struct PlainBytes {
 // The same, adjusted. U and V have one gain.
 template <class Gain> struct AdjustedBytes {
     static constexpr int kWidest = Gain::kWidest;
-    using Exact = AdjustedBytes<WrappingGain>;
     Adjustments by;
 
+    ALWAYS_INLINE AdjustedBytes<WrappingGain> exact() const { return {by}; }
     template <int N> ALWAYS_INLINE Words<N> luma(Bytes<N> bytes) const
     {
         return adjusted<Gain>(by.luma, Gain::split(bytes).even);
@@ -38,10 +38,10 @@ template <class Gain> struct AdjustedBytes {
 template <class Samples> struct PackedLine {
     static constexpr int kBytes = 1, kGrain = 4, kWidest = Samples::kWidest;
     static constexpr bool kComplete = true, kEights = false;
-    using Exact = PackedLine<ExactOf<Samples>>;
     const uint8_t *luma_of, *chroma_of;
     Samples samples;
 
+    ALWAYS_INLINE PackedLine<ExactOf<Samples>> exact() const { return {luma_of, chroma_of, VSURF_ISA::exact(samples)}; }
     template <int N> ALWAYS_INLINE Words<N> shared(ptrdiff_t x) const { return samples.chroma(load<N>(chroma_of + x)); }
     template <int N> ALWAYS_INLINE Words<N> own(ptrdiff_t x) const { return samples.luma(load<N>(luma_of + x)); }
     template <class To, int N> static ALWAYS_INLINE void store(To to, Words<N> luma, Words<N> chroma)

@@ -40,7 +40,7 @@ Walk walk_packed(const Picture& p, int units, int bytes)
     const ptrdiff_t src = 2 * ptrdiff_t{p.y_pitch}, dst = p.dst_pitch;
     const Position start = start_of(p);
     return {
-        .start = {start.y, start.y, nullptr, start.dst},
+        .start = {start.y, start.y, start.y, start.dst},
         .to_lower = {src, 0, dst},
         .to_next_pass = {2 * src, 2 * src, 2 * dst},
         .width = width,
@@ -63,9 +63,7 @@ static void write_in_order(const Walk& walk, const AnyLines& lines)
 void write_picture(const Walk& walk, bool exactly, const AnyLines& lines)
 {
     if (exactly || walk.store_order_matters()) return write_in_order(walk, lines);
-    Writer writer(walk.target());
-    walk.each([&](const Position& upper, const Position& lower)
-                  VSURF_INLINED { lines.pair(lines.lines, writer, upper, lower, walk.width); });
+    lines.pairs(lines.lines, walk);
 }
 
 } // namespace vsurf::VSURF_ISA

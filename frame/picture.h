@@ -9,7 +9,8 @@
 
 namespace vsurf::VSURF_ISA {
 
-// Where the samples of a line are and where its pixels go. A packed picture's chroma is where its pixels are: at u.
+// Where the samples of a line are and where its pixels go. A packed picture's chroma is where its pixels are: at u and
+// v.
 struct Position {
     const uint8_t *y, *u, *v;
     uint8_t* dst;
@@ -66,12 +67,11 @@ Walk walk_by_line(const Picture& p, int bytes);
 // chroma. A line has `units` of `bytes` bytes at the destination; negative sizes count as 0.
 Walk walk_packed(const Picture& p, int units, int bytes);
 
-// Lines of a picture, as the code sees them that is the same for all. Both functions make them at a position: `pair` to
-// write the two lines of a pass in whatever order is fastest, `blocks` to store a part of the upper or the lower one,
-// for any gain.
+// Lines of a picture, as the code sees them that is the same for all. `pairs` writes all pairs of lines in whatever
+// order is fastest; `blocks` stores a part of the upper or the lower line at a position, for any gain.
 struct AnyLines {
     const void* lines;
-    void (*pair)(const void* lines, Writer&, const Position& upper, const Position& lower, ptrdiff_t width);
+    void (*pairs)(const void* lines, const Walk& walk);
     void (*blocks)(const void* lines, bool lower, const Position& at, Range r);
 };
 
@@ -82,11 +82,14 @@ void write_picture(const Walk& walk, bool exactly, const AnyLines& lines);
 template <class UpperAt, class LowerAt> struct LinesAt {
     UpperAt upper_at;
     LowerAt lower_at;
-    static NEVER_INLINE void pair(const void* lines, Writer& writer, const Position& upper, const Position& lower,
-                                  ptrdiff_t width)
+    static NEVER_INLINE void pairs(const void* lines, const Walk& walk_in)
     {
-        const auto& of = *static_cast<const LinesAt*>(lines);
-        writer.pair(of.upper_at(upper), of.lower_at(lower), upper.dst, lower.dst, {0, width});
+        const LinesAt of = *static_cast<const LinesAt*>(lines);
+        const Walk walk = walk_in;
+        const Writer writer(walk.target());
+        walk.each([&](const Position& upper, const Position& lower) VSURF_INLINED {
+            writer.pair(of.upper_at(upper), of.lower_at(lower), upper.dst, lower.dst, {0, walk.width});
+        });
     }
     static NEVER_INLINE void blocks(const void* lines, bool lower, const Position& at, Range r)
     {
@@ -96,7 +99,7 @@ template <class UpperAt, class LowerAt> struct LinesAt {
     }
     ALWAYS_INLINE void write(const Walk& walk, bool exactly) const
     {
-        write_picture(walk, exactly, {this, pair, blocks});
+        write_picture(walk, exactly, {this, pairs, blocks});
     }
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sinks: the formats of surfaces, and lines made of sources and a sink.
+// Sinks: the formats of surfaces, and lines that consist of sources and a sink.
 #pragma once
 #include "frame/rgb.h"
 #include "frame/source.h"
@@ -12,7 +12,7 @@ namespace vsurf::VSURF_ISA {
 //   kBytes     bytes a pixel
 //   kWeave     the weave that its stores expect
 //   kComplete  whether every byte is stored
-//   chroma(uv)               what it makes of the chroma of N pixels
+//   chroma(uv)               what it computes from the chroma of N pixels
 //   luma<N>(source, x)       the luma of N pixels in the form that it takes
 //   store(to, luma, chroma)  stores N pixels
 //
@@ -146,11 +146,14 @@ static_assert(Sink<Rgb32> && Sink<Rgb24> && Sink<Rgb16> && Sink<Yuy2> && Sink<Yu
 template <Sink Format, Source Y, class Chroma> struct PixelLine {
     static constexpr int kBytes = Format::kBytes, kGrain = 2, kWidest = Y::kWidest;
     static constexpr bool kComplete = Format::kComplete, kEights = false, kMayRepeat = true;
-    using Exact = PixelLine<Format, ExactOf<Y>, ExactOf<Chroma>>;
     Y y;
     Chroma uv;
     Format format;
 
+    ALWAYS_INLINE PixelLine<Format, ExactOf<Y>, ExactOf<Chroma>> exact() const
+    {
+        return {VSURF_ISA::exact(y), VSURF_ISA::exact(uv), format};
+    }
     template <int N> ALWAYS_INLINE auto shared(ptrdiff_t x) const
     {
         return format.chroma(uv.template of<N, Format::kWeave>(x));
@@ -188,9 +191,9 @@ static_assert(Line<PairLine>);
 template <Source Of> struct PlaneLine {
     static constexpr int kBytes = 1, kGrain = 1, kWidest = Of::kWidest;
     static constexpr bool kComplete = true, kEights = true;
-    using Exact = PlaneLine<ExactOf<Of>>;
     Of of;
 
+    ALWAYS_INLINE PlaneLine<ExactOf<Of>> exact() const { return {VSURF_ISA::exact(of)}; }
     template <int> ALWAYS_INLINE Nothing shared(ptrdiff_t) const { return {}; }
     template <int N> ALWAYS_INLINE Bytes<N> own(ptrdiff_t x) const { return of.template bytes<N, 1>(x); }
     template <class To, int N> ALWAYS_INLINE void store(To to, Bytes<N> samples, Nothing) const { put(to, samples); }

@@ -13,7 +13,7 @@ namespace vsurf::VSURF_ISA {
 //   bytes<N, W>(x)  N samples from x on
 //   words<N, W>(x)  N/2 samples as words: the form in which chroma meets the luma of N pixels
 //
-// A source may have two more forms, where they are cheaper than what callers make of the first two:
+// A source may have two more forms, where they are cheaper than combining the first two:
 //
 //   high_words<N, W>(x)  the words with the samples in their high bytes
 //   times4<N, W>(x)      N samples as words, times 4
@@ -114,10 +114,10 @@ static_assert(Source<FourTap>);
 // Adjusted samples of another source.
 template <class Gain, Source Of> struct Adjust {
     static constexpr int kWidest = Gain::kWidest;
-    using Exact = Adjust<WrappingGain, Of>;
     SampleAdjust by;
     Of of;
 
+    ALWAYS_INLINE Adjust<WrappingGain, Of> exact() const { return {by, of}; }
     template <int N, int W> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x) const
     {
         return adjusted<Gain>(by, of.template bytes<N, W>(x));
@@ -139,10 +139,13 @@ static_assert(Source<Adjust<FastGain, Average<Row>>>);
 
 // The chroma of two planes.
 template <Source U, Source V = U> struct PlanarChroma {
-    using Exact = PlanarChroma<ExactOf<U>, ExactOf<V>>;
     U u;
     V v;
 
+    ALWAYS_INLINE PlanarChroma<ExactOf<U>, ExactOf<V>> exact() const
+    {
+        return {VSURF_ISA::exact(u), VSURF_ISA::exact(v)};
+    }
     template <int N, int W> ALWAYS_INLINE EvenOddWords<N> of(ptrdiff_t x) const
     {
         return {u.template words<N, W>(x / 2), v.template words<N, W>(x / 2)};
@@ -186,10 +189,10 @@ struct PackedChroma {
 };
 // The same, adjusted. U and V have one gain.
 template <class Gain> struct AdjustedPackedChroma {
-    using Exact = AdjustedPackedChroma<WrappingGain>;
     SampleAdjust by_u, by_v;
     const uint8_t* pixels;
 
+    ALWAYS_INLINE AdjustedPackedChroma<WrappingGain> exact() const { return {by_u, by_v, pixels}; }
     template <int N, int W> ALWAYS_INLINE EvenOddWords<N> of(ptrdiff_t x) const
     {
         auto words = Gain::split(load_yuyv<N, W>(pixels + 2 * x).uv);

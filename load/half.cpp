@@ -58,8 +58,7 @@ struct HalvedPlane {
         const uint8_t* src = p.src + i * p.src_step;
         uint8_t* dst = p.dst + i * p.dst_step;
         write_adjusted_line(writer, by, Halved{{by, {src}}}, dst, {0, samples});
-        if (!continues)
-            ExactOf<Halved>{{by, {src + closing}}}.store_eight(dst + samples - 8 + closing / 2, samples - 8);
+        if (!continues) exact(Halved{{by, {src + closing}}}).store_eight(dst + samples - 8 + closing / 2, samples - 8);
     }
 }
 

@@ -51,8 +51,8 @@ void loadimage_yuy2(Picture p)
     write_picture(walk_by_pass(p, Yuy2::kBytes), planar_lines(Yuy2{}), planar_lines(Yuy2WithHoles{}));
 }
 
-// Irregular: refuses heights up to 8 and odd ones, and drifts from line to line where its siblings drift from pass to
-// pass.
+// Irregular: refuses heights up to 8 and odd ones, and drifts from line to line where the other loaders drift from pass
+// to pass.
 void loadimage_yuy2_ajust(Picture p)
 {
     if (p.height <= 8 || p.height % 2 != 0) return;

@@ -43,7 +43,7 @@ struct CopiedPlane {
     }
     ALWAYS_INLINE uint8_t* to(ptrdiff_t line) const { return dst + line / 2 * dst_pass + (line % 2 ? dst_lower : 0); }
 
-    // Lines `first`, `first` + `by`, ..., which lie `step` apart.
+    // Lines `first`, `first` + `by`, ..., which are `step` apart.
     NEVER_INLINE void copy(ptrdiff_t first, ptrdiff_t by, ptrdiff_t step) const
     {
         if (first < 0) first = 0;
@@ -60,7 +60,7 @@ struct CopiedPlane {
 
 // The destination moves on by a line's bytes a pass, so its upper lines lie end to end, and its lower ones do so
 // `dst_lower` further on. Where that is no less than a line, every byte that both reach belongs to a later upper line:
-// lower lines that are replaced altogether are not stored.
+// lower lines that are completely replaced are not stored.
 ALWAYS_INLINE void copy_luma(const CopiedPlane& p)
 {
     if (p.dst_lower < p.bytes) {

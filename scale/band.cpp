@@ -13,7 +13,7 @@ struct Band {
     ptrdiff_t interpolated;      // width of interpolated lines: at least a first, a middle and a last block
     uint8_t* dst;
     ptrdiff_t dst_pitch;
-    ptrdiff_t groups; // of four lines of the surface, made of two of the band
+    ptrdiff_t groups; // of four lines of the surface, from two of the band
 
     ALWAYS_INLINE bool narrow() const { return interpolated > width; }
     ALWAYS_INLINE Target target() const { return {dst, dst_pitch, 2 * dst_pitch, 2 * width, 2 * groups}; }

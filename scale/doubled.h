@@ -85,10 +85,10 @@ template <class Of> Between(Of, Of) -> Between<Of>;
 
 template <class Gain, class Of> struct AdjustPairs {
     static constexpr int kWidest = Gain::kWidest;
-    using Exact = AdjustPairs<WrappingGain, Of>;
     SampleAdjust by;
     Of of;
 
+    ALWAYS_INLINE AdjustPairs<WrappingGain, Of> exact() const { return {by, of}; }
     template <int N, int W> ALWAYS_INLINE Pair<Bytes<N>> byte_pairs(ptrdiff_t x) const
     {
         auto pairs = of.template byte_pairs<N, W>(x);
@@ -135,10 +135,10 @@ static_assert(Line<DoubledPixelLine<Doubled, DoubledToTheEnd, Between<DoubledAhe
 // Samples of a plane of twice the width; x counts samples of the source.
 template <class Of> struct DoubledPlaneLine {
     static constexpr int kBytes = 2, kGrain = 1, kWidest = Of::kWidest;
-    static constexpr bool kComplete = true, kEights = true;
-    using Exact = DoubledPlaneLine<ExactOf<Of>>;
+    static constexpr bool kComplete = true, kEights = true, kMayRepeat = true;
     Of of;
 
+    ALWAYS_INLINE DoubledPlaneLine<ExactOf<Of>> exact() const { return {VSURF_ISA::exact(of)}; }
     template <int> ALWAYS_INLINE Nothing shared(ptrdiff_t) const { return {}; }
     template <int N> ALWAYS_INLINE Pair<Bytes<N>> own(ptrdiff_t x) const { return of.template byte_pairs<N, 2>(x); }
     template <class To, int N> ALWAYS_INLINE void store(To to, const Pair<Bytes<N>>& samples, Nothing) const

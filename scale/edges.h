@@ -82,7 +82,7 @@ ALWAYS_INLINE Bytes<N> along_best(const Lines& lines, ptrdiff_t x, const Differe
     return samples;
 }
 
-// One step of N samples. Each difference is computed anew for each of the four windows that it belongs to.
+// One step of N samples. Each difference is computed again for each of the four windows that it belongs to.
 template <int N, class Lines> ALWAYS_INLINE void step_along_edges(const Lines& lines, ptrdiff_t x)
 {
     const auto straight = average_along<N, 0>(lines, x), steep = steep_groups<N>(lines, x);

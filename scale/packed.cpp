@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Packed YUY2 pictures, enlarged both ways. Every line has chroma of its own, interpolated like its luma.
 //
-// Positions count the source's bytes: of every two the even one is luma. Its right neighbour lies two bytes on, that of
-// a chroma byte four.
+// Positions count the source's bytes: of every two the even one is luma. Its right neighbour is two bytes further, that
+// of a chroma byte four.
 #include "frame/dispatch.h"
 #include "frame/packed_bytes.h"
 #include "scale/adjusted.h"
@@ -68,8 +68,8 @@ static_assert(Line<DoubledPackedLine<PackedDoubled>> && Line<DoubledPackedLine<B
     writer.closing_blocks(DoubledPackedLine{end}, DoubledPackedLine{Between{end, end_below}}, upper, lower, ahead);
 }
 
-// Adjusts a line once, and once more as the 16 pixels before look ahead to it. Irregular: there U's offset serves V and
-// V's serves U.
+// Adjusts a line once, and once more as the 16 pixels before look ahead to it. Irregular: there V takes U's offset and
+// U takes V's.
 [[maybe_unused]] static NEVER_INLINE void adjust_packed_line(const uint8_t* from, ptrdiff_t size, uint8_t* own,
                                                              uint8_t* ahead, const Adjustments& by)
 {

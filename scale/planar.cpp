@@ -66,9 +66,8 @@ ALWAYS_INLINE New interpolated(const uint8_t* plane, ptrdiff_t pitch, ptrdiff_t 
 
 // Two lines of samples that are adjusted after they have been interpolated.
 template <class Luma, class Chroma>
-[[maybe_unused]] static NEVER_INLINE void write_interpolated(Writer& writer, const PlanarEnlargement& e,
-                                                             const Adjustments& by, Neighbours n, uint8_t* upper,
-                                                             uint8_t* lower)
+ALWAYS_INLINE void write_interpolated(const Writer& writer, const PlanarEnlargement& e, const Adjustments& by,
+                                      Neighbours n, uint8_t* upper, uint8_t* lower)
 {
     using Samples = PlanarChroma<Adjust<FastGain, Chroma>>;
     const Samples uv{{by.u, interpolated<Chroma>(e.start.u, e.chroma_pitch, n.c, n.c_below)},
@@ -97,7 +96,7 @@ ALWAYS_INLINE void write_filtered(const PlanarEnlargement& e, const Adjustments&
     });
 }
 
-// Irregular: interpolates with four taps, and adjusts what it has interpolated; its siblings adjust first.
+// Irregular: interpolates with four taps, and adjusts what it has interpolated; the others adjust first.
 void strech_picture_1X2_yuy2_ajust(Picture p)
 {
     if (p.height < 8) return;
@@ -136,7 +135,7 @@ void strech_picture_2X2_yuy2(Picture p)
     PlanarEnlargement::of_picture(p, doubled_blocks(p.width), 4).from_picture(write_larger);
 }
 
-// Irregular: refuses heights below 16 where its siblings refuse those below 8, and the U samples that look ahead into
+// Irregular: refuses heights below 16 where the others refuse those below 8, and the U samples that look ahead into
 // the next 8 take `v_offset`.
 void strech_picture_2X2_yuy2_ajust(Picture p)
 {

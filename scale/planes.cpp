@@ -19,23 +19,23 @@ struct PlaneLines {
     ALWAYS_INLINE Row row_below(ptrdiff_t line) const { return row(line + 1 == lines ? line : line + 1); }
     ALWAYS_INLINE uint8_t* to(ptrdiff_t line) const { return dst + line * dst_pitch; }
 
-    // Irregular: all strips but the last one write their last line to the line below the plane, and leave the plane's
-    // own.
+    // Irregular: all strips except the last one write their last line to the line below the plane, and leave the
+    // plane's own.
     ALWAYS_INLINE uint8_t* to_lower(ptrdiff_t line, bool last_strip) const
     {
         return to(2 * line + (line + 1 == lines && !last_strip ? 2 : 1));
     }
 };
 
-// All strips but the last one, line by line, where lines do not overlap.
+// All strips except the last one, line by line, where lines do not overlap.
 ALWAYS_INLINE void double_lines(const PlaneLines& p, ptrdiff_t line_bytes)
 {
     const Range ahead{0, line_bytes / 2 - kStrip};
     Writer writer(Target{p.dst, p.dst_pitch, 2 * p.dst_pitch, line_bytes, p.lines});
     for (ptrdiff_t i = 0; i < p.lines; i++) {
         const Doubled own{p.row(i)}, below{p.row_below(i)};
-        writer.line(DoubledPlaneLine{own}, p.to(2 * i), ahead);
-        writer.line(DoubledPlaneLine{Between{own, below}}, p.to_lower(i, false), ahead);
+        writer.pair(DoubledPlaneLine{own}, DoubledPlaneLine{Between{own, below}}, p.to(2 * i), p.to_lower(i, false),
+                    ahead);
     }
 }
 
@@ -76,7 +76,7 @@ ALWAYS_INLINE SampleAdjust adjustment_of(int plane)
 }
 
 // The widths of the adjusted enlargers, in samples. First and last lines are done in blocks of 8, the rounds between
-// them in blocks of 16 and one more that ends at the line's end, where that is no whole block: it lies `rest` past the
+// them in blocks of 16 and one more that ends at the line's end, where that is not a whole block: it is `rest` past the
 // block before.
 struct Widths {
     ptrdiff_t blocks_of_8, blocks_of_16, rest;
@@ -129,7 +129,7 @@ struct DoubleWidth {
     }
 };
 
-// Pairs of lines, made of a source line and the one below. The closing block of a line is not doubled in width: it
+// Pairs of lines, from a source line and the one below. The closing block of a line is not doubled in width: it
 // continues a line of the same width, and lies on the end of a doubled one. Where two lines overlap, it comes after
 // both.
 template <class Shape>

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash
-# Sourced by the scripts beside it: the packages that each kind of work needs, and steps of one line each.
+# Sourced by the other scripts: the packages that each kind of work needs, and steps of one line each.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 root=$PWD
@@ -34,7 +34,7 @@ as_root()
     fi
 }
 
-# A mirror that is busy for a moment is no reason to fail.
+# A mirror that is busy for a moment must not fail the run.
 with_retries()
 {
     local attempt

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 # scripts/defs.sh ARCH: prints the names that vsurf.dll for i686 or x86_64 must show, as a module definition holds them: each
 # function's plain one, and the decorated one by which C++ callers of the platform's own compilers know it. The decorated
-# names are what clang, as such a compiler, makes of the header.
+# names are what clang, as such a compiler, generates from the header.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 object=$(mktemp)

@@ -16,7 +16,7 @@ changed_sources()
     if [[ -z $base ]]; then
         all_sources
     else
-        # What changed in its comments alone is of no interest.
+        # Changes in comments only do not matter.
         git diff --name-only --diff-filter=d "$base" -- '*.h' '*.c' '*.cpp' | while read -r name; do
             [[ -z $(git diff -U0 -I'^[[:space:]]*//' "$base" -- "$name") ]] || echo "$name"
         done

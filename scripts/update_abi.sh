@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# scripts/update_abi.sh: writes frame/libvsurf.abi anew, from the sources as they are, after the interface was changed
+# scripts/update_abi.sh: writes frame/libvsurf.abi again, from the sources as they are, after the interface was changed
 # on purpose.
 source "$(dirname "$0")/common.sh"
 declare -A titles=()

@@ -44,8 +44,9 @@ static constexpr RgbEncoding fixed_point(int matrix, int range)
 {
     if (matrix == VSURF_BT601 && range == VSURF_LIMITED) return kBt601Limited;
     const ToRgb exact = to_rgb(kWeights[matrix], kSteps[range]);
-    return {kSteps[range].black,           rounded(16384 * exact.luma),    rounded(16384 * exact.red_v),
-            rounded(8192 * exact.green_u), rounded(16384 * exact.green_v), rounded(8192 * exact.blue_u)};
+    auto in_16_bits = [](double x) { return static_cast<int16_t>(rounded(x)); };
+    return {in_16_bits(kSteps[range].black),  in_16_bits(16384 * exact.luma),    in_16_bits(16384 * exact.red_v),
+            in_16_bits(8192 * exact.green_u), in_16_bits(16384 * exact.green_v), in_16_bits(8192 * exact.blue_u)};
 }
 static constexpr RgbEncoding kRgb[3][2] = {{fixed_point(0, 0), fixed_point(0, 1)},
                                            {fixed_point(1, 0), fixed_point(1, 1)},

@@ -9,26 +9,39 @@ namespace vsurf::VSURF_ISA {
 // Rows of pictures that are narrower are read from strips, so that whole blocks may be read behind their ends.
 constexpr ptrdiff_t kNarrow = 32;
 
-// Pixels from x on of the pair of lines that begins with `line`.
+// Pixels from x on of the pair of lines that begins with `line`, in the planes of a picture whose rows need not be
+// made.
+ALWAYS_INLINE Rows rows_in_planes(const Plan& p, ptrdiff_t line, ptrdiff_t x)
+{
+    const bool packed = is_packed(p.source);
+    const uint8_t *upper = p.from[0] + line * p.from_pitch[0] + (packed ? 2 * x : x), *lower = upper + p.from_pitch[0];
+    if (line + 1 == p.height) lower = nullptr;
+    if (packed) {
+        const uint8_t* chroma = p.from[1] + line * p.from_pitch[0] + 2 * x;
+        return {{upper, lower}, nullptr, nullptr, {chroma, chroma + p.from_pitch[0]}, true};
+    }
+    const uint8_t* chroma = p.from[1] + line / 2 * p.from_pitch[1];
+    if (p.source != VSURF_I420) return {{upper, lower}, nullptr, nullptr, {chroma + x, chroma + x}};
+    return {{upper, lower}, chroma + x / 2, p.from[2] + line / 2 * p.from_pitch[2] + x / 2, {}};
+}
+
+// The same of any picture, if need be in strips.
 static Rows rows_of(const Plan& p, ptrdiff_t line, ptrdiff_t x, ptrdiff_t pixels, Strips& strips)
 {
+    if (!is_packed(p.source)) {
+        Rows rows = rows_in_planes(p, line, x);
+        if (p.source == VSURF_NV21) {
+            swap_pairs(rows.uv[0], strips.uv[0], chroma_columns(pixels));
+            rows.uv[0] = rows.uv[1] = strips.uv[0];
+        }
+        return rows;
+    }
     const bool two = line + 1 < p.height;
-    auto at = [&](int plane, ptrdiff_t of_plane, ptrdiff_t column)
-                  VSURF_INLINED { return p.from[plane] + of_plane * p.from_pitch[plane] + column; };
-    if (is_packed(p.source)) {
-        for (int i = 0; i <= two; i++)
-            take_packed(at(0, line + i, 2 * x), p.from[1] + (line + i) * p.from_pitch[0] + 2 * x, strips.y[i],
-                        strips.uv[i], pixels);
-        return {{strips.y[0], two ? strips.y[1] : nullptr}, nullptr, nullptr, {strips.uv[0], strips.uv[two]}};
+    for (int i = 0; i <= two; i++) {
+        const ptrdiff_t at = (line + i) * p.from_pitch[0] + 2 * x;
+        take_packed(p.from[0] + at, p.from[1] + at, strips.y[i], strips.uv[i], pixels);
     }
-    const uint8_t *upper = at(0, line, x), *lower = two ? at(0, line + 1, x) : nullptr;
-    if (p.source == VSURF_I420) return {{upper, lower}, at(1, line / 2, x / 2), at(2, line / 2, x / 2), {}};
-    const uint8_t* uv = at(1, line / 2, x);
-    if (p.source == VSURF_NV21) {
-        swap_pairs(uv, strips.uv[0], chroma_columns(pixels));
-        uv = strips.uv[0];
-    }
-    return {{upper, lower}, nullptr, nullptr, {uv, uv}};
+    return {{strips.y[0], two ? strips.y[1] : nullptr}, nullptr, nullptr, {strips.uv[0], strips.uv[two]}};
 }
 
 // The same rows in strips, their chroma interleaved.
@@ -58,11 +71,10 @@ static void transform(const Plan& plan, const Rows& rows, Strips& strips, ptrdif
 struct BgrStrips {
     alignas(64) uint8_t of[3][kStrip];
 };
-static NEVER_INLINE void to_bgr(const RgbEncoding& encoding, const uint8_t* y, const uint8_t* uv, BgrStrips& to,
+static NEVER_INLINE void to_bgr(const AnyEncoding& by, const uint8_t* y, const uint8_t* uv, BgrStrips& to,
                                 ptrdiff_t pixels)
 {
     constexpr int N = kRegister;
-    const RgbEncoding by = encoding;
     for (ptrdiff_t x = 0; x < pixels; x += N) {
         auto chroma = split(load<N>(uv + x));
         auto px = to_rgb(by, split_times4(load<N>(y + x)), chroma_terms(by, chroma.even, chroma.odd));
@@ -72,14 +84,23 @@ static NEVER_INLINE void to_bgr(const RgbEncoding& encoding, const uint8_t* y, c
 
 class Show {
 public:
-    Show(const Plan& plan, Writer* writers)
-        : plan_(plan), sink_(sink_of(plan.surface)), writers_(writers), planes_(sink_.bytes == 1),
-          straight_(plan.step_count == 0 && (plan.source == VSURF_I420 || plan.source == VSURF_NV12))
+    Show(const Plan& plan, const RgbWords& words, Writer* writers)
+        : plan_(plan), sink_(sink_of(plan.surface)), output_{plan.surface, {&words}, writers},
+          planes_(sink_.bytes == 1), shifted_(is_packed(plan.surface) && plan.x % 2 != 0 && plan.source == VSURF_I420),
+          straight_(plan.step_count == 0 && !shifted_ && plan.width >= kNarrow &&
+                    (is_packed(plan.source) ? packed_rows_do() : plan.source != VSURF_NV21))
     {
     }
 
-    // Both lines of a pair, in parts.
-    void pair(ptrdiff_t line)
+    // Both lines of a pair: as they are, or in parts.
+    ALWAYS_INLINE void pair(ptrdiff_t line)
+    {
+        if (!straight_ || plan_.overlay_count > 0) return parts(line);
+        sink_.write(output_, rows_in_planes(plan_, line, 0), place(line, 0), plan_.width);
+    }
+
+private:
+    void parts(ptrdiff_t line)
     {
         const Columns touched = plan_.overlay_count > 0 ? touched_columns(plan_, line) : Columns{0, 0};
         for (ptrdiff_t x = 0, end; x < plan_.width; x = end) {
@@ -91,8 +112,13 @@ public:
         }
     }
 
-private:
-    Place place(ptrdiff_t line, ptrdiff_t x) const
+    // Whether pixels can be made of packed ones as they are: a byte of luma and one of chroma to each.
+    bool packed_rows_do() const
+    {
+        return sink_.write_bgr && plan_.width % 2 == 0 && plan_.from[0] - plan_.from[1] <= 1;
+    }
+
+    ALWAYS_INLINE Place place(ptrdiff_t line, ptrdiff_t x) const
     {
         const ptrdiff_t* pitch = plan_.to_pitch;
         const ptrdiff_t pair = line / 2;
@@ -106,12 +132,11 @@ private:
         return {{first, first + pitch[0]}, {u, sink_.paired ? nullptr : plan_.to[2] + pair * pitch[2] + x / 2}};
     }
 
-    void part(ptrdiff_t line, ptrdiff_t x, ptrdiff_t pixels, bool overlaid)
+    NEVER_INLINE void part(ptrdiff_t line, ptrdiff_t x, ptrdiff_t pixels, bool overlaid)
     {
         Strips strips;
         Rows rows = rows_of(plan_, line, x, pixels, strips);
-        const bool shifted = is_packed(plan_.surface) && plan_.x % 2 != 0 && rows.u;
-        if (overlaid || shifted || plan_.step_count > 0 || plan_.width < kNarrow) {
+        if (overlaid || shifted_ || plan_.step_count > 0 || plan_.width < kNarrow) {
             rows = in_strips(rows, strips, pixels);
             transform(plan_, rows, strips, pixels);
         }
@@ -120,30 +145,31 @@ private:
             rows.uv[1] = rows.uv[0];
         }
         const Place to = place(line, x);
-        if (!overlaid) return sink_.write(plan_, writers_, rows, to, pixels);
+        if (!overlaid) return sink_.write(output_, rows, to, pixels);
         if (sink_.write_bgr) return write_overlaid(rows, line, x, to, pixels);
         if (!planes_ && rows.uv[0] == rows.uv[1] && rows.y[1]) {
             copy_bytes(strips.uv[1], strips.uv[0], 2 * chroma_columns(pixels));
             rows.uv[1] = strips.uv[1];
         }
         blend_yuv(plan_, line, x, pixels, strips, rows.y[1] != nullptr, !planes_);
-        sink_.write(plan_, writers_, rows, to, pixels);
+        sink_.write(output_, rows, to, pixels);
     }
 
     void write_overlaid(const Rows& rows, ptrdiff_t line, ptrdiff_t x, const Place& to, ptrdiff_t pixels)
     {
         BgrStrips bgr;
         for (int i = 0; i < 2 && rows.y[i]; i++) {
-            to_bgr(plan_.rgb, rows.y[i], rows.uv[i], bgr, pixels);
+            to_bgr(output_.encoding, rows.y[i], rows.uv[i], bgr, pixels);
             blend_bgr(plan_, line + i, x, pixels, bgr.of[0], bgr.of[1], bgr.of[2]);
-            sink_.write_bgr(plan_, *writers_, {bgr.of[0], bgr.of[1], bgr.of[2]}, to.line[i], pixels);
+            sink_.write_bgr(output_, {bgr.of[0], bgr.of[1], bgr.of[2]}, to.line[i], pixels);
         }
     }
 
     const Plan& plan_;
     const SurfaceSink& sink_;
-    Writer* writers_;
+    const Output output_;
     const bool planes_;
+    const bool shifted_;  // luma and chroma of packed pixels come from different pairs
     const bool straight_; // rows are taken from the planes as they are
 };
 
@@ -154,7 +180,17 @@ static Target target_of(const Plan& plan, int plane)
     const SurfaceSink& sink = sink_of(plan.surface);
     const ptrdiff_t pitch = plan.to_pitch[plane], most = PTRDIFF_MAX / 4;
     if (!plan.to[plane] || pitch > most || pitch < -most) return Target::never_streamed();
-    if (plane == 0) return Target::lines(plan.to[0], pitch, plan.width * sink.bytes, plan.height);
+    uint8_t* first = plan.to[0];
+    if (is_packed(plan.surface)) {
+        // A byte of chroma by itself, and a line that is no whole words without it.
+        if (PackedRun::of(plan.to[0], plan.to[1], plan.width).chroma_leads) return Target::never_streamed();
+        first = plan.to[1] < first ? plan.to[1] : first;
+    }
+    if (plane == 0) {
+        Target target = Target::lines(first, pitch, plan.width * sink.bytes, plan.height);
+        if (sink.bytes == 4) target.multiple = 2 * sink.bytes; // cache lines begin with pairs of pixels in all lines
+        return target;
+    }
     const ptrdiff_t columns = chroma_columns(plan.width), lines = chroma_columns(plan.height);
     return sink.bytes == 1 ? Target::lines(plan.to[plane], pitch, sink.paired ? 2 * columns : columns, lines)
                            : Target::never_streamed();
@@ -163,7 +199,8 @@ static Target target_of(const Plan& plan, int plane)
 static void show(const Plan& plan)
 {
     Writer writers[] = {Writer(target_of(plan, 0)), Writer(target_of(plan, 1)), Writer(target_of(plan, 2))};
-    Show by_pairs(plan, writers);
+    const RgbWords words(plan.rgb);
+    Show by_pairs(plan, words, writers);
     for (ptrdiff_t pair = plan.first_pair; pair < plan.end_pair; pair++) by_pairs.pair(2 * pair);
 }
 

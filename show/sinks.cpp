@@ -46,15 +46,51 @@ ALWAYS_INLINE void write_pixels(const Format& format, Writer& writer, const Rows
     }
 }
 
-template <class Format> ALWAYS_INLINE Format format_of(const Plan&) { return {}; }
-template <> ALWAYS_INLINE Rgb16Format format_of(const Plan& plan) { return kRgb16Formats[plan.surface - VSURF_RGB565]; }
+// Pixels of packed ones, y0 u0 y1 v0 ... or u0 y0 v0 y1 ..., each line with its own chroma; x counts pixels.
+template <class Format, bool chroma_first> struct PackedPixelLine {
+    static constexpr int kBytes = Format::kBytes, kGrain = 2, kWidest = kRegister;
+    static constexpr bool kComplete = true, kEights = false, kMayRepeat = true;
+    template <int N> struct Pixels {
+        EvenOddWords<N> luma;
+        ChromaTerms<N> chroma;
+    };
+    const uint8_t* from;
+    Format format;
 
+    template <int> ALWAYS_INLINE Nothing shared(ptrdiff_t) const { return {}; }
+    template <int N> ALWAYS_INLINE Pixels<N> own(ptrdiff_t x) const
+    {
+        auto px = load_yuyv<N, Format::kWeave>(from + 2 * x);
+        auto luma = chroma_first ? px.uv : px.y, uv = chroma_first ? px.y : px.uv;
+        return {split_times4(luma), format.chroma(split(uv))};
+    }
+    template <class To, int N> ALWAYS_INLINE void store(To to, const Pixels<N>& pixels, Nothing) const
+    {
+        format.store(to, pixels.luma, pixels.chroma);
+    }
+};
 template <class Format>
-static void write_rgb(const Plan& plan, Writer* writers, const Rows& rows, const Place& to, ptrdiff_t pixels)
+ALWAYS_INLINE void write_packed_rows(const Format& format, Writer& writer, const Rows& rows, uint8_t* const* to,
+                                     ptrdiff_t pixels)
 {
-    const RgbSink<Format, RgbEncoding> format{format_of<Format>(plan), plan.rgb};
-    if (rows.u) write_pixels<Planar>(format, *writers, rows, to.line, pixels);
-    else write_pixels<Interleaved>(format, *writers, rows, to.line, pixels);
+    for (int i = 0; i < 2 && rows.y[i]; i++) {
+        if (rows.y[i] < rows.uv[i]) writer.line(PackedPixelLine<Format, false>{rows.y[i], format}, to[i], {0, pixels});
+        else writer.line(PackedPixelLine<Format, true>{rows.uv[i], format}, to[i], {0, pixels});
+    }
+}
+
+template <class Format> ALWAYS_INLINE Format format_of(const Output&) { return {}; }
+template <> ALWAYS_INLINE Rgb16Format format_of(const Output& output)
+{
+    return kRgb16Formats[output.surface - VSURF_RGB565];
+}
+
+template <class Format> static void write_rgb(const Output& output, const Rows& rows, const Place& to, ptrdiff_t pixels)
+{
+    const RgbSink<Format, AnyEncoding> format{format_of<Format>(output), output.encoding};
+    if (rows.packed) return write_packed_rows(format, *output.writers, rows, to.line, pixels);
+    if (rows.u) write_pixels<Planar>(format, *output.writers, rows, to.line, pixels);
+    else write_pixels<Interleaved>(format, *output.writers, rows, to.line, pixels);
 }
 
 // Pixels that are made already; x counts them.
@@ -79,12 +115,11 @@ template <class Format> struct BgrLine {
     }
 };
 
-template <class Format>
-static void write_bgr(const Plan& plan, Writer& writer, const BgrRows& rows, uint8_t* to, ptrdiff_t pixels)
+template <class Format> static void write_bgr(const Output& output, const BgrRows& rows, uint8_t* to, ptrdiff_t pixels)
 {
-    const BgrLine<Format> line{{rows.b}, {rows.g}, {rows.r}, format_of<Format>(plan)};
-    if (pixels >= kBlock) writer.line(line, to, {0, pixels});
-    else writer.units_of_block(line, to, 0, 0, static_cast<int>(pixels));
+    const BgrLine<Format> line{{rows.b}, {rows.g}, {rows.r}, format_of<Format>(output)};
+    if (pixels >= kBlock) output.writers->line(line, to, {0, pixels});
+    else output.writers->units_of_block(line, to, 0, 0, static_cast<int>(pixels));
 }
 
 static void write_pairs(Writer& writer, const uint8_t* a, const uint8_t* b, uint8_t* to, ptrdiff_t pairs)
@@ -114,17 +149,17 @@ static void write_packed_line(Writer& writer, const uint8_t* y, const uint8_t* u
 }
 
 template <class Format>
-static void write_packed(const Plan&, Writer* writers, const Rows& rows, const Place& to, ptrdiff_t pixels)
+static void write_packed(const Output& output, const Rows& rows, const Place& to, ptrdiff_t pixels)
 {
     if (!rows.u) {
         for (int i = 0; i < 2 && rows.y[i]; i++)
-            write_packed_line(*writers, rows.y[i], rows.uv[i], to.line[i], to.chroma[i], pixels);
+            write_packed_line(*output.writers, rows.y[i], rows.uv[i], to.line[i], to.chroma[i], pixels);
         return;
     }
     const ptrdiff_t whole = pixels & ~1;
     uint8_t* const begin[] = {to.line[0] < to.chroma[0] ? to.line[0] : to.chroma[0],
                               to.line[1] < to.chroma[1] ? to.line[1] : to.chroma[1]};
-    write_pixels<Planar>(Format{}, *writers, rows, begin, whole);
+    write_pixels<Planar>(Format{}, *output.writers, rows, begin, whole);
     for (int i = 0; i < 2 && rows.y[i] && whole != pixels; i++) {
         to.line[i][2 * whole] = rows.y[i][whole];
         to.chroma[i][2 * whole] = rows.u[whole / 2];
@@ -137,40 +172,40 @@ static void write_luma(Writer& writer, const Rows& rows, const Place& to, ptrdif
     for (int i = 0; i < 2 && rows.y[i]; i++) write_plane(writer, rows.y[i], to.line[i], pixels);
 }
 
-static void write_i420(const Plan&, Writer* writers, const Rows& rows, const Place& to, ptrdiff_t pixels)
+static void write_i420(const Output& output, const Rows& rows, const Place& to, ptrdiff_t pixels)
 {
     const ptrdiff_t columns = chroma_columns(pixels);
-    write_luma(writers[0], rows, to, pixels);
+    write_luma(output.writers[0], rows, to, pixels);
     uint8_t u[kStrip / 2], v[kStrip / 2];
     for (ptrdiff_t x = 0; !rows.u && x < columns; x += kPart / 2) {
         const ptrdiff_t count = columns - x < kPart / 2 ? columns - x : kPart / 2;
         deinterleave(rows.uv[0] + 2 * x, u, v, count);
-        write_plane(writers[1], u, to.chroma[0] + x, count);
-        write_plane(writers[2], v, to.chroma[1] + x, count);
+        write_plane(output.writers[1], u, to.chroma[0] + x, count);
+        write_plane(output.writers[2], v, to.chroma[1] + x, count);
     }
     if (!rows.u) return;
-    write_plane(writers[1], rows.u, to.chroma[0], columns);
-    write_plane(writers[2], rows.v, to.chroma[1], columns);
+    write_plane(output.writers[1], rows.u, to.chroma[0], columns);
+    write_plane(output.writers[2], rows.v, to.chroma[1], columns);
 }
 
-static void write_nv12(const Plan&, Writer* writers, const Rows& rows, const Place& to, ptrdiff_t pixels)
+static void write_nv12(const Output& output, const Rows& rows, const Place& to, ptrdiff_t pixels)
 {
     const ptrdiff_t columns = chroma_columns(pixels);
-    write_luma(writers[0], rows, to, pixels);
-    if (rows.u) write_pairs(writers[1], rows.u, rows.v, to.chroma[0], columns);
-    else write_plane(writers[1], rows.uv[0], to.chroma[0], 2 * columns);
+    write_luma(output.writers[0], rows, to, pixels);
+    if (rows.u) write_pairs(output.writers[1], rows.u, rows.v, to.chroma[0], columns);
+    else write_plane(output.writers[1], rows.uv[0], to.chroma[0], 2 * columns);
 }
 
-static void write_nv21(const Plan&, Writer* writers, const Rows& rows, const Place& to, ptrdiff_t pixels)
+static void write_nv21(const Output& output, const Rows& rows, const Place& to, ptrdiff_t pixels)
 {
     const ptrdiff_t columns = chroma_columns(pixels);
-    write_luma(writers[0], rows, to, pixels);
-    if (rows.u) return write_pairs(writers[1], rows.v, rows.u, to.chroma[0], columns);
+    write_luma(output.writers[0], rows, to, pixels);
+    if (rows.u) return write_pairs(output.writers[1], rows.v, rows.u, to.chroma[0], columns);
     uint8_t vu[kStrip];
     for (ptrdiff_t x = 0; x < columns; x += kPart / 2) {
         const ptrdiff_t count = columns - x < kPart / 2 ? columns - x : kPart / 2;
         swap_pairs(rows.uv[0] + 2 * x, vu, count);
-        write_plane(writers[1], vu, to.chroma[0] + 2 * x, 2 * count);
+        write_plane(output.writers[1], vu, to.chroma[0] + 2 * x, 2 * count);
     }
 }
 

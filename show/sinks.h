@@ -15,11 +15,19 @@ struct BgrRows {
     const uint8_t *b, *g, *r;
 };
 
+// What a call writes with: a writer for each plane.
+struct Output {
+    int surface; // vsurf_format
+    AnyEncoding encoding;
+    Writer* writers;
+};
+
 struct SurfaceSink {
-    // Whole blocks are read behind the rows' ends where they are shorter than 32 pixels.
-    void (*write)(const Plan& plan, Writer* writers, const Rows& rows, const Place& to, ptrdiff_t pixels);
+    // Whole blocks are read behind the rows' ends where they are shorter than 32 pixels. Packed rows are only for
+    // formats of R, G and B, and are of an even number of pixels.
+    void (*write)(const Output& output, const Rows& rows, const Place& to, ptrdiff_t pixels);
     // A line of pixels that have been made in strips; null where pixels have no R, G and B.
-    void (*write_bgr)(const Plan& plan, Writer& writer, const BgrRows& rows, uint8_t* to, ptrdiff_t pixels);
+    void (*write_bgr)(const Output& output, const BgrRows& rows, uint8_t* to, ptrdiff_t pixels);
     int bytes;   // of a pixel; 1: chroma has planes of its own
     bool paired; // of which one has both samples
 };

@@ -17,11 +17,13 @@ ALWAYS_INLINE void copy_bytes(uint8_t* to, const uint8_t* from, ptrdiff_t count)
     if (to != from) __builtin_memcpy(to, from, static_cast<size_t>(count));
 }
 
-// A part of a pair of lines. Its chroma is either planar, and both lines share it, or interleaved: U0 V0 U1 V1 ...
+// A part of a pair of lines. Its chroma is either planar, and both lines share it, or interleaved: U0 V0 U1 V1 ... Rows
+// that are packed are of a packed picture as it is: every second byte is luma, the others chroma.
 struct Rows {
     const uint8_t* y[2]; // the second is null where there is no second line
     const uint8_t *u, *v;
     const uint8_t* uv[2]; // where these differ, each line has chroma of its own
+    bool packed = false;
 };
 
 struct Strips {

@@ -227,7 +227,7 @@ VSURF_API size_t VSURF_CALL vsurf_pitch(vsurf_format format, int plane, int widt
 /// @return 0 where an argument is unusable or the sum is too large
 VSURF_API size_t VSURF_CALL vsurf_bytes(vsurf_format format, int width, int height, int alignment);
 
-/// The library's version, as VSURF_VERSION of vsurf.h was when it was built: "0.1.0".
+/// The library's version, as VSURF_VERSION of vsurf.h was when it was built: "0.2.0".
 VSURF_API const char* VSURF_CALL vsurf_show_version(void);
 
 /// The instruction set in use here: "avx512", "avx2", "sse2", "neon" or "scalar".

@@ -7,7 +7,7 @@
 //   Words<N>         N/2 words of 16 bits, in one register
 //   Dwords<N>        N/4 words of 32 bits, in one register
 //   EvenOddWords<N>  N samples widened to words: those of even and those of odd places, in two registers. The two
-//                    samples of a pair stand at the same place, so that one register of chroma serves both.
+//                    samples of a pair stand at the same place, so that one register of chroma is used for both.
 //   LowHighWords<N>  N samples widened to words in the order that `widen` and `narrow` find cheapest
 //
 // Inside wide registers samples may be held in woven order: a store that spreads a sample over W bytes interleaves
@@ -71,7 +71,7 @@ template <int N> struct Yuyv {
 
 namespace vsurf::VSURF_ISA {
 
-// Operations on a pair of registers with one register of words, which serves the even and the odd samples alike.
+// Operations on a pair of registers with one register of words, which is used for both the even and the odd samples.
 template <int N> ALWAYS_INLINE EvenOddWords<N> add(EvenOddWords<N> a, Words<N> b)
 {
     return {add(a.even, b), add(a.odd, b)};
@@ -106,7 +106,7 @@ template <int K, int N> ALWAYS_INLINE EvenOddWords<N> shl(EvenOddWords<N> a) { r
 //   load_chroma<N, W>(p)           N/2 samples as words, woven like the luma of N pixels
 //   load_chroma_high<N, W>(p)      the same, the samples in the high bytes
 //   load_yuyv<N, W>(p)             N packed pixels, their luma and their chroma each woven by W, as Yuyv<N>
-//   load_two<N, W>(p)              2N bytes as LowHighWords: `narrow` of what is made of the words is woven by W
+//   load_two<N, W>(p)              2N bytes as LowHighWords: `narrow` of results from these words is woven by W
 //   load_halves<N>(p, q)           N/2 samples at p, then N/2 samples at q
 //   load_first8(p)                 16 only: 8 samples, then zeros
 //

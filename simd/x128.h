@@ -137,7 +137,7 @@ ALWAYS_INLINE Bytes<16> pixels_of_triples(Bytes<16> a)
 }
 template <int K> ALWAYS_INLINE Bytes<16> drop_first(Bytes<16> a) { return {_mm_srli_si128(a.v, K)}; }
 
-// What the stores are made of; all of it works inside 128-bit lanes.
+// Parts of the stores; all of them work inside 128-bit lanes.
 ALWAYS_INLINE Bytes<16> pack(Words<16> a, Words<16> b) { return {_mm_packus_epi16(a.v, b.v)}; }
 ALWAYS_INLINE Bytes<16> zip_lo8(Bytes<16> a, Bytes<16> b) { return {_mm_unpacklo_epi8(a.v, b.v)}; }
 ALWAYS_INLINE Bytes<16> zip_hi8(Bytes<16> a, Bytes<16> b) { return {_mm_unpackhi_epi8(a.v, b.v)}; }
@@ -216,7 +216,7 @@ template <class To> ALWAYS_INLINE void put_thirds(To to, Bytes<16> a, Bytes<16> 
 }
 
 // Streams a few bytes: addresses and count are multiples of 4. Of `from`, which has just been stored 16 bytes at a
-// time, no piece is read that lies in two of those stores.
+// time, no piece is read that spans two of those stores.
 ALWAYS_INLINE void stream_few(uint8_t* to, const uint8_t* from, ptrdiff_t count)
 {
     if (reinterpret_cast<uintptr_t>(to) % 16 == 0)

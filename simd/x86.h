@@ -61,7 +61,7 @@ template <int N, int W = 1> ALWAYS_INLINE Yuyv<N> load_yuyv(const uint8_t* p)
 // Saturated bytes in packed order: in each lane its eight even samples, then its eight odd ones.
 template <int N> ALWAYS_INLINE Bytes<N> pack(EvenOddWords<N> a) { return pack(a.even, a.odd); }
 
-// Each byte shifted, and ANDed with `mask`, which must lie inside the bits that the shift leaves to a byte.
+// Each byte shifted, and ANDed with `mask`, which must be inside the bits that the shift leaves to a byte.
 template <int N> ALWAYS_INLINE Bytes<N> shifted_left(Bytes<N> a, int count, int mask)
 {
     return bit_and(as_bytes(shl(as_words(a), count)), Bytes<N>::splat(mask));
@@ -125,7 +125,7 @@ template <int fourth, class To, int N> ALWAYS_INLINE void store_bgr_and(To to, B
 
 #if defined __AVX2__
 // Byte i of the third t of a lane's 48 bytes is component (16 t + i) mod 3, and 16 = 1 mod 3: so for every i each
-// component is wanted by exactly one third, and one shuffle a component serves all three.
+// component is wanted by exactly one third, and one shuffle a component is enough for all three.
 struct ThirdsPattern {
     alignas(16) int8_t at[16] = {};
     constexpr ThirdsPattern(int component)

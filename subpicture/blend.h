@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The blend of a subpicture's sample s with a picture's sample p at alpha a: ((16 - a) p + a s) >> 4.
 //
-// The scale of alpha ends at 16. Beyond it the results are no picture, yet they are defined: products keep their low 16
-// bits, their sum saturates as a signed word, and the shift is unsigned.
+// The scale of alpha ends at 16. Beyond it the results give no usable picture, but they are defined: products keep
+// their low 16 bits, their sum saturates as a signed word, and the shift is unsigned.
 #pragma once
 #include "frame/blocks.h"
 

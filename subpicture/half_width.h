@@ -19,10 +19,10 @@ template <class Gain> struct MixedHalfWidthLine {
     using Unmixed = HalfWidthLine<Gain, OddOfPairs>;
     static constexpr int kBytes = Unmixed::kBytes, kGrain = Unmixed::kGrain, kWidest = Unmixed::kWidest;
     static constexpr bool kComplete = true, kEights = false;
-    using Exact = MixedHalfWidthLine<WrappingGain>;
     Unmixed picture;
     Subpicture subpicture;
 
+    ALWAYS_INLINE MixedHalfWidthLine<WrappingGain> exact() const { return {picture.exact(), subpicture}; }
     template <class Luma, class Chroma> struct Pixels {
         Luma luma;
         Chroma chroma;

@@ -44,16 +44,13 @@ template <class ChromaAlpha, Source Picture, class After> struct YuvBlend {
         if (fast)
             for (; pixels - x >= kUnit; x += kUnit)
                 with_alphas(alpha + x, [&]<Alphas known>() VSURF_INLINED { this->template store_unit<known>(to, x); });
-        if (x < pixels) YuvBlend<ChromaAlpha, Picture, ExactOf<After>>::store_blocks(exact(), to, x, pixels);
+        if (x < pixels) decltype(exact())::store_blocks(exact(), to, x, pixels);
     }
 
 private:
-    ALWAYS_INLINE auto exact() const
+    ALWAYS_INLINE YuvBlend<ChromaAlpha, Picture, ExactOf<After>> exact() const
     {
-        auto of = [](const auto& blend) VSURF_INLINED {
-            return Blend<Picture, ExactOf<After>>{blend.picture, blend.subpicture, {blend.after.by}};
-        };
-        return YuvBlend<ChromaAlpha, Picture, ExactOf<After>>{of(y), of(u), of(v), alpha};
+        return {y.exact(), u.exact(), v.exact(), alpha};
     }
 };
 

@@ -20,10 +20,10 @@ struct Unadjusted {
 // Blended samples are adjusted. With the fast gain (16 x * 64 gain) >> 16 is (x * gain) >> 6, for `sixteenths`.
 template <class Gain> struct Adjusted {
     static constexpr bool kFast = SameAs<Gain, FastGain>;
-    using Exact = Adjusted<WrappingGain>;
     static_assert(FastGain::kHighest * 64 <= 65535);
     SampleAdjust by;
 
+    ALWAYS_INLINE Adjusted<WrappingGain> exact() const { return {by}; }
     ALWAYS_INLINE bool suits() const { return Gain::suits(by); }
     template <int N> ALWAYS_INLINE Bytes<N> operator()(Bytes<N> samples) const { return adjusted<Gain>(by, samples); }
     template <int N> ALWAYS_INLINE Words<N> sixteenths(Words<N> x) const
@@ -51,6 +51,10 @@ template <Source Picture, class After> struct Blend {
     const uint8_t* subpicture;
     After after;
 
+    ALWAYS_INLINE Blend<Picture, ExactOf<After>> exact() const
+    {
+        return {picture, subpicture, VSURF_ISA::exact(after)};
+    }
     template <int N> ALWAYS_INLINE Bytes<N> bytes(ptrdiff_t x, Transparent) const
     {
         return after(picture.template bytes<N, 1>(x));
@@ -74,10 +78,10 @@ template <Source Picture, class After> struct Blend {
 template <class Alpha, Source Picture, class After> struct BlendedLine {
     static constexpr int kBytes = 1, kGrain = 1, kWidest = After::kFast ? kUnit / Alpha::kPixels : kBlock;
     static constexpr bool kComplete = true, kEights = true;
-    using Exact = BlendedLine<Alpha, Picture, ExactOf<After>>;
     Blend<Picture, After> blend;
     const uint8_t* alpha;
 
+    ALWAYS_INLINE BlendedLine<Alpha, Picture, ExactOf<After>> exact() const { return {blend.exact(), alpha}; }
     struct Registers {
         Bytes<kRegister> of[kUnit / Alpha::kPixels / kRegister];
     };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The vector layer by itself: every operation at every width of every instruction set against plain loops.
+// The vector layer: every operation at every width of every instruction set against plain loops.
 #include "harness/effort.h"
 #include "harness/random.h"
 #include "harness/variants.h"

@@ -10,7 +10,7 @@
 namespace player {
 namespace {
 
-constexpr int kMostReadErrors = 100;    // in a row; a source that gives no more is over
+constexpr int kMostReadErrors = 100;    // in a row; then the source counts as ended
 constexpr double kMissingSeconds = 0.3; // less than this, or than three pictures, may be an inexact announcement
 
 int64_t duration_of(const AVFrame& frame)
@@ -109,7 +109,7 @@ bool Decoder::receive(AVFrame& frame)
     return false;
 }
 
-// Gives the decoder one packet, or the news that there are no more. A packet that is known to be cut counts once,
+// Gives the decoder one packet, or signals that there are no more. A packet that is known to be cut counts once,
 // though the decoder complains, too.
 void Decoder::feed()
 {
@@ -117,10 +117,8 @@ void Decoder::feed()
     if (!packet) drained_ = true;
     int status = avcodec_send_packet(codec_.get(), packet.get());
     if (status == AVERROR(ENOMEM)) throw std::bad_alloc();
-    if (packet && packet->flags & AV_PKT_FLAG_CORRUPT) {
-        cut_ = true;
-        status = -1;
-    }
+    cut_ = packet && packet->flags & AV_PKT_FLAG_CORRUPT;
+    if (cut_) status = AVERROR_INVALIDDATA;
     if (status < 0 && status != AVERROR_EOF) lose_packet();
 }
 
@@ -151,7 +149,7 @@ bool Decoder::read_ahead()
     return true;
 }
 
-// After a jump into the middle a decoder may complain of references that it never saw; that is no damage.
+// After a jump into the middle a decoder may complain of references that it never saw; that is not an error.
 void Decoder::lose_packet()
 {
     if (!skip_until_) damage_.lost_packets++;
@@ -197,7 +195,7 @@ bool Decoder::seek(double time)
     return true;
 }
 
-// A container that carries nothing but the video announces the video's length; with sound in it, only the stream's own
+// A container with only the video announces the video's length; with sound in it, only the stream's own
 // word counts, and an estimate from the bit rate never does.
 void Decoder::notice_missing_end()
 {

@@ -10,7 +10,7 @@ bool is_zoom(Scaling scaling) { return scaling == Scaling::zoom_1x2 || scaling =
 
 bool is_rgb(SurfaceFormat format) { return format != SurfaceFormat::yuy2 && format != SurfaceFormat::yv12; }
 
-// A field is loaded onto YUY2 alone, but mixed onto every surface.
+// A field is loaded only onto YUY2, but mixed onto every surface.
 SurfaceFormat surface_for(SurfaceFormat wanted, Scaling scaling, Layer layer)
 {
     switch (scaling) {
@@ -37,13 +37,13 @@ Demand demand(SurfaceFormat surface, Scaling scaling)
     switch (scaling) {
     // The half-width YV12 loader takes chroma, too, in blocks of 16.
     case Scaling::half_width: return {32, 32, 2, 10, 0};
-    // The lowest pictures that no enlarger onto any surface leaves alone.
+    // The lowest pictures that every enlarger onto any surface writes.
     case Scaling::zoom_1x2: return {16, 16, 2, 12, 0};
     case Scaling::zoom_2x2: return {16, 32, 2, 16, 0};
     // Half of the lines are the field's, and of these there must be pairs.
     // Mixed onto planes, the last one of these is averaged with the line below it, of chroma too.
     case Scaling::field: return {16, 48, 4, 16, surface == SurfaceFormat::yv12 ? 2 : 0};
-    // loadimage_yuy2_ajust leaves pictures of eight lines or fewer alone.
+    // loadimage_yuy2_ajust writes nothing for pictures of eight lines or fewer.
     default: return {16, 16, 2, 10, 0};
     }
 }
@@ -96,8 +96,8 @@ Geometry plan(int width, int height, SurfaceFormat wanted, Scaling scaling, bool
     g.shown_height = height * down;
 
     // loadimage_yv12_ajust ignores the pitch of its source, the packed enlargers have no argument for it, and the band
-    // enlarger takes it for the width. The plane enlargers drift with any pitch but the width, on either side. The half
-    // width mixer takes the subpicture's for both.
+    // enlarger takes it for the width. The plane enlargers drift with any other pitch than the width, on either side.
+    // The half width mixer takes the subpicture's for both.
     g.tight_surface = is_zoom(scaling) && g.surface == SurfaceFormat::yv12;
     g.tight_picture = g.tight_surface || g.field || (g.packed && is_zoom(scaling)) ||
                       (g.mixed && scaling == Scaling::half_width) ||

@@ -10,7 +10,7 @@ enum class Scaling { none, half_width, zoom_1x2, zoom_2x2, field };
 Scaling next_zoom(Scaling scaling);
 const char* scaling_text(Scaling scaling); // for titles: " half width"
 
-// What lies over the picture: nothing ever, nothing at the moment, or something.
+// What is over the picture: nothing ever, nothing at the moment, or something.
 enum class Layer { none, empty, drawn };
 
 struct Geometry {

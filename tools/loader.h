@@ -8,7 +8,7 @@
 
 namespace player {
 
-// What the library is told for a surface: the adjustment, the layout of its pixels, and how high it is.
+// What the library gets for a surface: the adjustment, the layout of its pixels, and how high it is.
 ajust_contrast_info adjustment(const Surface& surface, const Controls& controls, Scaling scaling);
 
 class Loader {

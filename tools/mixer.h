@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A subpicture over a picture, or alone.
+// A subpicture over a picture, or only the subpicture.
 #pragma once
 #include "tools/controls.h"
 #include "tools/picture.h"

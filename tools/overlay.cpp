@@ -17,7 +17,7 @@ int bar_height(const Surface& screen)
     return std::min(std::max(kLeastBar, screen.shown_height() / kBarsPerHeight / 2 * 2), screen.height());
 }
 
-// The fourth byte of a pixel is no colour.
+// The fourth byte of a pixel is not a colour.
 int colour_bytes(SurfaceFormat format) { return std::min(traits(format).bytes_per_pixel, 3); }
 
 } // namespace

@@ -19,7 +19,7 @@ void extend_samples(uint8_t* line, int from, int to)
     std::memset(line + from, line[from - 1], static_cast<std::size_t>(to - from));
 }
 
-// An odd number of pixels ends in the middle of a pair, whose V lies behind them.
+// An odd number of pixels ends in the middle of a pair, whose V is behind them.
 void extend_pixels(uint8_t* line, int from, int to)
 {
     const uint8_t luma = line[from - 2];

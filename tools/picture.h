@@ -6,14 +6,14 @@
 
 namespace player {
 
-// 4:2:0 planes, or YUY2 in `y` alone.
+// 4:2:0 planes, or YUY2 only in `y`.
 struct Picture {
     uint8_t *y, *u, *v;
     int width, height;
     int pitch; // in pixels: bytes of luma, whose chroma has half, or pairs of bytes of YUY2
 };
 
-// Loaders read whole blocks of pixels and groups of lines. A frame that consists of them is used where it lies; any
+// Loaders read whole blocks of pixels and groups of lines. A frame that consists of them is used where it is; any
 // other is copied into memory of our own, its last column and line repeated into the padding.
 class PictureSource {
 public:

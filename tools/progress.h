@@ -9,7 +9,7 @@ namespace player {
 
 class Progress {
 public:
-    // Silent where stderr is no terminal.
+    // Silent where stderr is not a terminal.
     explicit Progress(bool wanted);
     ~Progress();
     Progress(const Progress&) = delete;

@@ -3,7 +3,7 @@
 
 namespace player {
 
-// A subpicture alone is drawn onto RGB at its own size: onto the surface, or onto the screen above it.
+// A subpicture without the picture is drawn onto RGB at its own size: onto the surface, or onto the screen above it.
 static View possible(View view, bool subtitles)
 {
     view.alone = view.alone && subtitles;

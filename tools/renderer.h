@@ -15,7 +15,7 @@ class Renderer {
 public:
     Renderer(Stats& stats, int threads) : stats_(stats), shower_(threads) {}
 
-    // What the picture is at its moment, beside its samples.
+    // What the picture is at its moment, apart from its samples.
     struct Moment {
         double time, sample_aspect;
         std::optional<double> played; // 0 to 1
@@ -25,7 +25,7 @@ public:
 
     const Colours& colours() const { return colours_; } // of the last picture
     const Surface& surface() const { return surface_; }
-    // The shown part of the surface, or of the screen where it lies under one.
+    // The shown part of the surface, or of the screen where that is above it.
     const RgbImage& image();
 
 private:

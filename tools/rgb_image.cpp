@@ -6,7 +6,7 @@
 namespace player {
 namespace {
 
-// Where a component lies in a 16-bit pixel.
+// Where a component is in a 16-bit pixel.
 struct Bits {
     int shift, count;
 

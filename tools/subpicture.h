@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What lies over the picture, as the planes that the mixers take.
+// What is over the picture, as the planes that the mixers take.
 #pragma once
 #include "tools/drawing.h"
 #include "tools/stats.h"
@@ -9,7 +9,7 @@ namespace player {
 
 class Subpicture {
 public:
-    // Drawn anew where the images or the canvas have changed.
+    // Drawn again where the images or the canvas have changed.
     void update(const SubtitleImages& images, const Canvas& canvas, Stats& stats);
     // A record of all of it, as the preparations want it: its planes have the picture's pitch and its width. Exports
     // move what is in a record, so each call needs a new one.

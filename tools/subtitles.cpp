@@ -11,7 +11,7 @@ namespace {
 // libass's own words. It says so of single characters, too.
 constexpr const char* kNoFont = "failed to find any fallback";
 
-// Events differ by more than their number, which decoders may count anew.
+// Events differ by more than their number, which decoders may count again.
 std::string without_number(const std::string& line) { return line.substr(line.find(',') + 1); }
 
 } // namespace

@@ -10,7 +10,7 @@
 
 namespace player {
 
-// What is to be seen at one moment, in layers: the first one lies at the bottom.
+// What is shown at one moment, in layers: the first one is at the bottom.
 struct SubtitleImages {
     const ASS_Image* first = nullptr;
     bool changed = false; // since the moment before

@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: MIT */
-/* Turns the three controls of a player into the adjustment, and shows a grey ramp by it. */
+/* Turns the three controls of a player into the adjustment, and applies it to a grey ramp. */
 #include "expect.h"
 #include <string.h>
 #include <vsurf.h>
@@ -8,8 +8,8 @@ enum { WIDTH = 256, HEIGHT = 2, UNITY = 64, MIDDLE = 128 };
 
 static uint8_t y[WIDTH * HEIGHT], chroma[WIDTH * HEIGHT / 4], surface[2 * WIDTH * HEIGHT];
 
-/* Brightness is added to luma; contrast and saturation, in 1/64, turn about the middle of the scale. A gain multiplies
-   from zero: the offset brings the middle back to where it was. */
+/* Brightness is added to luma. Contrast and saturation, in 1/64, scale about the middle. A gain multiplies from zero,
+   so the offset moves the middle back to where it was. */
 static void set_controls(int brightness, int contrast, int saturation)
 {
     ajust_contrast_info info = {0};

@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: MIT */
-/* One picture among four threads: bands of an even number of lines, byte for byte what one call writes. */
+/* One picture shared by four threads: bands of an even number of lines, byte for byte what one call writes. */
 #include "expect.h"
 #include <pthread.h>
 #include <string.h>

@@ -17,7 +17,7 @@ int main(void)
     expect("in it", window[4 * WIDTH + 16], KEY);
     expect("its last pixel", window[11 * WIDTH + 47], KEY);
 
-    /* A palette surface: where the mask says 255, the picture becomes the key's index. */
+    /* A palette surface: where the mask is 255, the picture becomes the key's index. */
     memset(indices, 7, sizeof indices);
     memset(mask + 16, 255, 16);
     RelaceMaskWithColorKey(indices, mask, 255, PALETTE_KEY, WIDTH, WIDTH, HEIGHT);

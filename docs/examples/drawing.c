@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: MIT */
-/* The subpicture alone, on the key colour, and its alpha back onto a drawing. */
+/* Only the subpicture, on the key colour, and its alpha back onto a drawing. */
 #include "expect.h"
 #include "subpicture.h"
 
@@ -10,7 +10,7 @@ int main(void)
     draw_box();
     MIX_INFO job = job_on(surface, 4 * WIDTH); /* picture_pitch is the width here */
     load_subpicture_yuy2_rgb32(&job);
-    expect("beside the box is the key", (long)surface[0], KEY);
+    expect("outside the box is the key", (long)surface[0], KEY);
     expect("in the box: blue", (long)(surface[INSIDE] & 255), 0);
     expect("green", (long)(surface[INSIDE] >> 8 & 255), 254);
     expect("red", (long)(surface[INSIDE] >> 16), 252);

@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: MIT */
-/* A YV12 picture onto a YUY2 surface of twice its height, plain and adjusted. */
+/* A YV12 picture onto a YUY2 surface at twice its height, plain and adjusted. */
 #include "expect.h"
 #include <string.h>
 #include <vsurf.h>
@@ -23,7 +23,7 @@ int main(void)
     expect("the new line at the edge", luma(15), 126);
     expect("the first white line", luma(16), 235);
 
-    /* The adjusted form has a filter of four lines, which overshoots beside edges. */
+    /* The adjusted form has a filter of four lines, which overshoots next to edges. */
     ajust_contrast_info as_it_is = {.y_gain = 64, .uv_gain = 64};
     get_contrast_data(&as_it_is);
     strech_picture_1X2_yuy2_ajust(y, u, v, surface, WIDTH, HEIGHT, WIDTH, LINE, NULL);

@@ -26,16 +26,16 @@ int main(void)
 
     MIX_INFO job = mix_onto(yuy2, 2 * WIDTH);
     mix_ayuy2_yuy2_p_ajust(&job);
-    expect("frame, beside the box: Y", yuy2[0], 100);
+    expect("frame, outside the box: Y", yuy2[0], 100);
     expect("in the box: Y", yuy2[2 * INSIDE], (4 * 100 + 12 * 209) / 16);
 
-    /* The upper field alone: every other line of the frame, doubled back to HEIGHT lines. */
+    /* Only the upper field: every other line of the frame, doubled back to HEIGHT lines. */
     job = mix_onto(yuy2, 2 * WIDTH);
     job.picture_pitch = 2 * WIDTH;
     mix_ayuy2_yuy2_i_ajust(&job);
     expect("field, in the box: Y", yuy2[2 * INSIDE], 181);
 
-    /* Onto the picture: what a loader or enlarger shows afterwards has the subpicture in it. */
+    /* Onto the picture: whatever a loader or enlarger makes from it afterwards includes the subpicture. */
     job = mix_onto(picture_y, WIDTH);
     job.surface_u = picture_u;
     job.surface_v = picture_v;

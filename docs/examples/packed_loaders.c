@@ -23,7 +23,7 @@ int main(void)
 {
     for (int line = 0; line < HEIGHT; line += 2) {
         paint(line, 235, 128, 128);   /* white */
-        paint(line + 1, 81, 90, 240); /* red, whose chroma drops out */
+        paint(line + 1, 81, 90, 240); /* red, whose chroma is dropped */
     }
 
     /* The source pitch counts pixels. */

@@ -7,7 +7,7 @@
 enum {
     WIDTH = 70,
     HEIGHT = 50,
-    PADDED = (WIDTH + 15) / 16 * 16, /* what is handed over for the width: 80 */
+    PADDED = (WIDTH + 15) / 16 * 16, /* what is passed as the width: 80 */
     LINE = 3 * PADDED,
     SIZE = PADDED * HEIGHT
 };

@@ -1,6 +1,6 @@
 /* SPDX-License-Identifier: MIT */
-/* One plane of twice the size. strech_pic_2X2 writes a line below the enlarged plane, and leaves most of its last line
-   open: there is room for the one here, and the other is filled in. */
+/* One plane at twice the size. strech_pic_2X2 writes a line below the enlarged plane, for which there is room here, and
+   does not write most of the plane's last line, which is filled afterwards. */
 #include "expect.h"
 #include <string.h>
 #include <vsurf.h>

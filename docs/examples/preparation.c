@@ -1,12 +1,12 @@
 /* SPDX-License-Identifier: MIT */
-/* From a drawing to the planes of a subpicture, and what becomes of the record. */
+/* From a drawing to the planes of a subpicture, and what happens to the record. */
 #include "expect.h"
 #include "subpicture.h"
 
 int main(void)
 {
     draw_box();
-    expect("beside the box: alpha", alpha[0], 0);
+    expect("outside the box: alpha", alpha[0], 0);
     expect("Y, as it was: the key's blocks are skipped", sub_y[0], 0);
     expect("in the box: alpha", alpha[INSIDE], ALPHA);
     expect("Y", sub_y[INSIDE], 209);

@@ -11,7 +11,7 @@ enum { LEFT = 16, RIGHT = 48, TOP = 8, BOTTOM = 24, INSIDE = TOP * WIDTH + LEFT 
 static uint8_t alpha[SIZE], sub_y[SIZE], sub_u[SIZE / 2], sub_v[SIZE / 2];
 static uint32_t colours[SIZE], opacities[SIZE];
 
-/* Calls move pointers and count lines down in the record: each gets a new one. */
+/* Calls change the record: each gets a new one. */
 static MIX_INFO job_on(void* surface, int surface_pitch)
 {
     MIX_INFO job = {0};

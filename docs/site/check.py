@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
 """Checks a built site: every export is documented with each of its parameters, and every link inside leads somewhere, in
-the site as in the pages that it is made of. Run in the repository's root: check.py HTML_FOLDER XML_FOLDER"""
+the site as in the pages that it is made from. Run in the repository's root: check.py HTML_FOLDER XML_FOLDER"""
 import glob
 import os
 import re
@@ -9,6 +9,8 @@ import sys
 import xml.etree.ElementTree as ElementTree
 from html.parser import HTMLParser
 from urllib.parse import unquote, urlsplit
+
+from links import dead_paths
 
 INDEX = "frame/exports.inc"
 PAGES = ("*.md", "docs/*.md", "bench/*.md")
@@ -36,12 +38,12 @@ def text_of(member, part):
 
 
 def what_lacks(member):
-    """What a function's documentation lacks, in words."""
+    """What is missing in a function's documentation, in words."""
     lacking = [part for part in ("briefdescription", "detaileddescription") if not text_of(member, part)]
     declared = [name.text for name in member.findall("param/declname")]
-    told = {item.findtext("parameternamelist/parametername"): "".join(item.find("parameterdescription").itertext()).strip()
+    described = {item.findtext("parameternamelist/parametername"): text_of(item, "parameterdescription")
             for item in member.iter("parameteritem")}
-    lacking += [f"parameter {name}" for name in declared if not told.get(name)]
+    lacking += [f"parameter {name}" for name in declared if not described.get(name)]
     titles = {title.text for title in member.iter("title")}
     if "Reads and writes" not in titles:
         lacking.append("what it reads and writes")
@@ -87,18 +89,10 @@ def dead_links(folder):
                 yield f"{page}: {link} leads to no place in {target}"
 
 
-def dead_paths():
-    """Links of the pages as a repository browser follows them; the names of sections are checked by Doxygen."""
-    for page in (name for pattern in PAGES for name in sorted(glob.glob(pattern))):
-        with open(page, encoding="utf-8") as text:
-            for target in re.findall(r"\]\(([^)\s#]+)[^)\s]*\)", text.read()):
-                if "://" not in target and not os.path.exists(os.path.join(os.path.dirname(page), target)):
-                    yield f"{page}: {target} does not exist"
-
-
 def main():
     html, xml = sys.argv[1:]
-    faults = [*undocumented(xml), *dead_links(html), *dead_paths()]
+    pages = [name for pattern in PAGES for name in glob.glob(pattern)]
+    faults = [*undocumented(xml), *dead_links(html), *dead_paths(pages)]
     print(*faults, sep="\n", end="\n" if faults else "")
     print(f"{len(exports())} exports; {len(faults)} faults")
     sys.exit(bool(faults))

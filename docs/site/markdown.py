@@ -3,8 +3,8 @@
 """Doxygen's input filter for Markdown pages, run in the repository's root: markdown.py FILE
 
 Headings get the names that a repository browser gives them, links from page to page become references by these names,
-which Doxygen checks, and names of exports become links to what the header says of them. Bold text is marked so that it may
-hold code."""
+which Doxygen checks, and names of exports become links to their documentation. Diagrams become plain images, which the build
+copies. Bold text is marked so that it may contain code."""
 import os
 import re
 import sys
@@ -45,6 +45,8 @@ class Page:
 
     def link(self, match):
         image, text, target = match.groups()
+        if image and target.endswith(".svg"):
+            return f'<img src="{os.path.basename(target)}" alt="{text}"/>'  # shrinks on narrow screens, as no object does
         if image or re.match(r"\w+:", target):
             return match.group(0)
         path, _, anchor = target.partition("#")
@@ -54,7 +56,7 @@ class Page:
             return f'@ref {page}-{anchor} "{plain}"' if anchor else f'@ref {page} "{plain}"'
         if path.endswith((".c", ".h")):
             return f'@ref {os.path.basename(path)} "{plain}"'
-        return text  # a file that is no part of the site
+        return text  # a file that is not part of the site
 
     def prose(self, text):
         headed = re.split(r"^(#+ .*)$", text, flags=re.MULTILINE)

@@ -26,19 +26,20 @@ run_examples()
     done
 }
 
-# man_pages: none has a flaw, `man -k` finds each export in one of them, and the player's page has each of its options.
+# man_pages FOLDER: neither those in the folder nor the player's has a flaw, `man -k` finds each export in one of them, and
+# the player's page has each of its options.
 man_pages()
 {
-    mandoc -T lint -W warning man/*.[13]
-    local page option
-    for page in man/*.[13]; do
+    local page option pages=("$1"/*.3 man/vsurf-play.1)
+    mandoc -T lint -W warning "${pages[@]}"
+    for page in "${pages[@]}"; do
         groff -man -ww -z "$page"
     done 2>&1 | tee "$scratch/groff"
     [[ ! -s $scratch/groff ]]
 
     { echo vsurf get_contrast_data; sed -nE 's/^EXPORT\((\w+),.*/\1/p' frame/exports.inc; } | xargs -n 1 |
         sort >"$scratch/exports"
-    lexgrog man/*.3 | sed -nE 's/.*: "(\w+) - .*/\1/p' | sort | diff "$scratch/exports" -
+    lexgrog "$1"/*.3 | sed -nE 's/.*: "(\w+) - .*/\1/p' | sort | diff "$scratch/exports" -
 
     for option in $(grep -oE '"(-.,)?--[a-z-]+"' tools/options.cpp | grep -oE '[a-z-]{3,}' | cut -c3-); do
         grep -qE "^\.It .*Fl Fl $option( |$)" man/vsurf-play.1 || { echo "vsurf-play.1: no --$option"; return 1; }
@@ -49,8 +50,8 @@ check_docs()
 {
     need_or_skip docs
     cmake -S . -B build/check/docs "${library_only[@]}"
-    cmake --build build/check/docs --target docs
+    cmake --build build/check/docs --target docs man
     docs/site/check.py build/check/docs/docs/html build/check/docs/docs/xml
     run_examples
-    man_pages
+    man_pages build/check/docs/man
 }

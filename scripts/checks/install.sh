@@ -42,7 +42,7 @@ run_linked()
     "$1"
 }
 
-# use_pkg_config COMPILER SOURCE: once with the shared library, twice with the static one: that alone, or all static.
+# use_pkg_config COMPILER SOURCE: once with the shared library, twice with the static one: only vsurf static, or everything.
 use_pkg_config()
 {
     local compile=("$1" -Wall -Wextra -Wpedantic -Werror "$2" -o "$scratch/program") flags libraries all_libraries
@@ -82,7 +82,7 @@ use_otherwise()
     use_cmake "$1" CXX
     use_pkg_config clang tests/install/consumer.c
     use_pkg_config clang++ tests/install/consumer.cpp
-    # What pkg-config names is all that there is to name beside the C library.
+    # What pkg-config names is all that is needed apart from the C library.
     read -ra libraries < <(pkg-config --static --cflags --libs vsurf)
     gcc -nodefaultlibs tests/install/consumer.c -o "$scratch/program" -Wl,-Bstatic "${libraries[@]}" -Wl,-Bdynamic -lc
 }
@@ -98,7 +98,7 @@ use_example()
     (cd "$scratch" && ./example)
 }
 
-# The header alone, in the oldest languages that it knows.
+# Only the header, in the oldest languages that it supports.
 use_header()
 {
     local compiler language
@@ -178,6 +178,7 @@ check_install()
     names "$prefix" >"$scratch/install/names"
     "$prefix/bin/vsurf-play" --version
     tests/install/check_sbom.py "$prefix/share/doc/vsurf/vsurf.spdx.json" "$prefix" .
+    docs/site/links.py "$prefix/share/doc/vsurf"
     find_here "$prefix"
     use_vsurf "$prefix"
     use_otherwise "$prefix"

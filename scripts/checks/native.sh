@@ -28,7 +28,7 @@ check_demo()
 }
 
 # Its warnings do not depend on the optimisation, its time does. Its front end sees all there is to see; one set of kernels
-# shows that code comes of it, too.
+# shows that code is generated, too.
 check_clang()
 {
     local tree=build/check/clang

@@ -15,7 +15,7 @@ restore_layout()
     cmake --build "$tree" --target sbom
 }
 
-# Debian's folders are those of /usr; nothing is compiled again for their sake.
+# Debian's folders are those of /usr; nothing is compiled again because of them.
 pack_debian()
 {
     cp "$tree/CMakeCache.txt" "$scratch/package/CMakeCache.txt"
@@ -32,8 +32,8 @@ expected_files()
     sed "/^#/d; s/@ARCH@/$(dpkg-architecture -q DEB_HOST_MULTIARCH)/" tests/install/debian_files.txt
     find docs -name '*.md' -o -name '*.png' -o -name '*.jpg' -o -name '*.svg' -o -path 'docs/examples/*.[ch]' |
         sed 's,^,libvsurf-dev /usr/share/doc/libvsurf-dev/,'
-    find man -name '*.3' 2>/dev/null | sed 's,^man/\(.*\),libvsurf-dev /usr/share/man/man3/\1.gz,'
-    find man -name '*.1' | sed 's,^man/\(.*\),vsurf-play /usr/share/man/man1/\1.gz,'
+    find "$tree/man" -name '*.3' -printf 'libvsurf-dev /usr/share/man/man3/%f.gz\n'
+    find man -name '*.1' -printf 'vsurf-play /usr/share/man/man1/%f.gz\n'
 }
 
 found_files()
@@ -57,7 +57,7 @@ check_contents()
     lintian --fail-on error,warning "$scratch"/package/packages/*.deb
 }
 
-# The archive holds what `cmake --install` puts in place, and serves from where it is unpacked.
+# The archive holds what `cmake --install` puts in place, and works from where it is unpacked.
 check_archive()
 {
     set_record_aside "$scratch/package/record"

@@ -23,8 +23,8 @@ build_active_isa()
     "$@" -std=c++20 -static -I. tests/dispatch/isa_in_use.cpp "$tree/libvsurf.a" -o "$tree/active_isa"
 }
 
-# A processor without AVX, one with AVX alone, and one whose operating system does not keep the wide registers must
-# all do with SSE2. The tests by hand and those of all records and bands then run where a wider instruction faults.
+# A processor without AVX, one with only AVX, and one whose operating system does not keep the wide registers must
+# all select SSE2. The tests by hand and those of all records and bands then run where a wider instruction faults.
 check_processors()
 {
     need_or_skip processors

@@ -47,7 +47,7 @@ check_reproducible()
     not_done "kernels above SSE2, the player"
 }
 
-# What cannot bear a comment has its licence in .reuse/dep5; all else says it by itself.
+# What cannot contain a comment has its licence in .reuse/dep5; everything else states it.
 check_licence()
 {
     need_or_skip licence

@@ -7,7 +7,7 @@ packages[windows]="g++-mingw-w64-x86-64-posix googletest clang lld llvm wine win
 packages[win32]="g++-mingw-w64-i686-posix googletest clang lld llvm"
 packages[win32_run]="wine wine32:i386"
 
-# check_definition NAME ARCH: the DLL's list of names is what a compiler of the platform's kind makes of the header.
+# check_definition NAME ARCH: the DLL's list of names is what a compiler of the platform's kind generates from the header.
 check_definition()
 {
     scripts/defs.sh "$2" | LC_ALL=C sort >"$scratch/$1.def"

@@ -26,7 +26,7 @@ inline bool falls_on(const std::vector<int>& cuts, int step, int least)
     return true;
 }
 
-// What lies between lines, in samples: nothing, odd numbers, whole blocks.
+// The gap between lines, in samples: nothing, odd numbers, whole blocks.
 inline std::vector<int> paddings() { return harness::by_effort(std::vector<int>{0, 7, 16}, std::vector<int>{7}); }
 
 // From bottom to top as well as from top to bottom: threads are done in any order.
@@ -39,7 +39,7 @@ inline void for_each_band(const std::vector<int>& cuts, bool upwards, const std:
     }
 }
 
-// A plane with room on both sides of the byte that a call is handed, for lines that run upwards.
+// A plane with room on both sides of the byte that is passed to a call, for lines that run upwards.
 class Plane {
 public:
     static constexpr size_t kReach = size_t{1} << 16;

@@ -41,7 +41,7 @@ void at_line(const Case& c, int line, Arguments& a)
     a.dst += line * (c.dst_pitch + pixel_bytes(c) * r);
 }
 
-// Packed source rows; the record tells each band where in the surface it lies.
+// Packed source rows; the record gives each band its place in the surface.
 void at_rest_of_surface(const Case& c, int line, Arguments& a)
 {
     a.y += line * c.width;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The page on threads names the exports that these tests cut, no more and no fewer.
+// The page on threads names exactly the exports that these tests cut.
 #include "bands/names.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The choice of an instruction set, made among sets whose answers are known on every machine: when it is published, and
-// what the environment variable makes of it. The library makes it once, before main; so the build runs this program
+// how the environment variable changes it. The library makes it once, before main; so the build runs this program
 // once for each value of the variable.
 #include "dispatch/questions.h"
 #include "frame/dispatch.h"
@@ -47,7 +47,7 @@ namespace {
 
 constinit const char* met_by_early_constructor = nullptr;
 
-// Runs before constructors that ask for no place in the order, as the library's does.
+// Runs before constructors that have no priority, as the library's does.
 __attribute__((constructor(101))) void run_early() { met_by_early_constructor = vsurf::active_isa().name; }
 
 TEST(Choice, is_published_in_one_step)

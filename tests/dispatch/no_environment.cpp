@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <unistd.h>
 
-// Before constructors that ask for no place in the order, as the library's does.
+// Before constructors that have no priority, as the library's does.
 __attribute__((constructor(101))) static void remove_environment() { environ = nullptr; }
 
 int main()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which lines a band of a frame is made of, and where it starts.
+// Which lines a band of a frame is made from, and where it starts.
 #include "edges/band.h"
 
 namespace {

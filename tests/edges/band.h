@@ -7,7 +7,7 @@ namespace harness {
 
 constexpr size_t kBandPitch = 48;
 
-// A frame in which every byte of the first lines tells its place.
+// A frame in which every byte of the first lines is its place.
 inline Picture counted_frame()
 {
     Picture p;

@@ -72,7 +72,7 @@ protected:
         return line(width, [&](int x) { return x >= first && x < last ? inside(x) : outside(x); });
     }
 
-    // Samples without repetition, so that lines match in one place alone.
+    // Samples without repetition, so that lines match in only one place.
     static int texture(int x) { return ((x + 9) * (x + 9) * 37 + 90 * (x % 3)) & 255; }
 
     static int average(int a, int b) { return (a + b + 1) / 2; }
@@ -91,7 +91,7 @@ TEST_P(BandEdges, a_group_that_differs_by_32_is_averaged)
     }
 }
 
-// Some direction misses the odd sample altogether.
+// Some direction misses the odd sample completely.
 TEST_P(BandEdges, a_group_that_differs_by_33_is_not)
 {
     for (size_t x = 16; x < 32; ++x) {

@@ -63,7 +63,7 @@ protected:
         });
     }
 
-    // So many passes of so many blocks, each begun so many bytes after the one before, its lines a pitch apart.
+    // `count` passes of `blocks` blocks, each begun `step` bytes after the one before, its lines a pitch apart.
     static Bytes passes(const Filled& by, int count, int blocks, int step, int pitch)
     {
         Bytes surface(kRoom, kUntouched);
@@ -142,7 +142,7 @@ protected:
         return changed;
     }
 
-    // What becomes of the destination where lines of so many bytes are all selected.
+    // The destination where lines of this many bytes are all selected.
     Bytes lines(int count, int bytes, int step, uint8_t key) const
     {
         Bytes changed = dst;

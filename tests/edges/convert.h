@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// For tests of the conversions to a subpicture's planes: colours, and what they become, worked out by hand.
+// For tests of the conversions to a subpicture's planes: colours, and what they become, computed by hand.
 #pragma once
 #include "edges/bytes.h"
 #include "edges/job.h"

@@ -54,7 +54,7 @@ TEST_P(Copies, yuy2_lines_of_a_pass_share_their_chroma)
 TEST_P(Copies, yv12_places_chroma_one_byte_early)
 {
     const Bytes surface = load(&Kernels::loadimage_yv12, picture_, {16, 2, 16, 16}, 80);
-    EXPECT_EQ(harness::part(surface, 0, 31), harness::counting(31)); // both luma lines but for the last byte
+    EXPECT_EQ(harness::part(surface, 0, 31), harness::counting(31)); // both luma lines except the last byte
     EXPECT_EQ(surface[31], 0xF0);                                    // V over it
     // V would be 31 to 46, two lines of eight; U comes from 39 on, and V's second line is stored after U's first.
     EXPECT_EQ(harness::part(surface, 31, 8), harness::part(picture_.v, 0, 8));
@@ -97,7 +97,7 @@ TEST_P(Copies, yv12_copies_as_many_chroma_lines_as_the_picture_has_lines)
     picture_.v = harness::counting(Picture::kRoom, 100);
     const Bytes surface = load(&Kernels::loadimage_yv12, picture_, {16, 4, 16, 256}, 2048);
     const size_t v = 4 * 256 - 1, u = v + 256;
-    for (size_t line = 0; line < 4; ++line) { // V's third line lies on U's first, and is older than U's second pass
+    for (size_t line = 0; line < 4; ++line) { // V's third line is on U's first, and is older than U's second pass
         EXPECT_EQ(harness::part(surface, u + 128 * line, 8),
                   line < 2 ? harness::counting(8, 100 + 8 * static_cast<int>(line + 2))
                            : harness::counting(8, 8 * static_cast<int>(line)));

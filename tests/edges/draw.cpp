@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A subpicture drawn alone on an RGB surface.
+// Only the subpicture, drawn on an RGB surface.
 #include "edges/draw.h"
 
 namespace {
@@ -127,7 +127,7 @@ TEST_P(Draw, gains_of_zero_give_green_where_the_key_does_not_show)
     }
 }
 
-// A line takes so many pixels in whole blocks of all planes, and ends so many pixels beyond its length.
+// The pixels of a line in whole blocks of all planes, and how many of them are beyond its length.
 constexpr struct Lines {
     int length, height;
     size_t lines, pixels;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// For tests of the subpicture drawers: samples and the pixels that they become, worked out by hand.
+// For tests of the subpicture drawers: samples and the pixels that they become, computed by hand.
 #pragma once
 #include "edges/bytes.h"
 #include "edges/job.h"

@@ -157,7 +157,7 @@ TEST_P(Enlarged, the_filter_is_cut_at_0_and_255)
               (Bytes{255, 255, 128, 128, 0, 0, 0, 0, 0, 0, 127, 127, 255, 255, 255, 255, 255, 255, 255, 255}));
 }
 
-// (5 * (b + c) - (a + d)) / 8 without a rounding term: 7 and -1 become 0 and no more, 15 becomes 1.
+// (5 * (b + c) - (a + d)) / 8 without a rounding term: 7 and -1 become 0, 15 becomes 1.
 TEST_P(Enlarged, the_filter_rounds_down)
 {
     const auto between = [&](uint8_t a, uint8_t b, uint8_t c, uint8_t d) {

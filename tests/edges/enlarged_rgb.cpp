@@ -79,7 +79,7 @@ TEST_P(EnlargedRgb, unknown_layouts_leave_the_surface_untouched)
 
 TEST_P(EnlargedRgb, rgb16_has_four_layouts)
 {
-    // Blue 240 alone, and white of 254.
+    // Only blue 240, and white of 254.
     const Picture blue(16, 247, 128), white(235);
     const int blues[] = {0x001E, 0x003C, 0x000F, 0x001E}, whites[] = {0xFFFF, 0xFFFE, 0xFFFF, 0xFFFF};
     ajust_contrast_info info = {};
@@ -105,7 +105,7 @@ TEST_P(EnlargedRgb, lines_lie_between_the_sources_and_the_last_is_there_twice)
     expect_lines(of_lines(luma, chroma), 12, all_luma, all_chroma);
 }
 
-// The gain of 3/2 makes 151 and 153 of 101 and 102, and 152 lies between; the average, 102, would become 153.
+// The gain of 3/2 makes 151 and 153 of 101 and 102, and 152 is between; the average, 102, would become 153.
 TEST_P(EnlargedRgb, samples_are_adjusted_before_they_are_averaged)
 {
     harness::set_adjustment({96, 128});

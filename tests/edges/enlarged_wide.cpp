@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Planar pictures onto YUY2 surfaces of twice their width and height: what lies between two samples.
+// Planar pictures onto YUY2 surfaces of twice their width and height: the new samples between two samples.
 #include "harness/fixture.h"
 
 #include <algorithm>
@@ -46,7 +46,7 @@ protected:
 constexpr harness::LoaderFunction Kernels::*kBoth[] = {&Kernels::strech_picture_2X2_yuy2,
                                                        &Kernels::strech_picture_2X2_yuy2_ajust};
 
-// Luma counts by 2 and U by 4, so that what lies between is one half of that further; the last stands for itself.
+// Luma counts by 2 and U by 4, so that what lies between is one half of that further; the last is its own neighbour.
 TEST_P(EnlargedWide, samples_lie_between_their_neighbours_and_the_last_is_its_own)
 {
     for (const size_t width : {32u, 48u, 64u, 112u}) {

@@ -64,7 +64,7 @@ TEST_P(Half, yuy2_averages_before_it_adjusts)
 {
     harness::set_adjustment({128, 128}, {-100, -3, 5});
     Picture p;
-    p.y[0] = 200; // alone it would saturate
+    p.y[0] = 200; // without its neighbour it would saturate
     p.y[1] = 0;
     p.u[0] = 3;
     p.u[1] = 4;

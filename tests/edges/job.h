@@ -15,7 +15,7 @@ struct Region {
     uint32_t color_key = 0;
 };
 
-// Where the record's pointers stand after a call that moved them by so many bytes.
+// Where the record's pointers stand after a call that moved them by this many bytes.
 struct Moves {
     std::ptrdiff_t picture_chroma = 0, luma = 0, chroma = 0; // luma: the subpicture's alpha as well
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// For tests of the mixers: planes whose bytes tell their place, and blends worked out by hand.
+// For tests of the mixers: planes whose bytes are their place, and blends computed by hand.
 #pragma once
 #include "edges/job.h"
 
@@ -28,7 +28,8 @@ constexpr struct Blend {
     {138, 130, 255, 10},  // -32982 and 33150 both wrap: 32554 - 32386 = 168
 };
 
-// The first so many of them over and over, from one of them on. Some functions go by whether alphas stay on the scale.
+// The first `blends` of them again and again, from one of them on. Some functions depend on whether alphas stay on the
+// scale.
 constexpr struct Cycle {
     size_t blends, first;
 } kCycles[] = {{7, 0}, {14, 0}, {14, 1}};
@@ -87,7 +88,7 @@ struct LineAt {
     size_t luma, chroma;
 };
 
-// YUY2 of so many pixels from there.
+// YUY2 of this many pixels from there.
 inline Bytes yuy2_from(const Bytes& luma, const Bytes& cb, const Bytes& cr, LineAt at, size_t pixels = 16)
 {
     Bytes line;
@@ -104,7 +105,7 @@ constexpr struct ProgressiveHeight {
 } kProgressiveHeights[] = {{-4, 1, -6}, {-1, 1, -3}, {0, 1, -2}, {1, 1, -1}, {2, 1, 0}, {3, 2, -1},
                            {4, 2, 0},   {5, 3, -1},  {6, 3, 0},  {7, 4, -1}, {8, 4, 0}, {9, 5, -1}};
 
-// Expects lines of `line` bytes each at a surface of `pitch`: so many written, and nothing else.
+// Expects lines of `line` bytes each at a surface of `pitch`: this many are written, and nothing else.
 inline void expect_lines_written(const Bytes& surface, size_t lines, size_t line, size_t pitch)
 {
     for (size_t at = 0; at < surface.size(); ++at) {

@@ -16,7 +16,7 @@ constexpr int kWide = static_cast<int>(kWideMix);
 
 class MixRgbField : public harness::OnEveryRgbMix {
 protected:
-    // Which lines are made of which luma and chroma, U and V being alike.
+    // Which lines are made from which luma and chroma; U and V are alike.
     void expect_lines(const Region& region, const std::vector<std::pair<uint8_t, uint8_t>>& lines)
     {
         const size_t width = static_cast<size_t>(region.width), pitch = static_cast<size_t>(region.surface_pitch);

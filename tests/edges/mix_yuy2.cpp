@@ -95,8 +95,8 @@ TEST_P(MixYuy2, each_line_has_its_own_alpha_and_a_pair_its_odd_pixels)
     set_picture(100);
     set_subpicture(201);
     alpha = harness::flat_lines(16, {0, 0});
-    for (size_t i = 0; i < 16; i += 2) alpha[i] = 16;      // upper line: even pixels alone
-    for (size_t i = 16 + 1; i < 32; i += 2) alpha[i] = 16; // lower line: odd pixels alone
+    for (size_t i = 0; i < 16; i += 2) alpha[i] = 16;      // upper line: only even pixels
+    for (size_t i = 16 + 1; i < 32; i += 2) alpha[i] = 16; // lower line: only odd pixels
     const Bytes mixed = drawn(kFull, {16, 2, 16, 16, 32});
     for (size_t at = 0; at < 32; at += 4) {
         EXPECT_EQ(part(mixed, at, 4), Bytes({201, 100, 100, 100})) << at;

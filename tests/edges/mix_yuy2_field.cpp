@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Subpictures mixed onto single fields in YUY2: which lines of the field each line is made of, and where all stand.
+// Subpictures mixed onto single fields in YUY2: which lines of the field each line is made from, and where all are.
 #include "edges/mix.h"
 
 namespace {
@@ -137,7 +137,7 @@ TEST_P(MixYuy2FieldDrift, the_picture_drifts_with_every_line_as_well)
 {
     set_places();
     const Bytes mixed = drawn(kMix, kRegion);
-    // Lines that are no averages: 12 luma and 6 chroma samples further for each line before them.
+    // Lines that are not averages: 12 luma and 6 chroma samples further for each line before them.
     const std::pair<size_t, harness::LineAt> lines[] = {
         {0, {0, 0}}, {4, {48 + 80, 24 + 20}}, {6, {72 + 120, 36 + 20}}, {7, {84 + 120, 42 + 20}}};
     for (const auto& [line, at] : lines) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Subpictures mixed in YV12: where lines begin when pitches are odd and widths are no whole blocks.
+// Subpictures mixed in YV12: where lines begin when pitches are odd and widths are not whole blocks.
 #include "edges/mix_yv12.h"
 
 namespace {

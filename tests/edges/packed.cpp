@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Packed pictures onto surfaces: the upper line's chroma serves both lines of a pass, and nothing drifts.
+// Packed pictures onto surfaces: the upper line's chroma is used for both lines of a pass, and nothing drifts.
 #include "harness/fixture.h"
 
 #include <algorithm>
@@ -94,7 +94,7 @@ TEST_P(Packed, yuy2_of_height_0_writes_two_lines)
     }
 }
 
-// Source lines lie twice their pitch apart, surface lines theirs; three blocks of a line do not move the next.
+// Source lines are twice their pitch apart, surface lines theirs; three blocks of a line do not move the next.
 TEST_P(Packed, yuy2_of_width_20_does_not_drift)
 {
     Bytes source;

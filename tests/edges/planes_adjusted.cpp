@@ -34,7 +34,7 @@ protected:
         return enlarged(&Kernels::strech_pic_1X2_adjust, src, size, bytes);
     }
 
-    // What becomes of samples that count up, when they are doubled: each average is rounded up to the next sample.
+    // Samples that count up, doubled: each average is rounded up to the next sample.
     static Bytes ramp(int first, size_t bytes)
     {
         Bytes doubled(bytes);
@@ -79,7 +79,7 @@ TEST_P(PlanesAdjusted, down_a_width_of_8_takes_a_whole_block_and_a_closing_one)
     Bytes expected(256, kUntouched);
     put(expected, 0, counting(8));
     put(expected, 64, counting(24));      // 0 to 15, then 8 to 23
-    put(expected, 128, counting(24, 16)); // averages with what lies 32 further
+    put(expected, 128, counting(24, 16)); // averages with what is 32 further
     put(expected, 128, counting(8));
     put(expected, 136, counting(8));
     EXPECT_EQ(down(counting(64), {8, 2, 32, 64}, 256), expected);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The conversion to RGB and the three packings, with figures worked out by hand.
+// The conversion to RGB and the three packings, with figures computed by hand.
 #include "harness/fixture.h"
 
 namespace {

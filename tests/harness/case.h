@@ -58,7 +58,7 @@ int surface_pitch(const Export& tested, int width, Pitch pitch, Random& random);
 ajust_contrast_info any_adjustment(Random& random);
 ajust_contrast_info unity_adjustment();
 
-// The record that a call is handed: it holds another adjustment than the state, and at times a layout that there is
+// The record that is passed to a call: it holds another adjustment than the state, and at times a layout that there is
 // not.
 ajust_contrast_info any_record(Random& random);
 

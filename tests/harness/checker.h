@@ -27,7 +27,7 @@ private:
     std::optional<std::string> wrong_records() const override;
 
     const Case* case_ = nullptr;
-    bool reads_record_ = false; // whether the case looks at the record that it is handed
+    bool reads_record_ = false; // whether the case reads the record that it gets
     tagVideoFrame frame_ = {};
     RecordMemory<ajust_contrast_info> records_, adjustments_;
     RecordMemory<tagVideoFrame> frames_;

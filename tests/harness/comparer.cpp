@@ -9,7 +9,7 @@
 namespace harness {
 namespace {
 
-constexpr uint64_t kShift = 65536; // a plane shows the content from any of so many bytes on
+constexpr uint64_t kShift = 65536; // a plane shows the content from any of this many bytes on
 
 std::vector<uint8_t> noise(size_t size)
 {

@@ -54,6 +54,20 @@ std::vector<uint8_t> stripes(size_t size)
     return bytes;
 }
 
+// Runs of up to 60 units of bytes. The last byte of a unit is 0 throughout a run, or 255, or anything.
+std::vector<uint8_t> runs(size_t size, size_t unit)
+{
+    Random random(5);
+    std::vector<uint8_t> bytes = noise(size);
+    for (size_t at = 0; at < size;) {
+        const int kind = random.between(0, 2);
+        for (const size_t end = at + unit * static_cast<size_t>(random.between(1, 60)); at < end; at += unit) {
+            if (kind != 2 && at + unit <= size) bytes[at + unit - 1] = kind == 0 ? 0 : 255;
+        }
+    }
+    return bytes;
+}
+
 // Runs of drawn samples up to this length, opaque, even or varied, among transparent ones, which may fill whole lines.
 std::vector<uint8_t> drawn(size_t size, int run)
 {
@@ -88,6 +102,8 @@ const char* name(Content content)
     case Content::kExtremes: return "extremes";
     case Content::kNear: return "near";
     case Content::kLevels: return "levels";
+    case Content::kMask: return "mask";
+    case Content::kSprites: return "sprites";
     case Content::kTransparent: return "transparent";
     case Content::kWeights: return "weights";
     case Content::kSubtitle: return "subtitle";
@@ -107,6 +123,8 @@ std::vector<uint8_t> bytes_of(Content content, size_t size)
     case Content::kExtremes: return changed(noise(size), extreme);
     case Content::kNear: return changed(noise(size), [](uint8_t byte) { return 100 + byte % 24; });
     case Content::kLevels: return changed(noise(size), [](uint8_t byte) { return 96 + 32 * (byte % 3); });
+    case Content::kMask: return runs(size, 1);
+    case Content::kSprites: return runs(size, 4);
     case Content::kTransparent: return std::vector<uint8_t>(size, 0);
     case Content::kWeights: return weights(size);
     case Content::kStray: return stray(weights(size));

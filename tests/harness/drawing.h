@@ -5,7 +5,7 @@
 
 namespace harness {
 
-// Lines that are the key throughout, but for one pixel, in runs, or nowhere.
+// Lines that are all key, all except one pixel, in runs, or nowhere.
 void draw(model::Plane& surface, const JobCase& c);
 
 } // namespace harness

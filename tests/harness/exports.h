@@ -12,7 +12,7 @@ namespace harness {
 
 struct Case;
 
-// Where a case's memory lies. What a call must not touch has an address that faults.
+// Where a case's memory is. What a call must not touch has an address that faults.
 struct Arguments {
     uint8_t *y, *u, *v, *dst; // a packed picture and a single plane are at `y`
     ajust_contrast_info* info;

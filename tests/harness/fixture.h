@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// For tests that state their expectations by hand: each runs on every table and through the exported functions.
+// For tests with expectations computed by hand: each runs on every table and through the exported functions.
 #pragma once
 #include "harness/exports.h"
 #include "harness/variants.h"
@@ -22,7 +22,7 @@ struct Picture {
     Bytes y, u, v;
 };
 
-// Bytes that count up from `first`, so that each tells where it came from.
+// Bytes that count up from `first`, so that each shows where it came from.
 inline Bytes counting(size_t size, int first = 0)
 {
     Bytes bytes(size);
@@ -102,7 +102,7 @@ protected:
         return surface;
     }
 
-    // The destination after `call`, which is handed its address: for functions that take other arguments.
+    // The destination after `call`, which gets its address: for functions that take other arguments.
     template <class Call> Bytes surface_after(size_t bytes, const Call& call)
     {
         Bytes surface(bytes, kUntouched);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr size_t kDrawingCanvas = 3; // behind those of the destinations
 
-// Where the picture's planes lie when a job works in place.
+// Where the picture's planes are when a job works in place.
 size_t twin(size_t plane) { return plane + kSurface - kPictureY; }
 
 bool may_have_twin(const JobCase& c, size_t plane)

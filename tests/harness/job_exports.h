@@ -12,7 +12,7 @@ namespace harness {
 
 struct JobCase;
 
-// The planes of a job. A mask lies where the picture's luma does.
+// The planes of a job. A mask is where the picture's luma is.
 enum JobPlane : size_t {
     kPictureY,
     kPictureU,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the planes of a call lie: against which guard page, and at which addresses modulo 64.
+// Where the planes of a call are: against which guard page, and at which addresses modulo 64.
 #pragma once
 #include "harness/arena.h"
 #include "harness/random.h"
@@ -10,7 +10,7 @@
 
 namespace harness {
 
-// The addresses modulo 64 that a call is handed: the destination's, and for every other plane one that goes through all
+// The addresses modulo 64 that a call gets: the destination's, and for every other plane one that goes through all
 // 64, in an order of its own, as the destination's does.
 struct Phases {
     int destination = 0;

@@ -31,9 +31,15 @@ model::Plane PlaneMemory::show(const uint8_t* before, uint8_t* after)
 
 void PlaneMemory::touch(const model::Plane& plane)
 {
-    low_ = std::min(low_, plane.low());
-    high_ = std::max(high_, plane.high());
+    touch(plane.low(), plane.high());
     escaped_ |= plane.escaped();
+}
+
+void PlaneMemory::touch(int64_t low, int64_t high)
+{
+    low_ = std::min(low_, low);
+    high_ = std::max(high_, high);
+    escaped_ |= low < -reach_ || high > reach_;
 }
 
 bool PlaneMemory::place(Edge edge, std::optional<int> phase)

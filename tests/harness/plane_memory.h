@@ -20,8 +20,9 @@ public:
     model::Plane show(const uint8_t* before, uint8_t* after);
     model::Plane show(uint8_t* content) { return show(content, content); }
 
-    // What the model touched: of one plane, or of two that lie in the same memory.
+    // What the model touched, or may have touched: of one plane, or of two in the same memory.
     void touch(const model::Plane& plane);
+    void touch(int64_t low, int64_t high);
     bool touched() const { return low_ < high_; }
     bool escaped() const { return escaped_; }
     bool written() const { return before_ != after_; }

@@ -19,7 +19,7 @@ void require(bool ok, const char* what)
 
 void (*reporter)(const void* address) = nullptr;
 
-// An access violation tells the address as its second piece of information; other faults are told by the instruction's.
+// An access violation has the address as its second piece of information; other faults have only the instruction's.
 LONG WINAPI handle(EXCEPTION_POINTERS* details)
 {
     const EXCEPTION_RECORD& fault = *details->ExceptionRecord;

@@ -2,7 +2,9 @@
 // The tables under test: each instruction set, with each way of storing.
 #pragma once
 #include "frame/dispatch.h"
+#include "show/vsurf_show.h"
 
+#include <functional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -14,6 +16,7 @@ struct Variant {
     std::string name;
     const vsurf::Kernels* kernels;
     void (*apply)() = nullptr;
+    std::function<vsurf_status(const vsurf_job* job, int band, int bands)> show = {}; // in tables of vsurf_show
 };
 
 inline void PrintTo(const Variant& table, std::ostream* out) { *out << table.name; }
@@ -22,6 +25,9 @@ inline void PrintTo(const Variant& table, std::ostream* out) { *out << table.nam
 // are possible. The AVX-512 kernels run translated to AVX2 where the processor lacks AVX-512. Tests that are linked
 // with the shared library have one table, the exported functions.
 const std::vector<Variant>& variants();
+
+// Likewise of vsurf_show: these tables have no kernels of exports.
+const std::vector<Variant>& show_variants();
 
 // The exported functions themselves, as a table.
 const vsurf::Kernels& exported();

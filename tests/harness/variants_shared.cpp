@@ -10,4 +10,10 @@ const std::vector<Variant>& variants()
     return all;
 }
 
+const std::vector<Variant>& show_variants()
+{
+    static const std::vector<Variant> all = {{"shared", nullptr, [] {}, vsurf_show_band}};
+    return all;
+}
+
 } // namespace harness

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The public header from C: alone, twice, every declaration, and one call that must reach the library.
+// The public header from C: as the first include, twice, every declaration, and one call that must reach the library.
 #include <vsurf.h>
 
 #include <vsurf.h>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The public header from C++11: alone, twice, every declaration, and one call that must reach the library.
+// The public header from C++11: as the first include, twice, every declaration, and one call that must reach the
+// library.
 #include <vsurf.h>
 
 #include <vsurf.h>

@@ -35,7 +35,7 @@ int best_direction(const Between& lines, int at)
     return best;
 }
 
-// Sample `at` of a plane whose blocks have `block` samples: the first block of a line and the last go by no edges.
+// Sample `at` of a plane whose blocks have `block` samples: the first block of a line and the last ignore edges.
 uint8_t sample(const Between& lines, int at, int block, int blocks)
 {
     if (!lines.along_edges) return lines.a[at];
@@ -67,7 +67,7 @@ Between just(const Pointer& line) { return {line, line, false}; }
 
 Between line_and_next(const Pointer& line, int32_t step) { return {line, line.plus(step), true}; }
 
-// Where a band stands, and how far apart its source lines lie.
+// Where a band stands, and how far apart its source lines are.
 struct Band {
     Pointer y, u, v, dst;
     int32_t luma_step, chroma_step;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The band enlarger as its contract tells it. The frame's pitch is `call.y_pitch`.
+// The band enlarger, written from its contract. The frame's pitch is `call.y_pitch`.
 #pragma once
 #include "model/call.h"
 

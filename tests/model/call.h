@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One call as the models see it: the memory behind its pointers, its numbers, and the record that it was handed.
+// One call as the models see it: the memory behind its pointers, its numbers, and the record that it got.
 #pragma once
 #include "model/memory.h"
 #include "model/samples.h"
@@ -10,7 +10,7 @@ struct Planes {
     Plane y, u, v, dst; // a packed picture and a single plane are read from `y`
 };
 
-// The record that a call was handed, and whether it was looked at.
+// The record that a call got, and whether it was read.
 class Record {
 public:
     Record(const ajust_contrast_info* info) : info_(info) {}

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A subpicture alone on an RGB surface, the key colour where it is transparent.
+// Only a subpicture on an RGB surface, the key colour where it is transparent.
 #include "model/job.h"
 #include "model/pixels.h"
 

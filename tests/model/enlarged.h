@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The loaders that enlarge, as their contract tells them. A packed picture is read from `planes.y`; its `call.width`
+// The loaders that enlarge, written from their contract. A packed picture is read from `planes.y`; its `call.width`
 // is in pixels.
 #pragma once
 #include "model/call.h"

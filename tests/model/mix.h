@@ -39,8 +39,8 @@ struct PictureLine {
     PlaneLine y, u, v;
 };
 
-// Line 0, 1, 2 or 3 of four that are made of two luma lines and one chroma line of a field. The luma pointer stands at
-// the second of its lines from line 2 on. The last four of a field do not look at what follows below.
+// Line 0, 1, 2 or 3 of four that are made from two luma lines and one chroma line of a field. The luma pointer stands
+// at the second of its lines from line 2 on. The last four of a field do not look at what follows below.
 PictureLine field_line(const MixPicture& at, int line, bool last, int32_t luma_step, int32_t chroma_step);
 
 // Sixteen pixels of a line, as they are read.

@@ -10,7 +10,7 @@ namespace {
 // How far a pointer moves with a line, beyond the blocks of that line.
 struct Steps {
     int32_t alpha, subpicture, surface;
-    int32_t picture, picture_of_pair; // the latter after the upper line of two that are made of one
+    int32_t picture, picture_of_pair; // the latter after the upper line of two that are made from one
 };
 
 struct PlaneWalk {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Packed YUY2 pictures to surfaces of the same size. The upper line's chroma serves both lines of a pass.
+// Packed YUY2 pictures to surfaces of the same size. Both lines of a pass take the upper line's chroma.
 #include "model/packed.h"
 
 #include "model/pixels.h"
@@ -26,7 +26,7 @@ template <class Block> void walk(Planes& planes, const Call& call, int block_pix
     } while (lines.more_after(2));
 }
 
-// What becomes of the samples before anything else.
+// How samples are changed before anything else.
 struct Samples {
     bool adjusted;
     State state;
@@ -47,7 +47,7 @@ void load_yuy2(Planes& planes, const Call& call, bool adjusted)
         }
         for (int i = 0; i < 16; ++i) dst_upper.store(i, bytes[static_cast<size_t>(i)]);
         for (int i = 0; i < 16; ++i) {
-            const uint8_t own = lower[i]; // its chroma is read and drops out
+            const uint8_t own = lower[i]; // its chroma is read and dropped
             dst_lower.store(i, i % 2 == 0 ? samples.luma(own) : bytes[static_cast<size_t>(i)]);
         }
     });

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The loaders of packed YUY2 pictures as their contract tells them. The picture is read from `planes.y`.
+// The loaders of packed YUY2 pictures, written from their contract. The picture is read from `planes.y`.
 #pragma once
 #include "model/call.h"
 

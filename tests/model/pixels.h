@@ -22,7 +22,7 @@ uint32_t packed(const Rgb& pixel, PixelFormat format);
 uint32_t read_number(const Pointer& from, int bytes);
 void store_number(Pointer to, uint64_t number, int bytes);
 
-// Eight chroma pairs and the sixteen pixels of one line that they serve.
+// Eight chroma pairs and the sixteen pixels of one line that take them.
 using Luma16 = std::array<uint8_t, 16>;
 using Terms8 = std::array<ChromaTerms, 8>;
 

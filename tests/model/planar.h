@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The planar loaders as their contract tells them: block by block, pointer by pointer, store by store.
+// The planar loaders, written from their contract: block by block, pointer by pointer, store by store.
 #pragma once
 #include "model/call.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Single planes to twice their size, plain in strips and adjusted line by line, and YV12 pictures made of them.
+// Single planes to twice their size, plain in strips and adjusted line by line, and YV12 pictures that consist of them.
 #include "model/planes.h"
 
 #include <algorithm>
@@ -41,10 +41,10 @@ Block<16> doubled(const Pointer& src, uint8_t right)
     return block;
 }
 
-// The right neighbour is read wherever it lies, beyond the end of the line too.
+// The right neighbour is read wherever it is, also beyond the end of the line.
 Block<16> doubled(const Pointer& src) { return doubled(src, src[8]); }
 
-// Down one strip of eight samples. Strips leave a gap in the line above the last but for the rightmost.
+// Down one strip of eight samples. All strips except the rightmost leave a gap in the line above the last.
 void enlarge_strip(Pointer src, Pointer dst, const Call& call, int32_t lines, bool rightmost)
 {
     auto line = [rightmost](const Pointer& at) { return doubled(at, at[rightmost ? 7 : 8]); };

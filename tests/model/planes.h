@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The plane enlargers as their contract tells them. A single plane is read from `planes.y`; `call.plane` is the
+// The plane enlargers, written from their contract. A single plane is read from `planes.y`; `call.plane` is the
 // argument of that name, 1 to 3.
 #pragma once
 #include "model/call.h"

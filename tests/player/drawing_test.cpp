@@ -12,7 +12,7 @@ using player::Drawing;
 
 constexpr Canvas kCanvas{30, 9, 32, 10};
 
-// A rectangle that is covered alike; the next one lies above it.
+// A rectangle that is covered alike; the next one is above it.
 struct Layer {
     std::vector<unsigned char> coverage;
     ASS_Image image{};

@@ -10,7 +10,7 @@ namespace {
 constexpr Size kEnlarged[] = {{64, 48}, {1, 1},   {17, 3},  {33, 10}, {70, 22}, {32, 16},
                               {31, 30}, {96, 12}, {48, 18}, {1, 40},  {213, 59}};
 
-// What becomes the same surface as another case needs no more than one size.
+// Cases that give the same surface as another one need only one size.
 template <class Check> void at_every_size(bool same_as_another, Check&& check)
 {
     for (const Size& size : kEnlarged) {

@@ -24,7 +24,7 @@ struct Image {
     const Pixel& at(int x, int y) const { return const_cast<Image*>(this)->at(x, y); }
 };
 
-Image read_png(const std::filesystem::path& file); // an empty image where the file is no PNG
+Image read_png(const std::filesystem::path& file); // an empty image where the file is not a PNG
 
 // The largest difference of each component; 256 where the sizes differ.
 std::array<int, 3> largest_difference(const Image& a, const Image& b);

@@ -135,7 +135,7 @@ TEST_P(Mix, nothing_but_the_subpicture)
         used("load_subpicture_yuy2_" + (is_rgb() ? std::string(GetParam().name).substr(0, 5) : "rgb32") + "_ajust"));
 }
 
-// The bar lies over the top eighteenth, and half way through the source half of it is open.
+// The bar covers the top eighteenth, and half way through the source half of it is open.
 TEST_P(Mix, overlay_shows_the_video_where_the_key_is)
 {
     const Yuv picture = noise(200, 144);

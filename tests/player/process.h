@@ -33,7 +33,7 @@ struct Result {
 
 class Process {
 public:
-    // `environment` holds "NAME=value" beside the inherited variables, of which those of a display are left out.
+    // `environment` adds "NAME=value" to the inherited variables, of which those of a display are left out.
     Process(const Arguments& command, const Arguments& environment = {});
     ~Process(); // kills it if it still runs
     Process(const Process&) = delete;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A virtual screen, what is to be seen on it, and a hand on its keyboard.
+// A virtual screen, what it shows, and keys that are pressed on it.
 #pragma once
 #include "tests/player/image.h"
 #include "tests/player/process.h"

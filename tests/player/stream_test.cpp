@@ -26,7 +26,7 @@ TEST_F(Stream, truncated_film_plays_what_is_there_and_says_what_is_not)
     EXPECT_LT(complete_pictures(), 60);
 }
 
-// Matroska's demuxer takes a cut for the end; only the announced length tells.
+// Matroska's demuxer takes a cut for the end; only the announced length shows it.
 TEST_F(Stream, silently_missing_end_is_noticed)
 {
     encode(scratch_ / "film.mkv", {"ffv1", "yuv420p", 64, 48, 50});

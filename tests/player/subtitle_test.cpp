@@ -39,7 +39,7 @@ protected:
         return images;
     }
 
-    // As near as 8 bits of Y, U and V, rounded down, come to a colour.
+    // The tolerance of 8-bit Y, U and V, rounded down.
     static testing::AssertionResult shows(const Image& image, const Box& box)
     {
         const Pixel& pixel = image.at(70, 45);

@@ -20,7 +20,7 @@ struct Track {
     bool is_default = false;
 };
 
-// The video of one file beside subtitles, in a container that its name chooses. All times begin at `start`.
+// The video of one file and subtitles, in a container that its name chooses. All times begin at `start`.
 void add_tracks(const std::filesystem::path& from, const std::filesystem::path& to, const std::vector<Track>& tracks,
                 int start = 0);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Exports that write lines as a faulty writer of whole cache lines would: right, but for something at their ends.
+// Exports that write lines as a faulty writer of whole cache lines would: right, except for something at their ends.
 #pragma once
 #include "harness/exports.h"
 #include "harness/job_exports.h"
@@ -11,9 +11,9 @@ namespace selfcheck {
 enum class Break {
     kNothing,
     kWrongByte,  // the first of a line
-    kWrongHead,  // what lies before the first whole cache line
-    kLostTail,   // what lies behind the last one is not stored
-    kByteBehind, // one byte more, where the next line does not lie at once
+    kWrongHead,  // what comes before the first whole cache line
+    kLostTail,   // what follows the last one is not stored
+    kByteBehind, // one byte more, where the next line does not follow at once
     kUpperLost,  // where two lines share a cache line, the upper one's part is not stored
     kLowerLost,  // ... the lower one's
 };

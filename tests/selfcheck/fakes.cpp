@@ -25,7 +25,7 @@ model::Plane unlimited(void* origin)
 
 namespace {
 
-// What a call could get at beside its planes.
+// What a call could reach apart from its planes.
 struct Around {
     uint8_t *y, *u, *dst;
     ajust_contrast_info* info;

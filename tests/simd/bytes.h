@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Samples: arithmetic, masks, and what becomes of neighbours.
+// Samples: arithmetic, masks, and operations on neighbours.
 #pragma once
 #include "simd/trial.h"
 

@@ -56,7 +56,7 @@ template <int N> void loads_halves(Trial& t)
     t.yields(load_halves<N>(t.source(0), t.source(1)), [&](int i) { return t.source(i / (N / 2))[i % (N / 2)]; });
 }
 
-// Every two bytes are a sample or one beside it.
+// Every two bytes are a sample or its neighbour.
 template <int N, int W> void loads_two(Trial& t)
 {
     const auto two = load_two<N, W>(t.source(0));

@@ -29,9 +29,9 @@ inline int doubled_byte(const Trial& t, int i)
     return t.byte(kFromOwn[i % 8] ? 0 : 1, i / 8 * 4 + kDoubledPlace[i % 8]);
 }
 
-template <int fourth, int N, class To> auto bgr_and(const Trial& t)
+template <int fourth, int N, class To> void bgr_and(Trial& t)
 {
-    return t.stores<To>(
+    t.stores<To>(
         4 * N,
         [&](To to) {
             store_bgr_and<fourth>(to, packed_bytes<N, 4>(t, 0), packed_bytes<N, 4>(t, 1), packed_bytes<N, 4>(t, 2));
@@ -113,7 +113,7 @@ constexpr Operation kCachedStores[] = {
     OPERATION("store_pairs_but_first_eight", stores_pairs_but_first_eight<N>(t)),
 };
 
-// What the ends of lines are made of.
+// The parts of the ends of lines.
 template <int N> void stores_first8_yuyv(Trial& t)
 {
     t.stores<uint8_t*>(

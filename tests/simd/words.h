@@ -59,7 +59,7 @@ constexpr Operation kShiftsOfWords[] = {
                  t.yields(shl<K>(t.even_odd<N>(0)), [&](int i) { return unsigned_word(t.even_odd_word(0, i)) << K; })),
 };
 
-// A register beside a pair serves both.
+// A single register with a pair is used for both.
 template <int N>
 constexpr Operation kOperationsOnPairs[] = {
     OPERATION("pairs_add", t.yields(add(t.even_odd<N>(0), t.words<N>(2)),

@@ -1,6 +1,6 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Usage: namespaces.sh NM ISA OBJECT...: what the objects of an instruction set show to the linker lies in its own
+# Usage: namespaces.sh NM ISA OBJECT...: what the objects of an instruction set show to the linker is in its own
 # namespace. A shared inline function would be merged across instruction sets, and might then be the wrong one. The
 # thunks that 32-bit position-independent code asks the compiler for are the same for all. Templates come with their
 # result's type.

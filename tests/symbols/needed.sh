@@ -1,6 +1,6 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Usage: needed.sh READELF LIBRARY NAME: the library needs at most libc, and bears that name.
+# Usage: needed.sh READELF LIBRARY NAME: the library needs at most libc, and has that name.
 set -eu
 dynamic=$("$1" -dW "$2")
 entry() { echo "$dynamic" | sed -n "s/.*($1).*\[\(.*\)\]/\1/p"; }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A program that no runtime helps, built the way the platform's own compilers build: as C it binds to the DLL's plain
-// names, as C++ to the decorated ones. It calls a function of each list of parameters; its status tells which was
+// names, as C++ to the decorated ones. It calls a function of each list of parameters; its status says which was
 // wrong.
 #include <vsurf.h>
 

@@ -1,6 +1,6 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Usage: imports.sh READOBJ DLL: the DLL needs the system's base library and the C library, and nothing beside them.
+# Usage: imports.sh READOBJ DLL: the DLL needs the system's base library and the C library, and nothing else.
 set -eu
 found=$("$1" --coff-imports "$2" | sed -n 's/^  Name: //p' | sort)
 [ -n "$found" ]

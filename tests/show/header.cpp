@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "header_use.h"
+
+int main() { return all_is_well() ? 0 : 1; }
