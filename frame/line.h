@@ -47,7 +47,7 @@ struct Target {
     uint8_t* first;
     ptrdiff_t to_lower, to_next_pair; // bytes from the first line of a pair to its second, and to the next pair
     ptrdiff_t line_bytes, pairs;
-    ptrdiff_t multiple = 1; // lines are streamed only if they are multiples of it apart: all of them or none
+    ptrdiff_t multiple = 1; // lines are streamed only if all of them begin at a multiple of it
 
     static ALWAYS_INLINE Target lines(uint8_t* first, ptrdiff_t step, ptrdiff_t line_bytes, ptrdiff_t count)
     {

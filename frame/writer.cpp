@@ -47,7 +47,7 @@ static bool begins_cache_lines(const Target& t) { return addresses(t) % kCacheLi
 static bool may_be_streamed(const Target& t)
 {
     const bool whole = begins_cache_lines(t);
-    return kStoresPastCaches && t.pairs > 0 && t.lines_apart() && (t.to_lower | t.to_next_pair) % t.multiple == 0 &&
+    return kStoresPastCaches && t.pairs > 0 && t.lines_apart() && addresses(t) % t.multiple == 0 &&
            (whole || (addresses(t) | t.line_bytes) % kWord == 0) &&
            t.bytes() >= __atomic_load_n(&streaming_threshold, __ATOMIC_RELAXED) * (whole ? 1 : kUnalignedFactor);
 }

@@ -81,8 +81,8 @@ public:
         store_both<kBlock>(upper, lower, to_upper, to_lower, x);
     }
 
-    // Whether stores go past the caches, where lines allow it.
-    ALWAYS_INLINE bool streams() const { return streamed_whole_ || streamed_parts_; }
+    // Whether the ends of lines are streamed: what goes on there has to follow at once.
+    ALWAYS_INLINE bool streams_ends() const { return streamed_parts_; }
 
     // The first units of the block at 0: a line that is shorter than a block.
     template <Line L> ALWAYS_INLINE void units_of_block(const L& line, uint8_t* to, int count) const

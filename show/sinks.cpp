@@ -28,7 +28,7 @@ ALWAYS_INLINE void write_pixels(const Format& format, Writer& writer, const Rows
     };
     if (pixels < kBlock) {
         for (int i = 0; i <= two; i++) writer.units_of_block(line(i), to[i], static_cast<int>(pixels));
-    } else if (two && rows.uv[0] == rows.uv[1] && !(odd && writer.streams())) {
+    } else if (two && rows.uv[0] == rows.uv[1] && !(odd && writer.streams_ends())) {
         writer.pair(line(0), line(1), to[0], to[1], whole);
         end(0), end(1);
     } else {
