@@ -65,7 +65,7 @@ man_pages()
     done 2>&1 | tee "$scratch/groff"
     [[ ! -s $scratch/groff ]]
 
-    { echo vsurf get_contrast_data; sed -nE 's/^EXPORT\((\w+),.*/\1/p' frame/exports.inc; } | xargs -n 1 |
+    { echo vsurf get_contrast_data; sed -nE 's/^EXPORT\((\w+).*/\1/p' frame/exports.inc show/exports.inc; } | xargs -n 1 |
         sort >"$scratch/exports"
     lexgrog "$1"/*.3 | sed -nE 's/.*: "(\w+) - .*/\1/p' | sort | diff "$scratch/exports" -
 

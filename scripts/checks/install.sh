@@ -87,24 +87,40 @@ use_otherwise()
     gcc -nodefaultlibs tests/install/consumer.c -o "$scratch/program" -Wl,-Bstatic "${libraries[@]}" -Wl,-Bdynamic -lc
 }
 
-# use_example DOCUMENT: the C program in it, compiled as it stands there.
+# use_example DOCUMENT [COUNT]: the C programs in it, one unless a count is given, compiled as they stand there.
 use_example()
 {
-    local flags
-    read -ra flags < <(pkg-config --cflags --libs vsurf)
-    sed -n '/^```c$/,/^```$/p' "$1" | sed '/^```/d' >"$scratch/example.c"
-    [[ -s $scratch/example.c ]]
-    gcc -std=c99 -Wall -Wextra -Wpedantic -Werror "$scratch/example.c" -o "$scratch/example" "${flags[@]}"
-    (cd "$scratch" && ./example)
+    local flags number library
+    rm -f "$scratch"/example-*
+    awk -v name="$scratch/example-" '/^```c$/ {n++; on = 1; next} /^```$/ {on = 0} on {print > (name n ".c")}' "$1"
+    [[ $(find "$scratch" -name 'example-*.c' | wc -l) == "${2:-1}" ]]
+    for ((number = 1; number <= ${2:-1}; number++)); do
+        library=vsurf
+        ! grep -q '<vsurf_show.h>' "$scratch/example-$number.c" || library=vsurf-show
+        read -ra flags < <(pkg-config --cflags --libs "$library")
+        gcc -std=c99 -Wall -Wextra -Wpedantic -Werror "$scratch/example-$number.c" -o "$scratch/example-$number" "${flags[@]}"
+        (cd "$scratch" && "./example-$number") | tee "$scratch/example-$number.txt"
+    done
 }
 
-# Only the header, in the oldest languages that it supports.
+# use_readme: its two programs print what it says they do.
+use_readme()
+{
+    local number
+    use_example README.md 2
+    for number in 1 2; do
+        [[ -s $scratch/example-$number.txt ]]
+        grep -F "It prints \`$(cat "$scratch/example-$number.txt")\`" README.md
+    done
+}
+
+# Only the headers, in the oldest languages that it supports.
 use_header()
 {
     local compiler language
     for compiler in gcc clang; do
         for language in "c -std=c99" "c++ -std=c++11"; do
-            printf '#include <vsurf.h>\n' |
+            printf '#include <%s>\n' vsurf.h vsurf_show.h |
                 "$compiler" -x "${language% *}" "${language#* }" -Wall -Wextra -Wpedantic -Werror -fsyntax-only -I"$1" -
         done
     done
@@ -182,7 +198,7 @@ check_install()
     find_here "$prefix"
     use_vsurf "$prefix"
     use_otherwise "$prefix"
-    use_example README.md
+    use_readme
     use_example docs/subpictures.md
     use_header "$prefix/include"
 
