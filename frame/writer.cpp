@@ -91,9 +91,9 @@ void Writer::store_rest(const AnyLine& line, Range r, bool streamed)
     if (left > 0) store_of_block(line, r.end - kBlock, (kBlock - left) * line.bytes, left * line.bytes, streamed);
 }
 
-void Writer::store_units_of_block(const AnyLine& line, ptrdiff_t x, int first, int count) const
+void Writer::store_units_of_block(const AnyLine& line, int count) const
 {
-    store_of_block(line, x, first * line.bytes, count * line.bytes, streamed_parts_);
+    store_of_block(line, 0, 0, count * line.bytes, streamed_parts_);
 }
 
 } // namespace vsurf::VSURF_ISA

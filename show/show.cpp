@@ -135,6 +135,7 @@ private:
     NEVER_INLINE void part(ptrdiff_t line, ptrdiff_t x, ptrdiff_t pixels, bool overlaid)
     {
         Strips strips;
+        if (straight_ && !overlaid) return sink_.write(output_, rows_in_planes(plan_, line, x), place(line, x), pixels);
         Rows rows = rows_of(plan_, line, x, pixels, strips);
         if (overlaid || shifted_ || plan_.step_count > 0 || plan_.width < kNarrow) {
             rows = in_strips(rows, strips, pixels);

@@ -4,46 +4,65 @@
 namespace vsurf::VSURF_ISA {
 
 struct Planar {
-    static ALWAYS_INLINE PlanarChroma<Row> of(const Rows& rows, int, ptrdiff_t column)
-    {
-        return {{rows.u + column}, {rows.v + column}};
-    }
+    static ALWAYS_INLINE PlanarChroma<Row> of(const Rows& rows, int) { return {{rows.u}, {rows.v}}; }
 };
 struct Interleaved {
-    static ALWAYS_INLINE InterleavedChroma of(const Rows& rows, int line, ptrdiff_t column)
-    {
-        return {rows.uv[line] + 2 * column};
-    }
+    static ALWAYS_INLINE InterleavedChroma of(const Rows& rows, int line) { return {rows.uv[line]}; }
 };
 
-// A pixel without a partner is the last one of a block that begins at an odd place: what the block's other pixels make
-// of chroma that is not theirs is not stored.
+// The last pixels of an odd number: bytes of the surface, for each line.
+using LastPixels = const uint8_t* [2];
+
 template <class Form, class Format>
 ALWAYS_INLINE void write_pixels(const Format& format, Writer& writer, const Rows& rows, uint8_t* const* to,
-                                ptrdiff_t pixels)
+                                ptrdiff_t pixels, const LastPixels& last)
 {
-    auto line = [&](int i, ptrdiff_t x, ptrdiff_t column) VSURF_INLINED {
-        auto chroma = Form::of(rows, i, column);
-        return PixelLine<Format, Row, decltype(chroma)>{{rows.y[i] + x}, chroma, format};
-    };
-    auto last_pixel = [&](int i) VSURF_INLINED {
-        const ptrdiff_t x = pixels - kBlock;
-        writer.units_of_block(line(i, x, chroma_columns(pixels) - kBlock / 2), to[i] + x * Format::kBytes, 0,
-                              kBlock - 1, 1);
+    auto line = [&](int i) VSURF_INLINED {
+        auto chroma = Form::of(rows, i);
+        return PixelLine<Format, Row, decltype(chroma)>{{rows.y[i]}, chroma, format};
     };
     const bool odd = pixels % 2 != 0, two = rows.y[1] != nullptr;
     const Range whole{0, pixels - odd};
+    auto end = [&](int i) VSURF_INLINED {
+        if (odd) writer.few(to[i] + whole.end * Format::kBytes, last[i], Format::kBytes);
+    };
     if (pixels < kBlock) {
-        for (int i = 0; i <= two; i++) writer.units_of_block(line(i, 0, 0), to[i], 0, 0, static_cast<int>(pixels));
+        for (int i = 0; i <= two; i++) writer.units_of_block(line(i), to[i], static_cast<int>(pixels));
     } else if (two && rows.uv[0] == rows.uv[1] && !(odd && writer.streams())) {
-        writer.pair(line(0, 0, 0), line(1, 0, 0), to[0], to[1], whole);
-        if (odd) last_pixel(0), last_pixel(1);
+        writer.pair(line(0), line(1), to[0], to[1], whole);
+        end(0), end(1);
     } else {
         for (int i = 0; i <= two; i++) {
-            writer.line(line(i, 0, 0), to[i], whole);
-            if (odd) last_pixel(i);
+            writer.line(line(i), to[i], whole);
+            end(i);
         }
     }
+}
+
+// Two pixels with the same chroma, in a block of them.
+template <class Format>
+ALWAYS_INLINE void make_two(const Format& format, int first, int second, int u, int v, uint8_t* block)
+{
+    auto luma = join(EvenOddWords<kBlock>{Words<kBlock>::splat(first), Words<kBlock>::splat(second)});
+    format.store(block, split_times4(luma),
+                 format.chroma(EvenOddWords<kBlock>{Words<kBlock>::splat(u), Words<kBlock>::splat(v)}));
+}
+
+// A pixel without a partner is made with the one below it, or by itself.
+template <class Format>
+ALWAYS_INLINE void write_rgb_rows(const Format& format, Writer& writer, const Rows& rows, uint8_t* const* to,
+                                  ptrdiff_t pixels)
+{
+    alignas(16) uint8_t blocks[2][4 * kBlock];
+    const bool own = rows.uv[0] != rows.uv[1], two = rows.y[1] != nullptr;
+    const LastPixels last = {blocks[0], own ? blocks[1] : blocks[0] + Format::kBytes};
+    const ptrdiff_t x = pixels - 1;
+    for (int i = 0; pixels % 2 != 0 && i <= (own && two); i++) {
+        const uint8_t *u = rows.u ? rows.u + x / 2 : rows.uv[i] + x, *v = rows.u ? rows.v + x / 2 : u + 1;
+        make_two(format, rows.y[i][x], rows.y[two ? 1 : 0][x], *u, *v, blocks[i]);
+    }
+    if (rows.u) write_pixels<Planar>(format, writer, rows, to, pixels, last);
+    else write_pixels<Interleaved>(format, writer, rows, to, pixels, last);
 }
 
 // Pixels of packed ones, y0 u0 y1 v0 ... or u0 y0 v0 y1 ..., each line with its own chroma; x counts pixels.
@@ -89,8 +108,7 @@ template <class Format> static void write_rgb(const Output& output, const Rows& 
 {
     const RgbSink<Format, AnyEncoding> format{format_of<Format>(output), output.encoding};
     if (rows.packed) return write_packed_rows(format, *output.writers, rows, to.line, pixels);
-    if (rows.u) write_pixels<Planar>(format, *output.writers, rows, to.line, pixels);
-    else write_pixels<Interleaved>(format, *output.writers, rows, to.line, pixels);
+    write_rgb_rows(format, *output.writers, rows, to.line, pixels);
 }
 
 // Pixels that are made already; x counts them.
@@ -119,14 +137,14 @@ template <class Format> static void write_bgr(const Output& output, const BgrRow
 {
     const BgrLine<Format> line{{rows.b}, {rows.g}, {rows.r}, format_of<Format>(output)};
     if (pixels >= kBlock) output.writers->line(line, to, {0, pixels});
-    else output.writers->units_of_block(line, to, 0, 0, static_cast<int>(pixels));
+    else output.writers->units_of_block(line, to, static_cast<int>(pixels));
 }
 
 static void write_pairs(Writer& writer, const uint8_t* a, const uint8_t* b, uint8_t* to, ptrdiff_t pairs)
 {
     const PairLine line{{a}, {b}};
     if (pairs >= kBlock) writer.line(line, to, {0, pairs});
-    else writer.units_of_block(line, to, 0, 0, static_cast<int>(pairs));
+    else writer.units_of_block(line, to, static_cast<int>(pairs));
 }
 static void write_plane(Writer& writer, const uint8_t* from, uint8_t* to, ptrdiff_t samples)
 {
@@ -159,7 +177,7 @@ static void write_packed(const Output& output, const Rows& rows, const Place& to
     const ptrdiff_t whole = pixels & ~1;
     uint8_t* const begin[] = {to.line[0] < to.chroma[0] ? to.line[0] : to.chroma[0],
                               to.line[1] < to.chroma[1] ? to.line[1] : to.chroma[1]};
-    write_pixels<Planar>(Format{}, *output.writers, rows, begin, whole);
+    write_pixels<Planar>(Format{}, *output.writers, rows, begin, whole, {});
     for (int i = 0; i < 2 && rows.y[i] && whole != pixels; i++) {
         to.line[i][2 * whole] = rows.y[i][whole];
         to.chroma[i][2 * whole] = rows.u[whole / 2];

@@ -30,7 +30,7 @@
 ///
 /// @par Threads
 /// Any thread may call, with any job. There is no state, and there are no locks; get_contrast_data() has no influence
-/// and is not disturbed. A call allocates nothing and needs at most 64 KiB of its thread's stack.
+/// and is not disturbed. A call allocates nothing and needs at most 40 KiB of its thread's stack.
 ///
 /// @par Instruction sets
 /// Chosen once, when the library is loaded, as vsurf.h says. The bytes are the same whichever it is.

@@ -62,8 +62,8 @@ constexpr Operation kStores[] = {
                                      woven_bytes<N, 4>(t, 3));
                      },
                      [&](int i) { return t.byte(i % 4, i / 4); })),
-    OPERATION_OF(kDestination<To>, "store_bgr_and 0", bgr_and<0, N, To>(t)),
-    OPERATION_OF(kDestination<To>, "store_bgr_and 255", bgr_and<255, N, To>(t)),
+    OPERATION_OF(kDestination<To>, "store_bgr_and_0", bgr_and<0, N, To>(t)),
+    OPERATION_OF(kDestination<To>, "store_bgr_and_255", bgr_and<255, N, To>(t)),
     OPERATION_OF(
         kDestination<To>, "store_bgr",
         t.stores<To>(
