@@ -79,14 +79,12 @@ int main()
     const std::string ppm{std::istreambuf_iterator<char>(file), {}}, head = "P6\n33 17\n255\n";
     expect("starts as a PPM", ppm.starts_with(head), 1);
     expect("bytes", static_cast<long>(ppm.size()), static_cast<long>(head.size()) + 3 * width * height);
-    const auto near = [&](int column, int line, int plane, int level) {
-        const auto at =
-            head.size() + 3 * static_cast<std::size_t>(line * width + column) + static_cast<std::size_t>(plane);
-        return std::abs(static_cast<std::uint8_t>(ppm[at]) - level) <= 2;
-    };
-    for (int line : {0, height - 1}) {
-        expect("red", near(0, line, 0, 255) && near(0, line, 1, 0) && near(middle - 1, line, 2, 0), 1);
-        expect("blue", near(middle, line, 0, 0) && near(middle, line, 1, 0) && near(width - 1, line, 2, 255), 1);
+    long wrong = 0;
+    for (std::size_t i = head.size(); i < ppm.size(); i++) {
+        const std::size_t pixel = (i - head.size()) / 3, colour = (i - head.size()) % 3;
+        const int level = colour == (pixel % width < middle ? 0 : 2) ? 255 : 0;
+        wrong += std::abs(static_cast<std::uint8_t>(ppm[i]) - level) > 2;
     }
+    expect("wrong levels", wrong, 0);
     return 0;
 }

@@ -32,29 +32,30 @@ use_cmake()
     fi
 }
 
-# run_linked PROGRAM COUNT: runs it; COUNT is 1 where it needs the shared library, else 0.
+# run_linked PROGRAM LIBRARY: runs it; LIBRARY is the one of ours that it needs, or nothing.
 run_linked()
 {
-    if [[ $(readelf -dW "$1" | grep -c 'NEEDED.*\[libvsurf\.so\.0\]') != "$2" ]]; then
+    if [[ $(readelf -dW "$1" | sed -nE 's/.*NEEDED.*\[lib(vsurf.*)\.so\.0\]/\1/p') != "$2" ]]; then
         echo "linked the wrong way: $1"
         return 1
     fi
     "$1"
 }
 
-# use_pkg_config COMPILER SOURCE: once with the shared library, twice with the static one: only vsurf static, or everything.
+# use_pkg_config COMPILER SOURCE [LIBRARY]: once with the shared library, twice with the static one: only vsurf static, or everything.
 use_pkg_config()
 {
-    local compile=("$1" -Wall -Wextra -Wpedantic -Werror "$2" -o "$scratch/program") flags libraries all_libraries
-    read -ra flags < <(pkg-config --cflags vsurf)
-    read -ra libraries < <(pkg-config --libs vsurf)
-    read -ra all_libraries < <(pkg-config --static --libs vsurf)
+    local compile=("$1" -Wall -Wextra -Wpedantic -Werror "$2" -o "$scratch/program") library=${3:-vsurf}
+    local flags libraries all_libraries
+    read -ra flags < <(pkg-config --cflags "$library")
+    read -ra libraries < <(pkg-config --libs "$library")
+    read -ra all_libraries < <(pkg-config --static --libs "$library")
     "${compile[@]}" "${flags[@]}" "${libraries[@]}"
-    run_linked "$scratch/program" 1
+    run_linked "$scratch/program" "$library"
     "${compile[@]}" "${flags[@]}" -Wl,-Bstatic "${all_libraries[@]}" -Wl,-Bdynamic
-    run_linked "$scratch/program" 0
+    run_linked "$scratch/program" ""
     "${compile[@]}" "${flags[@]}" -static "${all_libraries[@]}"
-    run_linked "$scratch/program" 0
+    run_linked "$scratch/program" ""
 }
 
 # find_here PREFIX: pkg-config and programs shall find vsurf there.
@@ -72,6 +73,8 @@ use_vsurf()
     use_cmake "$1" "C;CXX"
     use_pkg_config gcc tests/install/consumer.c
     use_pkg_config g++ tests/install/consumer.cpp
+    use_pkg_config gcc tests/install/consumer_show.c vsurf-show
+    use_pkg_config g++ tests/install/consumer_show.cpp vsurf-show
 }
 
 # The same where there is no other language or another compiler.
