@@ -10,7 +10,7 @@ export DEBIAN_FRONTEND=noninteractive
 
 declare -A packages=(
     [build]="g++ cmake make pkg-config binutils"
-    [player]="libavformat-dev libavcodec-dev libavutil-dev libavfilter-dev libavdevice-dev libswscale-dev libsdl2-dev libpng-dev libass-dev"
+    [player]="libavformat-dev libavcodec-dev libavutil-dev libavfilter-dev libavdevice-dev libswresample-dev libswscale-dev libsdl2-dev libpng-dev libass-dev libcli11-dev"
     [tests]="libgtest-dev googletest libsimde-dev xvfb xauth xdotool x11-apps fontconfig fonts-dejavu-core"
     [bench]="libbenchmark-dev libyuv-dev"
     [clang]="clang python3"

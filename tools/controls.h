@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The picture controls that the viewer turns, and the record that the library takes for them.
 #pragma once
-#include "frame/vsurf.h"
+#include <vsurf.h>
 
 namespace player {
 

@@ -1,27 +1,27 @@
 // SPDX-License-Identifier: MIT
-// Any decoded pixel format as 4:2:0 in studio range, which is what the planar loaders take.
+// Any decoded pixel format as one that the library knows, with the colours that it has.
 #pragma once
 #include "tools/ffmpeg.h"
 
 namespace player {
 
-// Packed 4:2:2 in the order and the range of YUY2, which has loaders of its own.
-bool is_yuy2(const AVFrame& frame);
-
 class Converter {
 public:
-    // The frame itself where it fits already, else one that is valid until the next call.
-    const AVFrame& to_yuv420p(const AVFrame& frame);
+    // The frame itself where the library knows its format (4:2:0 in planes or half interleaved, packed 4:2:2), else one
+    // in planes that is valid until the next call.
+    const AVFrame& to_known(const AVFrame& frame);
 
 private:
     struct Kind {
-        int width = 0, height = 0, format = -1, full_range = 0, colorspace = 0;
+        int width = 0, height = 0, format = -1;
+        bool full_range = false;
         bool operator==(const Kind&) const = default;
     };
     void prepare(const Kind& kind);
+    void add_neutral_chroma(const AVFrame& grey);
 
     Kind kind_;
-    FramePtr converted_;
+    FramePtr padded_, converted_;
     ScalerPtr scaler_;
 };
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 #include <new>
+#include <utility>
 
 namespace player {
 namespace {
@@ -38,15 +39,14 @@ std::string Damage::text() const
     return text;
 }
 
-Decoder::Decoder(Source source) : source_(std::move(source)), packet_(av_packet_alloc())
+Decoder::Decoder(Source source, Interrupt& interrupt) : source_(std::move(source)), interrupt_(interrupt)
 {
-    if (!packet_) throw std::bad_alloc();
     open_source();
 }
 
 void Decoder::open_source()
 {
-    format_ = open(source_);
+    format_ = open(source_, interrupt_);
     const AVCodec* codec = nullptr;
     const int index = av_find_best_stream(format_.get(), AVMEDIA_TYPE_VIDEO, -1, -1, &codec, 0);
     if (index == AVERROR_DECODER_NOT_FOUND) throw Error(source_.name() + ": no decoder for this kind of video");
@@ -66,19 +66,20 @@ void Decoder::open_source()
     const AVRational rate = av_guess_frame_rate(format_.get(), stream_, nullptr);
     frame_seconds_ = rate.num > 0 && rate.den > 0 ? av_q2d(av_inv_q(rate)) : 1.0 / 25;
     first_ = true;
-    drained_ = false;
+    drained_ = file_ended_ = false;
+    waiting_.clear();
 }
 
 void Decoder::select_streams()
 {
     for (int i = 0; i < static_cast<int>(format_->nb_streams); i++)
-        format_->streams[i]->discard = i == stream_->index || i == diverted_ ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
+        format_->streams[i]->discard = i == stream_->index || takers_.contains(i) ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
 }
 
 void Decoder::divert(int stream, std::function<void(AVPacket&)> take)
 {
-    diverted_ = stream;
-    take_ = std::move(take);
+    if (take) takers_[stream] = std::move(take);
+    else takers_.erase(stream);
     select_streams();
 }
 
@@ -91,51 +92,61 @@ bool Decoder::next(AVFrame& frame)
         account(frame);
         return true;
     }
-    notice_missing_end();
+    if (!interrupt_.requested()) notice_missing_end();
     return false;
 }
 
 bool Decoder::receive(AVFrame& frame)
 {
-    for (;;) {
+    while (!interrupt_.requested()) {
         const int status = avcodec_receive_frame(codec_.get(), &frame);
         if (status >= 0) return true;
         if (status == AVERROR_EOF) return false;
         if (status == AVERROR(EAGAIN)) feed();
         else if (status == AVERROR(ENOMEM)) throw std::bad_alloc();
-        else lose_packet();
+        else if (!std::exchange(cut_, false)) lose_packet();
     }
+    return false;
 }
 
-// Gives the decoder one packet, or signals that there are no more.
+// Gives the decoder one packet, or signals that there are no more. A packet that is known to be cut counts once,
+// though the decoder complains, too.
 void Decoder::feed()
 {
-    const bool more = !drained_ && read(*packet_);
-    if (!more) drained_ = true;
-    if (more && packet_->flags & AV_PKT_FLAG_CORRUPT) lose_packet();
-    const int status = avcodec_send_packet(codec_.get(), more ? packet_.get() : nullptr);
-    av_packet_unref(packet_.get());
+    const PacketPtr packet = drained_ ? nullptr : take_packet();
+    if (!packet) drained_ = true;
+    int status = avcodec_send_packet(codec_.get(), packet.get());
     if (status == AVERROR(ENOMEM)) throw std::bad_alloc();
+    cut_ = packet && packet->flags & AV_PKT_FLAG_CORRUPT;
+    if (cut_) status = AVERROR_INVALIDDATA;
     if (status < 0 && status != AVERROR_EOF) lose_packet();
 }
 
-bool Decoder::read(AVPacket& packet)
+PacketPtr Decoder::take_packet()
 {
-    for (int errors = 0; errors < kMostReadErrors;) {
-        const int status = av_read_frame(format_.get(), &packet);
-        if (status == AVERROR_EOF) return false;
-        if (status == AVERROR(ENOMEM)) throw std::bad_alloc();
-        if (status < 0) {
-            lose_packet();
-            errors++;
-        } else if (packet.stream_index == stream_->index) {
-            return true;
-        } else {
-            if (packet.stream_index == diverted_) take_(packet);
-            av_packet_unref(&packet);
-        }
+    while (waiting_.empty())
+        if (!read_ahead()) return nullptr;
+    PacketPtr packet = std::move(waiting_.front());
+    waiting_.pop_front();
+    return packet;
+}
+
+bool Decoder::read_ahead()
+{
+    if (file_ended_) return false;
+    PacketPtr packet(av_packet_alloc());
+    if (!packet) throw std::bad_alloc();
+    const int status = interrupt_.reading([&] { return av_read_frame(format_.get(), packet.get()); });
+    if (status == AVERROR(ENOMEM)) throw std::bad_alloc();
+    if (status < 0) {
+        file_ended_ = status == AVERROR_EOF || interrupt_.requested() || ++read_errors_ == kMostReadErrors;
+        if (status != AVERROR_EOF && !interrupt_.requested()) lose_packet();
+        return !file_ended_;
     }
-    return false;
+    read_errors_ = 0;
+    if (packet->stream_index == stream_->index) waiting_.push_back(std::move(packet));
+    else if (const auto taker = takers_.find(packet->stream_index); taker != takers_.end()) taker->second(*packet);
+    return true;
 }
 
 // After a jump into the middle a decoder may complain of references that it never saw; that is not an error.
@@ -177,8 +188,9 @@ bool Decoder::seek(double time)
     const int64_t target = std::llround((time + start_) * AV_TIME_BASE);
     if (avformat_seek_file(format_.get(), -1, INT64_MIN, target, target, 0) < 0) return false;
     avcodec_flush_buffers(codec_.get());
+    waiting_.clear();
     skip_until_ = time;
-    drained_ = false;
+    drained_ = file_ended_ = cut_ = false;
     first_ = whole_ = false;
     return true;
 }
@@ -202,6 +214,20 @@ std::optional<double> Decoder::duration() const
     if (source_.is_pattern()) return source_.seconds;
     if (format_->duration > 0) return static_cast<double>(format_->duration) / AV_TIME_BASE;
     return std::nullopt;
+}
+
+bool Decoder::seekable() const
+{
+    return !source_.is_pattern() && !(format_->ctx_flags & AVFMTCTX_UNSEEKABLE) &&
+           (!format_->pb || format_->pb->seekable & AVIO_SEEKABLE_NORMAL);
+}
+
+std::string Decoder::description() const
+{
+    char text[80];
+    std::snprintf(text, sizeof text, "%s, %.2f pictures per second", avcodec_get_name(codec_->codec_id),
+                  1 / frame_seconds_);
+    return text;
 }
 
 AVRational Decoder::sample_aspect(AVFrame& frame) const

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The layers of a subtitle as the two RGB32 drawings from which the library makes a subpicture.
 #pragma once
-#include "frame/dispatch.h"
+#include "tools/layers.h"
 #include "tools/surface.h"
-#include <ass/ass.h>
-#include <vector>
+#include <vsurf.h>
 
 namespace player {
 
@@ -21,30 +20,16 @@ public:
     static constexpr uint32_t kKey = 0xff000000;
     static constexpr int kOpaque = 16;
 
-    explicit Drawing(const vsurf::Kernels& kernels) : kernels_(kernels) {}
-
     void compose(const ASS_Image* first, const Canvas& canvas);
     const Surface& colours() const { return colours_; }     // the key where nothing is seen
     const Surface& opacities() const { return opacities_; } // 0 to 16 as blue
 
 private:
-    struct Box {
-        int left, top, right, bottom;
-        int width() const { return right - left; }
-        int height() const { return bottom - top; }
-    };
-    struct Pixel {
-        float red = 0, green = 0, blue = 0, opacity = 0; // colours times opacity, which is 0 to 1
-    };
-
-    static Box bounds(const ASS_Image* first, const Canvas& canvas);
-    void blend(const ASS_Image& image, const Box& box);
-    void draw(const Box& box);
-    void lend_colour_to_even_pixels(const Box& box);
+    void draw();
+    void lend_colour_to_even_pixels();
     void fill(Surface& surface, uint32_t pixel, const Canvas& canvas) const;
 
-    const vsurf::Kernels& kernels_;
-    std::vector<Pixel> pixels_; // of the box
+    Layers layers_;
     Surface colours_, opacities_;
 };
 

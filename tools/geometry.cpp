@@ -105,6 +105,17 @@ Geometry plan(int width, int height, SurfaceFormat wanted, Scaling scaling, bool
     return g;
 }
 
+Geometry plan_as_it_is(int width, int height, SurfaceFormat surface)
+{
+    Geometry g{};
+    g.surface = surface;
+    g.picture_width = g.shown_width = width;
+    g.picture_height = g.shown_height = height;
+    g.surface_width = is_rgb(surface) ? width : round_up(width, 2); // chroma of two pixels, and of two lines
+    g.surface_height = is_rgb(surface) ? height : round_up(height, 2);
+    return g;
+}
+
 Rectangle fit(double aspect, int area_width, int area_height)
 {
     int width = area_width, height = area_height;

@@ -27,6 +27,8 @@ struct Geometry {
 // Below a layer the surface is the same whether something is drawn or not.
 Geometry plan(int width, int height, SurfaceFormat wanted, Scaling scaling, bool packed_source,
               Layer layer = Layer::none);
+// Where nothing is to be scaled, mixed or adjusted, and no padding is needed.
+Geometry plan_as_it_is(int width, int height, SurfaceFormat surface);
 SurfaceFormat rgb_for(SurfaceFormat wanted); // the same, or rgb32
 
 // The largest rectangle of the given aspect in the middle of an area.

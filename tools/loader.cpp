@@ -4,7 +4,7 @@
 namespace player {
 namespace {
 
-using Load = decltype(vsurf::Kernels::loadimage_rgb32);
+using Load = decltype(&loadimage_rgb32);
 
 struct Export {
     const char* name;
@@ -12,16 +12,16 @@ struct Export {
 };
 
 #define NAMED(name) \
-    Export { #name, kernels.name }
+    Export { #name, &name }
 
-Export half_loader(const vsurf::Kernels& kernels, SurfaceFormat format)
+Export half_loader(SurfaceFormat format)
 {
     return format == SurfaceFormat::yv12 ? NAMED(loadimage_half_yv12_ajust) : NAMED(loadimage_half_yuy2_ajust);
 }
 
 // The YUY2 and YV12 loaders without adjustment do not make a complete picture (one leaves the start of each second
 // line's blocks, the other moves lines), so those surfaces take the adjusted ones whatever the controls say.
-Export planar_loader(const vsurf::Kernels& kernels, SurfaceFormat format, const Controls& controls)
+Export planar_loader(SurfaceFormat format, const Controls& controls)
 {
     const bool plain = controls.neutral();
     switch (format) {
@@ -33,7 +33,7 @@ Export planar_loader(const vsurf::Kernels& kernels, SurfaceFormat format, const 
     }
 }
 
-Export packed_loader(const vsurf::Kernels& kernels, SurfaceFormat format, bool plain)
+Export packed_loader(SurfaceFormat format, bool plain)
 {
     switch (format) {
     case SurfaceFormat::rgb32: return plain ? NAMED(LoadYUY2_RGB32) : NAMED(LoadYUY2_RGB32_adjust);
@@ -44,7 +44,7 @@ Export packed_loader(const vsurf::Kernels& kernels, SurfaceFormat format, bool p
 }
 
 // Into RGB there are adjusted enlargers only; neutral controls change nothing there.
-Export enlarger_1x2(const vsurf::Kernels& kernels, SurfaceFormat format, bool plain)
+Export enlarger_1x2(SurfaceFormat format, bool plain)
 {
     switch (format) {
     case SurfaceFormat::rgb32: return NAMED(strech_picture_1X2_yuy2_ajust_rgb32);
@@ -55,7 +55,7 @@ Export enlarger_1x2(const vsurf::Kernels& kernels, SurfaceFormat format, bool pl
     }
 }
 
-Export enlarger_2x2(const vsurf::Kernels& kernels, SurfaceFormat format, bool plain)
+Export enlarger_2x2(SurfaceFormat format, bool plain)
 {
     if (format == SurfaceFormat::yv12) return NAMED(strech_picture_2X2_yv12_ajust);
     return plain ? NAMED(strech_picture_2X2_yuy2) : NAMED(strech_picture_2X2_yuy2_ajust);
@@ -63,20 +63,20 @@ Export enlarger_2x2(const vsurf::Kernels& kernels, SurfaceFormat format, bool pl
 
 #undef NAMED
 
-const char* enlarge_packed(const vsurf::Kernels& kernels, const Picture& picture, Surface& surface, bool plain)
+const char* enlarge_packed(const Picture& picture, Surface& surface, bool plain)
 {
     const int line = 2 * picture.width;
     if (plain) {
-        kernels.yuy2_strech_picture_2X2_yuy2(picture.y, nullptr, nullptr, surface.bytes(), line, picture.height,
-                                             surface.pitch());
+        yuy2_strech_picture_2X2_yuy2(picture.y, nullptr, nullptr, surface.bytes(), line, picture.height,
+                                     surface.pitch());
         return "yuy2_strech_picture_2X2_yuy2";
     }
-    kernels.yuy2_strech_picture_2X2_yuy2_ajust(picture.y, nullptr, nullptr, surface.bytes(), line, picture.height,
-                                               surface.pitch(), nullptr);
+    yuy2_strech_picture_2X2_yuy2_ajust(picture.y, nullptr, nullptr, surface.bytes(), line, picture.height,
+                                       surface.pitch(), nullptr);
     return "yuy2_strech_picture_2X2_yuy2_ajust";
 }
 
-const char* double_field(const vsurf::Kernels& kernels, const Picture& picture, Surface& surface)
+const char* double_field(const Picture& picture, Surface& surface)
 {
     tagVideoFrame frame{};
     frame.field_mode = 1;
@@ -84,19 +84,17 @@ const char* double_field(const vsurf::Kernels& kernels, const Picture& picture, 
     frame.plane_u = picture.u;
     frame.plane_v = picture.v;
     frame.pitch = picture.pitch;
-    kernels.strech_opt_yuy2_ajust(&frame, 0, picture.height / 2, surface.bytes(), surface.pitch(), nullptr);
+    strech_opt_yuy2_ajust(&frame, 0, picture.height / 2, surface.bytes(), surface.pitch(), nullptr);
     return "strech_opt_yuy2_ajust";
 }
 
-Export choose(const vsurf::Kernels& kernels, bool packed, SurfaceFormat format, const Controls& controls,
-              Scaling scaling)
+Export choose(bool packed, SurfaceFormat format, const Controls& controls, Scaling scaling)
 {
     switch (scaling) {
-    case Scaling::half_width: return half_loader(kernels, format);
-    case Scaling::zoom_1x2: return enlarger_1x2(kernels, format, controls.neutral());
-    case Scaling::zoom_2x2: return enlarger_2x2(kernels, format, controls.neutral());
-    default:
-        return packed ? packed_loader(kernels, format, controls.neutral()) : planar_loader(kernels, format, controls);
+    case Scaling::half_width: return half_loader(format);
+    case Scaling::zoom_1x2: return enlarger_1x2(format, controls.neutral());
+    case Scaling::zoom_2x2: return enlarger_2x2(format, controls.neutral());
+    default: return packed ? packed_loader(format, controls.neutral()) : planar_loader(format, controls);
     }
 }
 
@@ -117,13 +115,12 @@ ajust_contrast_info adjustment(const Surface& surface, const Controls& controls,
 const char* Loader::load(const Picture& picture, bool packed, Surface& surface, const Controls& controls,
                          Scaling scaling) const
 {
-    const vsurf::Kernels& kernels = *isa_.kernels;
     // Some exports give U the offset of V and the reverse; the controls keep both equal.
     ajust_contrast_info info = adjustment(surface, controls, scaling);
     get_contrast_data(&info);
-    if (scaling == Scaling::field) return double_field(kernels, picture, surface);
-    if (packed && scaling == Scaling::zoom_2x2) return enlarge_packed(kernels, picture, surface, controls.neutral());
-    const Export chosen = choose(kernels, packed, surface.format(), controls, scaling);
+    if (scaling == Scaling::field) return double_field(picture, surface);
+    if (packed && scaling == Scaling::zoom_2x2) return enlarge_packed(picture, surface, controls.neutral());
+    const Export chosen = choose(packed, surface.format(), controls, scaling);
     chosen.run(picture.y, picture.u, picture.v, surface.bytes(), picture.width, picture.height, picture.pitch,
                surface.pitch(), &info);
     return chosen.name;

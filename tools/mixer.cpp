@@ -7,13 +7,13 @@ namespace {
 
 struct Export {
     const char* name;
-    void (*run)(MIX_INFO*);
+    decltype(&mix_ayv12_yv12_p) run;
 };
 
 #define NAMED(name) \
-    Export { #name, kernels.name }
+    Export { #name, &name }
 
-Export progressive_mixer(const vsurf::Kernels& kernels, SurfaceFormat format, bool plain)
+Export progressive_mixer(SurfaceFormat format, bool plain)
 {
     switch (format) {
     case SurfaceFormat::rgb32: return NAMED(mix_ayuy2_rgb32_p_ajust);
@@ -24,7 +24,7 @@ Export progressive_mixer(const vsurf::Kernels& kernels, SurfaceFormat format, bo
     }
 }
 
-Export field_mixer(const vsurf::Kernels& kernels, SurfaceFormat format)
+Export field_mixer(SurfaceFormat format)
 {
     switch (format) {
     case SurfaceFormat::rgb32: return NAMED(mix_ayuy2_rgb32_i_ajust);
@@ -35,7 +35,7 @@ Export field_mixer(const vsurf::Kernels& kernels, SurfaceFormat format)
     }
 }
 
-Export drawer(const vsurf::Kernels& kernels, SurfaceFormat format, bool plain)
+Export drawer(SurfaceFormat format, bool plain)
 {
     switch (format) {
     case SurfaceFormat::rgb32:
@@ -46,12 +46,12 @@ Export drawer(const vsurf::Kernels& kernels, SurfaceFormat format, bool plain)
     }
 }
 
-Export mixer(const vsurf::Kernels& kernels, SurfaceFormat format, Scaling scaling, bool plain)
+Export mixer(SurfaceFormat format, Scaling scaling, bool plain)
 {
     switch (scaling) {
     case Scaling::half_width: return NAMED(mix_ayuy2_half_yuy2_p_ajust);
-    case Scaling::field: return field_mixer(kernels, format);
-    default: return progressive_mixer(kernels, format, plain);
+    case Scaling::field: return field_mixer(format);
+    default: return progressive_mixer(format, plain);
     }
 }
 
@@ -92,7 +92,7 @@ const char* Mixer::mix(const Picture& picture, const Subpicture& subpicture, Sur
     job.picture_v = picture.v;
     job.contrast_info = &info;
     draw_on(job, surface);
-    const Export chosen = mixer(kernels_, surface.format(), scaling, controls.neutral());
+    const Export chosen = mixer(surface.format(), scaling, controls.neutral());
     chosen.run(&job);
     return chosen.name;
 }
@@ -106,7 +106,7 @@ const char* Mixer::draw_alone(const Subpicture& subpicture, uint32_t key, Surfac
     job.color_key = key;
     job.contrast_info = &info;
     draw_on(job, surface);
-    const Export chosen = drawer(kernels_, surface.format(), controls.neutral());
+    const Export chosen = drawer(surface.format(), controls.neutral());
     chosen.run(&job);
     return chosen.name;
 }

@@ -9,8 +9,6 @@ namespace player {
 
 class Mixer {
 public:
-    explicit Mixer(const vsurf::Kernels& kernels) : kernels_(kernels) {}
-
     // Whether a mixer writes such a surface. Any other takes two steps: mixed planes, and a loader for those.
     static bool reaches(SurfaceFormat format, Scaling scaling, const Controls& controls);
 
@@ -27,7 +25,6 @@ public:
     static uint32_t magenta(SurfaceFormat format);
 
 private:
-    const vsurf::Kernels& kernels_;
 };
 
 } // namespace player

@@ -44,8 +44,8 @@ void Overlay::paint_bar(std::optional<double> played, Stats& stats)
     mask_.assign(pitch * static_cast<std::size_t>(height - 2 * border), 0);
     for (std::size_t y = 0; y < mask_.size(); y += pitch) std::memset(mask_.data() + y, kPlayed, open);
     stats.time([&] {
-        kernels_.RelaceMaskWithColorKey(screen_.bytes() + static_cast<std::ptrdiff_t>(border) * screen_.pitch(),
-                                        mask_.data(), kPlayed, kKeyByte, line, screen_.pitch(), height - 2 * border);
+        RelaceMaskWithColorKey(screen_.bytes() + static_cast<std::ptrdiff_t>(border) * screen_.pitch(), mask_.data(),
+                               kPlayed, kKeyByte, line, screen_.pitch(), height - 2 * border);
         return "RelaceMaskWithColorKey";
     });
 }
@@ -57,9 +57,9 @@ const char* Overlay::fill(uint32_t byte, int height)
         return name;
     };
     switch (screen_.format()) {
-    case SurfaceFormat::rgb32: return run("LoadColorKeyRgb32", kernels_.LoadColorKeyRgb32, byte * 0x01010101);
-    case SurfaceFormat::rgb24: return run("LoadColorKeyRgb24", kernels_.LoadColorKeyRgb24, byte * 0x010101);
-    default: return run("LoadColorKeyRgb16", kernels_.LoadColorKeyRgb16, byte * 0x0101);
+    case SurfaceFormat::rgb32: return run("LoadColorKeyRgb32", LoadColorKeyRgb32, byte * 0x01010101);
+    case SurfaceFormat::rgb24: return run("LoadColorKeyRgb24", LoadColorKeyRgb24, byte * 0x010101);
+    default: return run("LoadColorKeyRgb16", LoadColorKeyRgb16, byte * 0x0101);
     }
 }
 

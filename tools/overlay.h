@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // A screen whose hardware shows the video wherever the screen holds the key colour.
 #pragma once
-#include "frame/dispatch.h"
 #include "tools/geometry.h"
 #include "tools/rgb_image.h"
 #include "tools/stats.h"
 #include <optional>
+#include <vsurf.h>
 
 namespace player {
 
@@ -13,8 +13,6 @@ class Overlay {
 public:
     // Every byte of the key is the same, so that it can be set byte by byte, and reads the same from either end.
     static constexpr uint32_t kKeyByte = 16;
-
-    explicit Overlay(const vsurf::Kernels& kernels) : kernels_(kernels) {}
 
     // The part of the screen that this video is to cover.
     Surface& area(const Surface& video);
@@ -27,7 +25,6 @@ public:
 private:
     const char* fill(uint32_t byte, int height); // returns the name of the export that did it
 
-    const vsurf::Kernels& kernels_;
     Surface screen_;
     std::vector<uint8_t> mask_; // of the bar: 1 where it was played
     RgbConverter converter_;

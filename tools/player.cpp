@@ -4,214 +4,217 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <utility>
+#include <vsurf_show.h>
 
 namespace player {
 
 using namespace std::chrono_literals;
 
-static constexpr double kSeekSeconds = 5;
-static constexpr int kBrightnessStep = 4, kGainStep = 4;
-static constexpr auto kLongestWait = 100ms; // between looks at the signals
+namespace {
+
+constexpr auto kLongestWait = 50ms;  // between looks at the signals
+constexpr auto kInputWait = 5ms;     // between looks at the input
+constexpr double kLongestGap = 10;   // in seconds; a clock that jumps further is another one
+constexpr double kLateSeconds = 0.5; // where every picture counts, the clock waits for those that come later
+constexpr auto kRarest = 250ms;      // late or not, a picture is shown as often
+
+} // namespace
 
 Player::Player(const Options& options, const StopSignals& stop)
-    : options_(options), stop_(stop), decoder_(options.source), renderer_(*options.isa, stats_),
-      progress_(!options.quiet), coming_(new_frame()), shown_(new_frame()), view_(options.view)
+    : options_(options), stop_(stop), renderer_(stats_, options.threads),
+      input_(options.source, options.subtitles, options.sound), progress_(!options.quiet), view_(options.view),
+      mute_(options.mute)
 {
-    if (options.subtitles.wanted) open_subtitles();
     if (options.dump) dump_.emplace(*options.dump);
-}
-
-void Player::open_subtitles()
-{
-    const SubtitleChoice& choice = options_.subtitles;
-    if (!choice.file.empty()) {
-        Source source;
-        source.file = choice.file;
-        source.content = "subtitles";
-        subtitles_ = read_subtitles(source, choice.track);
-        return;
-    }
-    subtitles_ = std::make_unique<Subtitles>(decoder_.file(), choice.track, options_.source.name());
-    decoder_.divert(subtitles_->stream(), [this](AVPacket& packet) { subtitles_->take(packet); });
 }
 
 void Player::run()
 {
-    while (!options_.frames || pictures_ < *options_.frames) {
-        if (!read()) {
-            hold_last();
-            break;
+    while (!over()) {
+        fetch();
+        if (window_) {
+            wait_for_viewer();
+            window_->set_osd(osd());
+            window_->refresh();
         }
-        const Next next = wait_for(decoder_.time());
-        if (next == Next::quit) break;
-        if (next == Next::show) take_picture();
+        if (!over()) advance();
     }
     finish();
 }
 
-// The next picture, from the start again where the source is to be repeated.
-bool Player::read()
+bool Player::over() const
 {
-    if (stop_.pending()) return false;
-    if (decoder_.next(*coming_)) return true;
-    if (!options_.loop || pictures_ == pictures_at_start_) return false;
-    pictures_at_start_ = pictures_;
-    decoder_.rewind();
-    pace_.restart();
-    return decoder_.next(*coming_);
+    return quit_ || finished_ || stop_.pending() || (options_.frames && pictures_ >= *options_.frames);
 }
 
-// Obeys keys until the picture of this time is due.
-Player::Next Player::wait_for(double time)
+void Player::fetch()
 {
-    if (!window_) return stop_.pending() ? Next::quit : Next::show;
-    auto due = pace_.due(time);
-    for (;;) {
-        if (stop_.pending()) return Next::quit;
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(due - Pace::Clock::now());
-        const bool still = paused_ && !step_;
-        const Command command = window_->wait(still ? kLongestWait : std::clamp(left, 0ms, kLongestWait));
-        const Next next = obey(command);
-        if (next != Next::show) return next;
-        if (paused_ && !step_) continue;
-        if (command == Command::pause || paused_) {
-            pace_.restart();
-            due = pace_.due(time);
+    if (coming_ || ended_) return;
+    TimedPicture picture;
+    switch (input_.next(picture, window_ ? 0ms : kInputWait)) {
+    case DecodeThread::Got::picture: coming_ = std::move(picture); break;
+    case DecodeThread::Got::end: ended_ = true; break;
+    // The viewer missed nothing while there was no input.
+    case DecodeThread::Got::nothing_yet:
+        if (input_.stalled()) clock_.forget();
+        break;
+    }
+    if ((coming_ || ended_) && !known_) {
+        known_ = true;
+        about_ = input_.about();
+        if (about_.sound) set_volume(volume_, mute_);
+    }
+    if (coming_) keep_within_limits();
+    if (input_.seek_failed()) refused_ = "cannot seek";
+}
+
+// What lies before the start and behind the end is not shown.
+void Player::keep_within_limits()
+{
+    const double half = about_.frame_seconds / 2, time = coming_->time;
+    if (options_.end && time >= *options_.end - half) ended_ = true;
+    else if (started_ || !options_.start || time >= *options_.start - half) return;
+    coming_.reset();
+    if (!ended_ && about_.seekable) {
+        input_.seek(*options_.start);
+        started_ = true;
+    }
+}
+
+void Player::wait_for_viewer()
+{
+    auto longest = kLongestWait;
+    if (!coming_ && !ended_) longest = kInputWait;
+    else if (!paused_ || show_next_) {
+        const double next = coming_ ? coming_->time : shown_.time + about_.frame_seconds;
+        longest = clock_.known() && !show_next_ ? std::min(clock_.until(next), kLongestWait) : 0ms;
+    }
+    for (Command command; (command = window_->wait(longest)) != Command::none && !over(); longest = 0ms) obey(command);
+}
+
+void Player::advance()
+{
+    if (coming_ && (!paused_ || show_next_)) advance_to_coming();
+    else if (!coming_ && ended_) end();
+}
+
+void Player::advance_to_coming()
+{
+    const double time = coming_->time;
+    const bool jump = time < shown_.time || time - shown_.time > kLongestGap;
+    if (!window_ || show_next_ || !clock_.known() || (jump && pictures_)) {
+        start_clock(*coming_);
+        if (paused_) clock_.hold();
+    }
+    if (window_ && clock_.now() < time) return;
+    if (late()) {
+        dropped_++;
+        coming_.reset();
+        return;
+    }
+    take_picture();
+    show_next_ = false;
+}
+
+void Player::start_clock(const TimedPicture& picture)
+{
+    clock_.follow(about_.sound, picture.file_time - picture.time);
+    clock_.start(picture.time);
+}
+
+// Where every picture is written, or the viewer would see none for long, it is not left out.
+bool Player::late() const
+{
+    const double by = clock_.now() - coming_->time;
+    if (!window_ || dump_) return false;
+    return by > about_.frame_seconds && Clock::Wall::now() - shown_since_ < kRarest;
+}
+
+// The last picture stays for its time; the only picture of a still stays until the viewer closes it.
+void Player::end()
+{
+    if (window_) {
+        const bool still = pictures_ == 1 && !options_.source.is_pattern() && !options_.loop;
+        if (still && !std::exchange(still_, true)) {
+            pause(true);
+            window_->title(title());
         }
-        if (due <= Pace::Clock::now() && command == Command::none) break;
+        if (paused_ || clock_.now() < shown_.time + about_.frame_seconds) return;
+        if (about_.sound && !options_.end && about_.sound->buffered() > 0) return;
     }
-    step_ = false;
-    return Next::show;
-}
-
-Player::Next Player::obey(Command command)
-{
-    switch (command) {
-    case Command::none: return Next::show;
-    case Command::quit: return Next::quit;
-    case Command::pause: paused_ = !paused_; break;
-    case Command::step: step_ = paused_; break;
-    case Command::back: return seek(-kSeekSeconds) ? Next::read_again : Next::show;
-    case Command::forward: return seek(kSeekSeconds) ? Next::read_again : Next::show;
-    case Command::full_screen: window_->toggle_full_screen(); break;
-    case Command::keys: keys_in_title_ = !keys_in_title_; break;
-    default:
-        turn(command);
-        render();
-        show();
-    }
-    window_->title(title());
-    return Next::show;
-}
-
-void Player::turn(Command command)
-{
-    switch (command) {
-    case Command::darker: view_.controls.turn_brightness(-kBrightnessStep); break;
-    case Command::brighter: view_.controls.turn_brightness(kBrightnessStep); break;
-    case Command::less_contrast: view_.controls.turn_contrast(-kGainStep); break;
-    case Command::more_contrast: view_.controls.turn_contrast(kGainStep); break;
-    case Command::less_saturation: view_.controls.turn_saturation(-kGainStep); break;
-    case Command::more_saturation: view_.controls.turn_saturation(kGainStep); break;
-    case Command::reset: view_.controls = {}; break;
-    case Command::next_surface: view_.surface = next_format(view_.surface); break;
-    case Command::half_width: toggle(Scaling::half_width); break;
-    case Command::zoom: view_.scaling = next_zoom(view_.scaling); break;
-    case Command::field: toggle(Scaling::field); break;
-    case Command::subtitles: view_.subtitles = !view_.subtitles; break;
-    case Command::alone: view_.alone = !view_.alone; break;
-    case Command::overlay: view_.overlay = !view_.overlay; break;
-    default: break;
-    }
-}
-
-void Player::toggle(Scaling scaling) { view_.scaling = view_.scaling == scaling ? Scaling::none : scaling; }
-
-bool Player::seek(double by)
-{
-    double target = shown_time_ + by;
-    if (const auto duration = decoder_.duration()) target = std::min(target, *duration - 2 * decoder_.frame_seconds());
-    if (!decoder_.seek(target)) return false;
-    pace_.restart();
-    step_ = paused_;
-    return true;
+    finished_ = !options_.loop || pictures_ == pictures_at_start_;
+    if (finished_) return;
+    pictures_at_start_ = pictures_;
+    input_.rewind();
+    started_ = false;
+    jumped();
 }
 
 void Player::take_picture()
 {
-    av_frame_unref(shown_.get());
-    av_frame_move_ref(shown_.get(), coming_.get());
-    shown_time_ = decoder_.time();
+    shown_ = std::move(*coming_);
+    coming_.reset();
+    shown_since_ = Clock::Wall::now();
     pictures_++;
     render();
     if (dump_) dump_->write(renderer_.image());
-    if (options_.window) show();
-    progress_.update(shown_time_, decoder_.duration(), pictures_);
+    const bool first = !window_;
+    if (options_.window) show_or_shrink();
+    if (first) start_clock(shown_); // a new window takes its time
+    progress_.update(shown_.time, about_.duration, pictures_);
+    if (dump_ && window_ && clock_.now() - shown_.time > kLateSeconds) clock_.forget();
+}
+
+// A picture may be too large for the window's textures when it is enlarged.
+void Player::show_or_shrink()
+try {
+    show();
+} catch (const Error& error) {
+    if (!window_ || view_.scaling == Scaling::none) throw;
+    View smaller = view_;
+    smaller.scaling = Scaling::none;
+    take_back(smaller, error);
 }
 
 void Player::render()
 {
-    Renderer::Moment moment{shown_time_, av_q2d(decoder_.sample_aspect(*shown_)), std::nullopt};
     // Events in the clip's own tracks count its time, which need not start at 0.
-    if (options_.subtitles.file.empty()) moment.time += decoder_.start();
-    if (const auto duration = decoder_.duration()) moment.played = std::clamp(shown_time_ / *duration, 0.0, 1.0);
-    renderer_.render(*shown_, moment, view_, subtitles_.get());
+    Renderer::Moment moment{(about_.own_subtitles ? shown_.file_time : shown_.time) - subtitle_delay_,
+                            av_q2d(shown_.sample_aspect), std::nullopt};
+    if (about_.duration) moment.played = std::clamp(shown_.time / *about_.duration, 0.0, 1.0);
+    renderer_.render(*shown_.frame, moment, view_, about_.subtitles.get());
 }
 
 void Player::show()
 {
     const Surface& surface = renderer_.surface();
-    const AVRational sample = decoder_.sample_aspect(*shown_);
-    const double width = surface.shown_width() * av_q2d(sample), height = surface.shown_height();
+    const double aspect = av_q2d(shown_.sample_aspect) * shown_.frame->width / shown_.frame->height;
     if (!window_) {
         // Stretched, never shrunk, so that every pixel of the picture is seen.
-        const double scale = std::max(1.0, surface.shown_width() / width);
-        window_.emplace(std::max(1, static_cast<int>(std::lround(width * scale))),
-                        std::max(1, static_cast<int>(std::lround(height * scale))), title());
-        if (progress_.shown()) std::fprintf(stderr, "%s\n", key_text());
+        const double width = std::max(double(surface.shown_width()), aspect * surface.shown_height());
+        window_.emplace(std::max(1, static_cast<int>(std::lround(width))),
+                        std::max(1, static_cast<int>(std::lround(width / aspect))), title());
+        if (progress_.shown()) std::fputs("h shows the keys\n", stderr);
     }
     window_->title(title());
-    if (view_.overlay) window_->show(renderer_.image(), width / height);
-    else window_->show(surface, width / height);
-}
-
-// The last picture stays for its time; the only picture of a still stays until the viewer closes it.
-void Player::hold_last()
-{
-    if (!window_ || stop_.pending()) return;
-    paused_ = paused_ || (pictures_ == 1 && !options_.source.is_pattern());
-    window_->title(title());
-    wait_for(shown_time_ + decoder_.frame_seconds());
+    window_->set_osd(osd());
+    if (view_.overlay) window_->show(renderer_.image(), aspect);
+    else window_->show(surface, aspect);
 }
 
 void Player::finish() const
 {
-    if (options_.stats)
-        for (const std::string& line : stats_.lines())
-            std::printf("vsurf %s, %s\n", renderer_.isa_name(), line.c_str());
-    std::fflush(stdout);
-    const Damage& damage = decoder_.damage();
+    if (options_.stats) {
+        for (const std::string& line : stats_.lines()) std::printf("vsurf %s, %s\n", vsurf_show_isa(), line.c_str());
+        if (pictures_) std::printf("picture: %s\n", picture_text().c_str());
+        if (window_) std::printf("late pictures dropped: %lld\n", static_cast<long long>(dropped_));
+    }
+    const Damage damage = input_.damage();
     if (damage.any()) throw Error(options_.source.name() + ": " + damage.text());
-    const std::string lost = subtitles_ ? subtitles_->damage() : "";
+    const std::string lost = about_.subtitles ? about_.subtitles->damage() : "";
     if (!lost.empty()) throw Error(lost);
     if (pictures_ == 0 && !stop_.pending()) throw Error(options_.source.name() + ": no picture could be decoded");
-}
-
-std::string Player::title() const
-{
-    if (keys_in_title_) return key_text();
-    const Surface& surface = renderer_.surface();
-    char text[160];
-    std::snprintf(
-        text, sizeof text, "%s %dx%d%s, brightness %+d, contrast %.2f, saturation %.2f", traits(surface.format()).name,
-        surface.shown_width(), surface.shown_height(), scaling_text(view_.scaling), view_.controls.brightness,
-        view_.controls.contrast / double{Controls::kUnity}, view_.controls.saturation / double{Controls::kUnity});
-    std::string title = text;
-    if (subtitles_ && !view_.subtitles) title += ", subtitles hidden";
-    if (subtitles_ && view_.alone) title += ", subpicture alone";
-    if (view_.overlay) title += ", overlay";
-    if (paused_) title += ", paused";
-    return title + " - " + options_.source.name();
 }
 
 } // namespace player

@@ -46,7 +46,9 @@ void write_bytes(const RgbImage& image, const path& file)
     png.height = static_cast<png_uint_32>(image.height);
     png.format = PNG_FORMAT_RGB;
     png.flags = PNG_IMAGE_FLAG_FAST;
-    if (!png_image_write_to_stdio(&png, out.get(), 0, image.bytes.data(), 0, nullptr)) fail(file, png.message);
+    errno = 0; // libpng does not say why it could not write
+    if (!png_image_write_to_stdio(&png, out.get(), 0, image.bytes.data(), 0, nullptr))
+        fail(file, errno ? std::strerror(errno) : png.message);
     if (std::fclose(out.release()) != 0) fail(file, std::strerror(errno));
 }
 

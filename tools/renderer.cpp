@@ -13,26 +13,39 @@ static View possible(View view, bool subtitles)
     return view;
 }
 
-Renderer::Renderer(const vsurf::Isa& isa, Stats& stats)
-    : stats_(stats), subpicture_(*isa.kernels), loader_(isa), mixer_(*isa.kernels), overlay_(*isa.kernels)
-{
-}
-
 void Renderer::render(const AVFrame& frame, const Moment& moment, const View& wanted, Subtitles* subtitles)
 {
+    colours_ = colours_of(frame);
+    const AVFrame& known = converter_.to_known(frame);
     const View view = possible(wanted, subtitles);
     const SubtitleImages images = draw(frame, moment, view, subtitles);
     const Layer layer = !subtitles || view.alone ? Layer::none : images.first ? Layer::drawn : Layer::empty;
-    const Geometry geometry = plan(frame.width, frame.height, view.surface, view.scaling, is_yuy2(frame), layer);
+    const bool packed = known.format == AV_PIX_FMT_YUYV422 && Shower::is_of_exports(known, true);
+    Geometry geometry = plan(known.width, known.height, view.surface, view.scaling, packed, layer);
+    const bool exports = Shower::is_of_exports(known, geometry.packed);
+    const bool as_it_is = (!exports || shower_.has_bands()) && view.scaling == Scaling::none &&
+                          view.controls.neutral() && !subtitles && !view.overlay;
+    if (as_it_is) geometry = plan_as_it_is(known.width, known.height, view.surface);
     surface_.shape(geometry.surface, geometry.surface_width, geometry.surface_height, geometry.shown_width,
                    geometry.shown_height, geometry.tight_surface);
     if (subtitles)
         subpicture_.update(images, {frame.width, frame.height, geometry.picture_width, geometry.picture_height},
                            stats_);
     if (view.alone && !view.overlay) draw_alone(surface_, Mixer::magenta(surface_.format()), view);
-    else load(frame, geometry, view);
+    else if (as_it_is) stats_.time([&] { return shower_.show(known, colours_of(known), surface_); });
+    else load(exports ? known : planes_of(known), geometry, view);
     screen_ = view.overlay;
     if (screen_) paint_screen(moment, view);
+}
+
+const AVFrame& Renderer::planes_of(const AVFrame& known)
+{
+    const AVFrame* planes = nullptr;
+    stats_.time([&] {
+        planes = &shower_.to_planes(known, colours_of(known));
+        return shower_.has_bands() ? "vsurf_show_band" : "vsurf_show";
+    });
+    return *planes;
 }
 
 // What is hidden has changed for the subpicture, though not for libass.
@@ -48,7 +61,7 @@ SubtitleImages Renderer::draw(const AVFrame& frame, const Moment& moment, const 
 
 void Renderer::load(const AVFrame& frame, const Geometry& geometry, const View& view)
 {
-    const Picture picture = picture_.take(geometry.packed ? frame : converter_.to_yuv420p(frame), geometry);
+    const Picture picture = picture_.take(frame, geometry);
     if (geometry.mixed) {
         mix(picture, geometry, view);
         return;

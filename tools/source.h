@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What is played: a file, standard input, or a test pattern.
 #pragma once
-#include "tools/ffmpeg.h"
+#include "tools/interrupt.h"
 
 namespace player {
 
@@ -21,7 +21,7 @@ struct Source {
     std::string name() const;
 };
 
-// With the streams' parameters found.
-FormatPtr open(const Source& source);
+// With the streams' parameters found. What reads the file later can be interrupted, too.
+FormatPtr open(const Source& source, Interrupt& interrupt);
 
 } // namespace player

@@ -18,6 +18,14 @@ static std::string summary(std::vector<double> samples)
     return text;
 }
 
+double Stats::mean(const std::string& name) const
+{
+    const auto found = samples_.find(name);
+    if (found == samples_.end()) return 0;
+    const std::vector<double>& samples = found->second;
+    return std::accumulate(samples.begin(), samples.end(), 0.0) / static_cast<double>(samples.size());
+}
+
 std::vector<std::string> Stats::lines() const
 {
     if (samples_.empty()) return {"no pictures"};

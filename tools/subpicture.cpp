@@ -22,8 +22,8 @@ void Subpicture::update(const SubtitleImages& images, const Canvas& canvas, Stat
             return name;
         });
     };
-    prepare("Convert_RGB32_To_AYUY2", kernels_.Convert_RGB32_To_AYUY2, drawing_.colours());
-    prepare("Restore_RGB32_To_Alpha", kernels_.Restore_RGB32_To_Alpha, drawing_.opacities());
+    prepare("Convert_RGB32_To_AYUY2", Convert_RGB32_To_AYUY2, drawing_.colours());
+    prepare("Restore_RGB32_To_Alpha", Restore_RGB32_To_Alpha, drawing_.opacities());
 }
 
 MIX_INFO Subpicture::job() const

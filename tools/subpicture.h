@@ -9,8 +9,6 @@ namespace player {
 
 class Subpicture {
 public:
-    explicit Subpicture(const vsurf::Kernels& kernels) : kernels_(kernels), drawing_(kernels) {}
-
     // Drawn again where the images or the canvas have changed.
     void update(const SubtitleImages& images, const Canvas& canvas, Stats& stats);
     // A record of all of it, as the preparations want it: its planes have the picture's pitch and its width. Exports
@@ -18,7 +16,6 @@ public:
     MIX_INFO job() const;
 
 private:
-    const vsurf::Kernels& kernels_;
     Drawing drawing_;
     Canvas canvas_;
     AlignedBytes planes_; // alpha, Y, V, U

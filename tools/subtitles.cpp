@@ -3,19 +3,10 @@
 #include "tools/error.h"
 #include <cmath>
 #include <cstring>
-#include <new>
 #include <utility>
 
 namespace player {
 namespace {
-
-constexpr const char* kFontFamily = "sans-serif"; // where a style's own font is missing
-
-template <class T> T* checked(T* object)
-{
-    if (!object) throw std::bad_alloc();
-    return object;
-}
 
 // libass's own words. It says so of single characters, too.
 constexpr const char* kNoFont = "failed to find any fallback";
@@ -60,6 +51,7 @@ void Subtitles::add_fonts(const AVFormatContext& file)
 
 void Subtitles::take(AVPacket& packet)
 {
+    const std::lock_guard lock(mutex_);
     for (SubtitleEvent& event : decoder_.decode(packet)) {
         if (!seen_.emplace(event.start, event.duration, without_number(event.line)).second) continue;
         ass_process_chunk(track_.get(), event.line.data(), static_cast<int>(event.line.size()), event.start,
@@ -67,8 +59,15 @@ void Subtitles::take(AVPacket& packet)
     }
 }
 
+bool Subtitles::empty() const
+{
+    const std::lock_guard lock(mutex_);
+    return seen_.empty();
+}
+
 SubtitleImages Subtitles::draw(double time, int width, int height, double sample_aspect)
 {
+    const std::lock_guard lock(mutex_);
     ass_set_frame_size(renderer_.get(), width, height);
     ass_set_storage_size(renderer_.get(), width, height);
     ass_set_pixel_aspect(renderer_.get(), sample_aspect);
@@ -82,15 +81,16 @@ SubtitleImages Subtitles::draw(double time, int width, int height, double sample
 
 std::string Subtitles::damage() const
 {
+    const std::lock_guard lock(mutex_);
     const int64_t count = decoder_.damaged();
     if (font_missed_ && !drawn_) return name_ + ": not drawn: no font was found (Debian: fonts-dejavu-core)";
     if (count == 0) return "";
     return name_ + ": skipped " + std::to_string(count) + (count == 1 ? " damaged subtitle" : " damaged subtitles");
 }
 
-std::unique_ptr<Subtitles> read_subtitles(const Source& source, int track)
+std::unique_ptr<Subtitles> read_subtitles(const Source& source, int track, Interrupt& interrupt)
 {
-    const FormatPtr file = open(source);
+    const FormatPtr file = open(source, interrupt);
     auto subtitles = std::make_unique<Subtitles>(*file, track, source.name());
     const PacketPtr packet(checked(av_packet_alloc()));
     int status;

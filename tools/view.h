@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // How the viewer wants to see the pictures.
 #pragma once
+#include "tools/command.h"
 #include "tools/controls.h"
 #include "tools/geometry.h"
 
@@ -13,6 +14,8 @@ struct View {
     bool subtitles = true; // where there are any
     bool alone = false;    // the subtitles without the picture below them
     bool overlay = false;  // as on a screen with a colour key
+
+    void turn(Command command);
 };
 
 } // namespace player

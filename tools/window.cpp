@@ -8,6 +8,9 @@
 namespace player {
 namespace {
 
+constexpr auto kMouseStays = std::chrono::seconds(2);
+constexpr int kLeastWidth = 160, kLeastHeight = 90; // of a window that is made smaller by hand
+
 [[noreturn]] void fail(const char* what) { throw Error(std::string(what) + ": " + SDL_GetError()); }
 
 // 0 where SDL has no such format.
@@ -20,59 +23,6 @@ Uint32 texture_format(SurfaceFormat format)
     case SurfaceFormat::yuy2: return SDL_PIXELFORMAT_YUY2;
     case SurfaceFormat::yv12: return SDL_PIXELFORMAT_YV12;
     default: return SDL_PIXELFORMAT_UNKNOWN;
-    }
-}
-
-Command key_command(const SDL_Keysym& key)
-{
-    switch (key.sym) {
-    case SDLK_q:
-    case SDLK_ESCAPE: return Command::quit;
-    case SDLK_SPACE: return Command::pause;
-    case SDLK_PERIOD: return Command::step;
-    case SDLK_1:
-    case SDLK_KP_1: return Command::darker;
-    case SDLK_2:
-    case SDLK_KP_2: return Command::brighter;
-    case SDLK_3:
-    case SDLK_KP_3: return Command::less_contrast;
-    case SDLK_4:
-    case SDLK_KP_4: return Command::more_contrast;
-    case SDLK_5:
-    case SDLK_KP_5: return Command::less_saturation;
-    case SDLK_6:
-    case SDLK_KP_6: return Command::more_saturation;
-    case SDLK_0:
-    case SDLK_KP_0: return Command::reset;
-    case SDLK_s: return Command::next_surface;
-    case SDLK_w: return Command::half_width;
-    case SDLK_z: return Command::zoom;
-    case SDLK_d: return Command::field;
-    case SDLK_v: return Command::subtitles;
-    case SDLK_a: return Command::alone;
-    case SDLK_o: return Command::overlay;
-    case SDLK_LEFT: return Command::back;
-    case SDLK_RIGHT: return Command::forward;
-    case SDLK_f: return Command::full_screen;
-    case SDLK_h: return Command::keys;
-    default: return Command::none;
-    }
-}
-
-bool repeats(Command command)
-{
-    switch (command) {
-    case Command::pause:
-    case Command::next_surface:
-    case Command::half_width:
-    case Command::zoom:
-    case Command::field:
-    case Command::subtitles:
-    case Command::alone:
-    case Command::overlay:
-    case Command::full_screen:
-    case Command::keys: return false;
-    default: return true;
     }
 }
 
@@ -106,7 +56,8 @@ Window::Window(int width, int height, const std::string& title)
     window_.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width, height,
                                    SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI));
     if (!window_) fail("no window");
-    renderer_.reset(SDL_CreateRenderer(window_.get(), -1, 0));
+    SDL_SetWindowMinimumSize(window_.get(), kLeastWidth, kLeastHeight);
+    renderer_.reset(SDL_CreateRenderer(window_.get(), -1, SDL_RENDERER_PRESENTVSYNC));
     if (!renderer_) renderer_.reset(SDL_CreateRenderer(window_.get(), -1, SDL_RENDERER_SOFTWARE));
     if (!renderer_) fail("no renderer");
 }
@@ -115,7 +66,7 @@ void Window::show(const Surface& surface, double aspect)
 {
     aspect_ = aspect;
     if (const Uint32 format = texture_format(surface.format())) {
-        shape_texture(format, surface.width(), surface.height());
+        shape_texture(format, surface.shown_width(), surface.shown_height());
         const int status =
             surface.format() == SurfaceFormat::yv12
                 ? SDL_UpdateYUVTexture(texture_.get(), nullptr, surface.bytes(), surface.pitch(), surface.u_plane(),
@@ -166,7 +117,43 @@ void Window::draw()
     const Rectangle place = fit(aspect_, width, height);
     const SDL_Rect target{place.x, place.y, place.width, place.height};
     if (texture_) SDL_RenderCopy(renderer_.get(), texture_.get(), &shown_, &target);
+    draw_osd(width, height);
     SDL_RenderPresent(renderer_.get());
+}
+
+void Window::draw_osd(int width, int height)
+{
+    osd_changed_ = false;
+    const RgbaImage& image = osd_.draw(osd_content_, width, height);
+    if (image.bytes.empty()) return;
+    if (!osd_texture_ || image.version != osd_version_) {
+        osd_version_ = image.version;
+        osd_texture_.reset(SDL_CreateTexture(renderer_.get(), SDL_PIXELFORMAT_RGBA32, SDL_TEXTUREACCESS_STATIC,
+                                             image.width, image.height));
+        if (!osd_texture_) return;
+        SDL_SetTextureBlendMode(osd_texture_.get(), SDL_BLENDMODE_BLEND);
+        SDL_UpdateTexture(osd_texture_.get(), nullptr, image.bytes.data(), 4 * image.width);
+    }
+    const SDL_Rect place{image.x, image.y, image.width, image.height};
+    SDL_RenderCopy(renderer_.get(), osd_texture_.get(), nullptr, &place);
+}
+
+void Window::set_osd(const OsdContent& content)
+{
+    if (content == osd_content_) return;
+    osd_content_ = content;
+    osd_changed_ = true;
+}
+
+void Window::refresh()
+{
+    SDL_ShowCursor(mouse_is_near() ? SDL_ENABLE : SDL_DISABLE);
+    if (osd_changed_) draw();
+}
+
+bool Window::mouse_is_near() const
+{
+    return dragging_ || std::chrono::steady_clock::now() - mouse_moved_ < kMouseStays;
 }
 
 void Window::title(const std::string& text)
@@ -198,14 +185,52 @@ Command Window::wait(std::chrono::milliseconds longest)
 
 Command Window::command(const SDL_Event& event)
 {
-    if (event.type == SDL_QUIT) return Command::quit;
-    if (event.type == SDL_WINDOWEVENT) {
-        const auto what = event.window.event;
-        if (what == SDL_WINDOWEVENT_EXPOSED || what == SDL_WINDOWEVENT_SIZE_CHANGED) draw();
+    switch (event.type) {
+    case SDL_QUIT: return Command::quit;
+    case SDL_WINDOWEVENT:
+        if (event.window.event == SDL_WINDOWEVENT_EXPOSED || event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) draw();
+        return Command::none;
+    case SDL_DROPFILE:
+        dropped_ = event.drop.file;
+        SDL_free(event.drop.file);
+        return Command::play_file;
+    case SDL_KEYDOWN: {
+        const Command found = key_command(event.key.keysym);
+        return event.key.repeat && !repeats(found) ? Command::none : found;
     }
-    if (event.type != SDL_KEYDOWN) return Command::none;
-    const Command found = key_command(event.key.keysym);
-    return event.key.repeat && !repeats(found) ? Command::none : found;
+    default: return mouse_command(event);
+    }
+}
+
+Command Window::mouse_command(const SDL_Event& event)
+{
+    switch (event.type) {
+    case SDL_MOUSEMOTION:
+        mouse_moved_ = std::chrono::steady_clock::now();
+        return dragging_ && aim(event.motion.x, event.motion.y) ? Command::seek_to : Command::none;
+    case SDL_MOUSEBUTTONDOWN:
+        if (event.button.button != SDL_BUTTON_LEFT) return Command::none;
+        dragging_ = osd_content_.played && aim(event.button.x, event.button.y);
+        if (dragging_) return Command::seek_to;
+        return event.button.clicks == 2 ? Command::full_screen : Command::none;
+    case SDL_MOUSEBUTTONUP: dragging_ = false; return Command::none;
+    default: return Command::none;
+    }
+}
+
+// Where the mouse is on the bar; while it is dragged, whatever its height.
+bool Window::aim(int x, int y)
+{
+    int window_width = 1, window_height = 1, width = 0, height = 0;
+    SDL_GetWindowSize(window_.get(), &window_width, &window_height);
+    SDL_GetRendererOutputSize(renderer_.get(), &width, &height);
+    const Box bar = Osd::bar(width, height);
+    x = x * width / std::max(window_width, 1);
+    y = y * height / std::max(window_height, 1);
+    const int reach = bar.height(); // around it
+    if (!dragging_ && (y < bar.top - reach || y >= bar.bottom + reach || x < bar.left || x >= bar.right)) return false;
+    target_ = std::clamp((x - bar.left) / static_cast<double>(std::max(bar.width(), 1)), 0.0, 1.0);
+    return true;
 }
 
 } // namespace player

@@ -69,7 +69,7 @@ man_pages()
         sort >"$scratch/exports"
     lexgrog "$1"/*.3 | sed -nE 's/.*: "(\w+) - .*/\1/p' | sort | diff "$scratch/exports" -
 
-    for option in $(grep -oE '^    \{"[a-z-]+"' tools/options.cpp | tr -d ' {"'); do
+    for option in $(grep -oE '"(-.,)?--[a-z-]+"' tools/options.cpp | grep -oE '[a-z-]{3,}' | cut -c3-); do
         grep -qE "^\.It .*Fl Fl $option( |$)" man/vsurf-play.1 || { echo "vsurf-play.1: no --$option"; return 1; }
     done
 }

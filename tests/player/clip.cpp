@@ -7,6 +7,7 @@
 #include <random>
 #include <stdexcept>
 extern "C" {
+#include <libavutil/display.h>
 #include <libavutil/imgutils.h>
 #include <libavutil/opt.h>
 #include <libavutil/pixdesc.h>
@@ -188,6 +189,11 @@ void encode(const std::filesystem::path& file, const Encoding& encoding)
     AVStream* stream = avformat_new_stream(context, nullptr);
     stream->time_base = codec->time_base;
     stream->avg_frame_rate = {25, 1};
+    if (encoding.clockwise) {
+        constexpr std::size_t kSize = 9 * sizeof(int32_t);
+        auto* matrix = av_stream_new_side_data(stream, AV_PKT_DATA_DISPLAYMATRIX, kSize);
+        av_display_rotation_set(reinterpret_cast<int32_t*>(matrix), encoding.clockwise);
+    }
     check(avcodec_parameters_from_context(stream->codecpar, codec.get()));
     check(avio_open(&context->pb, file.c_str(), AVIO_FLAG_WRITE));
     // The index first, so that a file that lost its end can still be opened.

@@ -45,6 +45,7 @@ struct Encoding {
     const char* codec;
     const char* pixel_format;
     int width, height, count;
+    int clockwise = 0; // degrees by which the film is to be turned
 };
 void encode(const std::filesystem::path& file, const Encoding& encoding);
 

@@ -41,7 +41,7 @@ protected:
     uint32_t colour(int x, int y) const { return at(drawing_.colours(), x, y); }
     uint32_t opacity(int x, int y) const { return at(drawing_.opacities(), x, y); }
 
-    Drawing drawing_{*vsurf::active_isa().kernels};
+    Drawing drawing_;
 };
 
 TEST_F(Drawn, nothing_is_the_key_throughout)

@@ -144,7 +144,7 @@ TEST_P(Enlarge, takes_yuy2_through_planes_where_nothing_else_does)
     EXPECT_EQ(exported(), "strech_opt_yuy2_ajust");
     if (!is("yv12")) return;
     expect_near({}, source);
-    EXPECT_EQ(exported(), "loadimage_yv12_ajust");
+    EXPECT_EQ(exported(), "vsurf_show");
     expect_near({"--zoom", "2x2"}, planes_doubled(widened(source)));
     EXPECT_EQ(exported(), "strech_picture_2X2_yv12_ajust");
 }

@@ -36,18 +36,19 @@ INSTANTIATE_TEST_SUITE_P(
     Options, WrongUsage,
     testing::Values(
         Usage{{"--colour"}, "--colour"}, Usage{{"-x"}, "-x"}, Usage{{"--surface", "rgb8"}, "rgb16-565"},
-        Usage{{"--surface"}, "needs a value"}, Usage{{"--half=1"}, "takes no value"},
+        Usage{{"--surface"}, "1 required FORMAT missing"}, Usage{{"--half=1"}, "takes no value"},
         Usage{{"--frames", "0"}, "from 1"}, Usage{{"--frames", "5x"}, "5x"},
+        Usage{{"--help=3"}, "--help: takes no value"}, Usage{{"--su", "yuy2"}, "not expected: --su"},
         Usage{{"--frames", "99999999999999999999"}, "not a number"}, Usage{{"--brightness", "256"}, "255"},
         Usage{{"--contrast", "nan"}, "3.98"}, Usage{{"--contrast", "-1"}, "-1"},
         Usage{{"--saturation", ""}, "not a number"}, Usage{{"--size", "640"}, "WIDTHxHEIGHT"},
-        Usage{{"--size", "0x480"}, "from 1"}, Usage{{"--size", "640x99999"}, "16384"}, Usage{{"--seconds", "-2"}, "-2"},
+        Usage{{"--size", "0x480"}, "from 1x1"}, Usage{{"--size", "16001x1"}, "16000"}, Usage{{"--seconds", "-2"}, "-2"},
         Usage{{"--isa", "mmx"}, "sse2"}, Usage{{"--dump", ""}, "directory"},
-        Usage{{"--size", "64x64", "film.mp4"}, "test pattern"}, Usage{{"a.mp4", "b.mp4"}, "b.mp4"},
-        Usage{{""}, "empty"}, Usage{{"--loop", "-"}, "standard input"},
-        Usage{{"--loop", "--dump", "pictures"}, "--frames"}, Usage{{"--zoom", "2X2"}, "1x2"},
-        Usage{{"--half", "--zoom", "1x2"}, "exclude each other"},
-        Usage{{"--zoom", "2x2", "--field"}, "exclude each other"}, Usage{{"--field", "--half"}, "exclude each other"},
+        Usage{{"--size", "64x64", "film.mp4"}, "test pattern"},
+        Usage{{"--dump", "pictures", "a.mp4", "b.mp4"}, "one file"}, Usage{{""}, "empty"},
+        Usage{{"--loop", "-"}, "standard input"}, Usage{{"--loop", "--dump", "pictures"}, "--frames"},
+        Usage{{"--zoom", "2X2"}, "1x2"}, Usage{{"--half", "--zoom", "1x2"}, "--half excludes --zoom"},
+        Usage{{"--zoom", "2x2", "--field"}, "excludes"}, Usage{{"--field", "--half"}, "excludes"},
         Usage{{"--format", "rawvideo"}, "a file"}, Usage{{"--video-size", "32x32"}, "a file"},
         Usage{{"--video-size", "32", "f.yuv"}, "WIDTHxHEIGHT"},
         Usage{{"--format", "rawvideo", "f.yuv"}, "--video-size"}, Usage{{"--format", "film", "f.yuv"}, "--format film"},
@@ -107,6 +108,14 @@ TEST(WrongInput, description_that_a_file_with_a_header_does_not_need)
     EXPECT_FALSE(std::filesystem::exists(directory));
 }
 
+TEST(WrongInput, raw_file_without_a_description)
+{
+    const ScratchDirectory scratch;
+    write_file(scratch / "raw.yuv", std::string(1000, 'x'));
+    for (const char* hint : {"--format", "--video-size", "--pixel-format"})
+        expect_refused(play({(scratch / "raw.yuv").string()}), hint);
+}
+
 TEST(WrongInput, raw_file_that_ends_within_its_first_picture)
 {
     const ScratchDirectory scratch;
@@ -124,6 +133,18 @@ TEST(WrongOutput, dump_directory_that_is_a_file)
     expect_refused(play({"--size", "32x32", "--frames", "1", "--dump", (scratch / "taken").string()}), "taken");
 }
 
+TEST(WrongOutput, full_disk)
+{
+    const Result help = Process({"sh", "-c", std::string(VSURF_PLAY) + " --help >/dev/full"}).wait();
+    EXPECT_EQ(help.status, 2);
+    EXPECT_NE(help.err.find("standard output: No space left on device"), std::string::npos) << help.err;
+    const ScratchDirectory scratch;
+    std::filesystem::create_directory(scratch / "pictures");
+    std::filesystem::create_symlink("/dev/full", scratch / "pictures" / ".picture-000001.png.part");
+    expect_refused(play({"--size", "64x64", "--frames", "1", "--dump", (scratch / "pictures").string()}),
+                   "No space left on device");
+}
+
 TEST(WrongOutput, no_display) { expect_refused(play({"--size", "32x32", "--frames", "1"}), "--dump"); }
 
 TEST(Texts, help_names_every_surface_and_goes_to_stdout)
@@ -131,28 +152,11 @@ TEST(Texts, help_names_every_surface_and_goes_to_stdout)
     const Result result = play({"--help"});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.err, "");
-    for (const char* word : {"rgb32",
-                             "rgb24",
-                             "rgb16-565",
-                             "rgb16-555",
-                             "rgb16-664",
-                             "rgb16-655",
-                             "yuy2",
-                             "yv12",
-                             "--dump",
-                             "space",
-                             "--zoom",
-                             "--field",
-                             "--pixel-format",
-                             "z zoom",
-                             "d field",
-                             "--subtitles",
-                             "--subtitle-track",
-                             "--subpicture-alone",
-                             "--overlay",
-                             "v subtitles",
-                             "a subpicture alone",
-                             "o overlay"})
+    for (const char* word :
+         {"rgb32",          "rgb24",       "rgb16-565",        "rgb16-555",   "rgb16-664",        "rgb16-655",
+          "yuy2",           "yv12",        "--dump",           "space",       "--zoom",           "--field",
+          "--pixel-format", "half width",  "surface becomes",  "--subtitles", "--subtitle-track", "--subpicture-alone",
+          "--overlay",      "--subtitles", "subpicture alone", "full screen"})
         EXPECT_NE(result.out.find(word), std::string::npos) << word;
 }
 

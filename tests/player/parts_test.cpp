@@ -2,7 +2,6 @@
 // Controls, options and statistics on their own.
 #include "tools/options.h"
 #include "tools/stats.h"
-#include <getopt.h>
 #include <gtest/gtest.h>
 
 namespace player_test {
@@ -41,11 +40,9 @@ TEST(Controls, stop_at_their_ends_and_know_when_they_are_neutral)
 player::Options parse(std::vector<std::string> words)
 {
     words.insert(words.begin(), "vsurf-play");
-    std::vector<char*> pointers;
-    pointers.reserve(words.size() + 1);
-    for (std::string& word : words) pointers.push_back(word.data());
-    pointers.push_back(nullptr);
-    optind = 0; // from the first word again
+    std::vector<const char*> pointers;
+    pointers.reserve(words.size());
+    for (const std::string& word : words) pointers.push_back(word.c_str());
     return player::parse_options(static_cast<int>(words.size()), pointers.data());
 }
 
@@ -58,6 +55,7 @@ TEST(Options, are_what_the_words_say)
     EXPECT_EQ(options.view.controls.contrast, 96);
     EXPECT_EQ(options.view.controls.brightness, -7);
     EXPECT_EQ(options.frames, 9);
+    EXPECT_EQ(parse({"--brightness", "+5"}).view.controls.brightness, 5);
     EXPECT_TRUE(options.window);
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Frames as the loaders may read them.
 #include "tests/player/clip.h"
-#include "tools/converter.h"
 #include "tools/picture.h"
 #include <gtest/gtest.h>
 
@@ -134,18 +133,6 @@ TEST(PictureSource, pads_a_field_with_its_own_last_line)
     ASSERT_EQ(planes.height, 20);
     EXPECT_EQ(planes.y[18 * planes.pitch + 5], source.samples.luma(5, 16));
     EXPECT_EQ(planes.u[9 * planes.pitch / 2 + 5], source.samples.chroma(5, 8)[0]);
-}
-
-TEST(Yuy2, is_packed_and_of_studio_range)
-{
-    const player::FramePtr frame = player::new_frame();
-    frame->format = AV_PIX_FMT_YUYV422;
-    EXPECT_TRUE(player::is_yuy2(*frame));
-    frame->color_range = AVCOL_RANGE_JPEG;
-    EXPECT_FALSE(player::is_yuy2(*frame));
-    frame->color_range = AVCOL_RANGE_MPEG;
-    frame->format = AV_PIX_FMT_UYVY422;
-    EXPECT_FALSE(player::is_yuy2(*frame));
 }
 
 } // namespace

@@ -23,6 +23,7 @@ public:
     std::optional<Window> window() const;
     std::optional<Image> photograph() const;
     std::string title() const;
+    void close_window() const;
 
 private:
     Display* display_;
@@ -75,6 +76,20 @@ std::string Screen::Connection::title() const
     return title;
 }
 
+void Screen::Connection::close_window() const
+{
+    const auto which = window();
+    if (!which) return;
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = *which;
+    event.xclient.message_type = XInternAtom(display_, "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(display_, "WM_DELETE_WINDOW", False));
+    XSendEvent(display_, *which, False, NoEventMask, &event);
+    XFlush(display_);
+}
+
 Screen::Screen()
 {
     const std::string number = (scratch_ / "number").string();
@@ -94,6 +109,8 @@ Screen::Screen()
 Screen::~Screen() = default;
 
 std::optional<Image> Screen::photograph() { return connection_->photograph(); }
+
+void Screen::close_window() { connection_->close_window(); }
 
 std::string Screen::title() { return connection_->title(); }
 

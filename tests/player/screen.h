@@ -23,6 +23,7 @@ public:
     std::optional<Image> photograph();
     std::string title();
     void press(const std::string& keys); // in the words of xdotool
+    void close_window();                 // as its button does
 
 private:
     class Connection; // keeps X11's macros out of this header

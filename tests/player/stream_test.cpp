@@ -1,53 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Streams that are damaged, that change on the way, or that hold another pixel format.
-#include "tests/player/clip.h"
-#include "tests/player/process.h"
-#include <algorithm>
-#include <cstdio>
-#include <gtest/gtest.h>
+#include "tests/player/stream.h"
 
 namespace player_test {
 namespace {
 
 constexpr Encoding kFilm{"mpeg4", "yuv420p", 320, 240, 75};
-
-class Stream : public testing::Test {
-protected:
-    Result dump(const std::filesystem::path& file, Arguments options = {})
-    {
-        options.insert(options.end(), {"--dump", directory().string(), file.string()});
-        return play(options);
-    }
-
-    std::filesystem::path directory() const { return scratch_ / "pictures"; }
-
-    Image picture(int number) const
-    {
-        char name[32];
-        std::snprintf(name, sizeof name, "picture-%06d.png", number);
-        return read_png(directory() / name);
-    }
-
-    long complete_pictures() const
-    {
-        long count = 0;
-        for (const auto& entry : std::filesystem::directory_iterator(directory())) {
-            EXPECT_EQ(entry.path().extension(), ".png");
-            EXPECT_GT(read_png(entry.path()).width, 0) << entry.path();
-            count++;
-        }
-        return count;
-    }
-
-    void expect_one_line(const Result& result, const char* hint) const
-    {
-        EXPECT_EQ(result.status, 2) << result.err;
-        EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
-        EXPECT_NE(result.err.find(hint), std::string::npos) << result.err;
-    }
-
-    const ScratchDirectory scratch_;
-};
 
 TEST_F(Stream, whole_film_has_every_picture)
 {
@@ -96,6 +54,30 @@ TEST_F(Stream, damage_in_the_middle_is_counted_and_the_rest_is_played)
     expect_one_line(result, "skipped ");
     expect_one_line(result, " damaged\n");
     EXPECT_GT(complete_pictures(), kFilm.count * 3 / 4);
+}
+
+TEST_F(Stream, a_packet_that_is_cut_counts_once)
+{
+    write_file(scratch_ / "clip.yuy2", std::string(16 * 16 * 2 + 100, 'x'));
+    const Result result =
+        dump(scratch_ / "clip.yuy2", {"--format", "rawvideo", "--pixel-format", "yuyv422", "--video-size", "16x16"});
+    expect_one_line(result, "skipped 1 damaged packet");
+    EXPECT_EQ(result.err.find("packets"), std::string::npos) << result.err;
+    EXPECT_EQ(complete_pictures(), 1);
+}
+
+TEST_F(Stream, film_of_a_telephone_stands_upright)
+{
+    encode(scratch_ / "lying.mp4", {"mpeg4", "yuv420p", 64, 48, 2});
+    ASSERT_EQ(dump(scratch_ / "lying.mp4").status, 0);
+    const Image lying = picture(1);
+    encode(scratch_ / "film.mp4", {"mpeg4", "yuv420p", 64, 48, 2, 90});
+    ASSERT_EQ(dump(scratch_ / "film.mp4").status, 0);
+    const Image upright = picture(1);
+    ASSERT_EQ(upright.width, 48);
+    ASSERT_EQ(upright.height, 64);
+    for (int y = 0; y < 64; y++)
+        for (int x = 0; x < 48; x++) ASSERT_EQ(upright.at(x, y), lying.at(y, 47 - x)) << x << "," << y;
 }
 
 TEST_F(Stream, size_may_change_between_pictures)

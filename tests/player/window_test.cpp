@@ -5,6 +5,7 @@
 #include "tools/surface.h"
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <thread>
 
@@ -39,6 +40,29 @@ TEST(DummyDisplay, keeps_the_pace_of_the_pictures)
     EXPECT_EQ(result.status, 0) << result.err;
     EXPECT_GE(result.seconds, 0.98);
     EXPECT_LT(result.seconds, 10);
+}
+
+// A thousand pictures in a second are more than any machine shows; the film takes its time all the same.
+TEST(DummyDisplay, leaves_out_late_pictures_and_counts_them)
+{
+    constexpr int kCount = 500;
+    const ScratchDirectory scratch;
+    write_y4m(scratch / "clip.y4m", gradient(320, 240), kCount);
+    std::string film = contents(scratch / "clip.y4m");
+    film.replace(film.find("F25:1"), 5, "F1000:1");
+    write_file(scratch / "clip.y4m", film);
+    const Result result = play({"--stats", "--zoom", "2x2", "--quiet", (scratch / "clip.y4m").string()}, kDummy);
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_GE(result.seconds, 0.45);
+    EXPECT_LT(result.seconds, 2.5);
+    auto number_behind = [&](const std::string& words) {
+        const std::size_t at = result.out.find(words);
+        return at == std::string::npos ? -1 : std::atoi(result.out.c_str() + at + words.size());
+    };
+    const int shown = number_behind("2X2_yuy2: "), dropped = number_behind("late pictures dropped: ");
+    EXPECT_GT(dropped, 0);
+    EXPECT_GT(shown, 3);
+    EXPECT_EQ(shown + dropped, kCount) << result.out;
 }
 
 TEST(DummyDisplay, dumps_beside_the_window)
