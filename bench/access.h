@@ -10,10 +10,12 @@ struct Size {
 };
 
 enum class Source {
-    planar,     // YV12: luma and two chroma planes
-    luma,       // one plane
-    packed,     // YUY2
-    subpicture, // alpha, luma and two chroma planes of half the width, but the whole height
+    planar,      // YV12: luma and two chroma planes
+    semi_planar, // NV12: luma, and U and V in turns
+    luma,        // one plane
+    packed,      // YUY2
+    uyvy,        // packed the other way round
+    subpicture,  // alpha, luma and two chroma planes of half the width, but the whole height
     rgb32,
     rgb24,
     rgb565, // what is drawn of a subpicture
@@ -21,7 +23,10 @@ enum class Source {
 };
 
 // `planes` are luma, U and V, the chroma of half the width, but the whole height.
-enum class Surface { rgb32, rgb24, rgb565, rgb555, yuy2, yv12, plane, planes };
+enum class Surface { rgb32, rgb24, rgb565, rgb555, yuy2, yv12, nv12, plane, planes };
+
+// How colours are encoded: BT.601 or BT.709 with limited range, or BT.601 with full range.
+enum class Colour { bt601, bt709, full };
 
 enum class Rows {
     padded,       // every line of the source begins at a multiple of a cache line
@@ -72,6 +77,7 @@ struct Access {
     Oddity oddity = Oddity::none;
     Cover cover = Cover::none;
     bool field = false; // the source has half the lines of the size that is measured
+    Colour colour = Colour::bt601;
 
     friend bool operator==(const Access&, const Access&) = default;
     bool enlarges() const { return half_widths > 2 || heights > 1; }
@@ -94,6 +100,7 @@ constexpr int bytes_per_pixel(Surface surface)
     case Surface::rgb555:
     case Surface::yuy2: return 2;
     case Surface::yv12:
+    case Surface::nv12:
     case Surface::plane:
     case Surface::planes: break;
     }
@@ -106,14 +113,19 @@ constexpr int bytes_per_pixel(Source source)
     case Source::rgb32: return 4;
     case Source::rgb24: return 3;
     case Source::rgb565:
-    case Source::packed: return 2;
+    case Source::packed:
+    case Source::uyvy: return 2;
     case Source::planar:
+    case Source::semi_planar:
     case Source::luma:
     case Source::subpicture:
     case Source::none: break;
     }
     return 1;
 }
+
+// Of pixels whose chroma is shared by two.
+constexpr int even(int width) { return (width + 1) / 2 * 2; }
 
 // An access at one size of the source picture.
 struct Layout {
@@ -126,8 +138,18 @@ struct Layout {
 
     Size enlarged() const { return {size.width * access.half_widths / 2, size.height * access.heights}; }
     Size region() const { return {size.width, size.height * access.heights}; }
-    int source_line() const { return size.width * bytes_per_pixel(access.source); }
-    int surface_line() const { return enlarged().width * bytes_per_pixel(access.surface); }
+    int source_line() const
+    {
+        const bool pairs = access.source == Source::packed || access.source == Source::uyvy;
+        return (pairs ? even(size.width) : size.width) * bytes_per_pixel(access.source);
+    }
+    int surface_line() const
+    {
+        const bool pairs =
+            access.surface == Surface::yuy2 || access.surface == Surface::yv12 || access.surface == Surface::nv12;
+        const int width = enlarged().width;
+        return (pairs ? even(width) : width) * bytes_per_pixel(access.surface);
+    }
 };
 Layout layout_of(const Access& access, Size size, Placement placement = Placement::aligned);
 

@@ -11,6 +11,7 @@
 #include "bench/content.h"
 #include "bench/covers.h"
 #include "bench/machine.h"
+#include "bench/shows.h"
 
 namespace bench {
 namespace {
@@ -83,7 +84,7 @@ Session::Session(Options options)
 bool Session::run()
 {
     if (options_.check) return check(ring_, wanted_);
-    for (const Family& family : families()) {
+    for (const Family& family : all_families()) {
         for (const Size size : options_.stores.empty() ? family.sizes : family.store_sizes) {
             for (const Group& group : family.groups) run_group(family, group, size);
         }

@@ -34,21 +34,23 @@ uint8_t sample(double value) { return static_cast<uint8_t>(std::clamp(value, 0.0
 
 uint8_t grainy(double value, std::minstd_rand& grain) { return sample(value + static_cast<double>(grain() % 5) - 2); }
 
-void paint_plane(uint8_t* plane, int pitch, Size size, double (*shade)(Point), std::minstd_rand& grain)
+void paint_plane(uint8_t* plane, int pitch, Size size, double (*shade)(Point), std::minstd_rand& grain, int step = 1)
 {
     for (int y = 0; y < size.height; y++) {
-        for (int x = 0; x < size.width; x++) plane[ptrdiff_t{pitch} * y + x] = grainy(shade(point(x, y, size)), grain);
+        for (int x = 0; x < size.width; x++)
+            plane[ptrdiff_t{pitch} * y + step * x] = grainy(shade(point(x, y, size)), grain);
     }
 }
 
 void paint_packed(const Layout& layout, uint8_t* picture, std::minstd_rand& grain)
 {
+    const int at_luma = layout.access.source == Source::uyvy ? 1 : 0;
     for (int y = 0; y < layout.size.height; y++) {
         uint8_t* line = picture + ptrdiff_t{layout.y_pitch} * y;
         for (int x = 0; x < layout.size.width; x++) {
             const Point shared = point(x / 2 * 2, y / 2 * 2, layout.size);
-            line[2 * x] = grainy(luma(point(x, y, layout.size)), grain);
-            line[2 * x + 1] = sample(x % 2 == 0 ? u(shared) : v(shared));
+            line[2 * x + at_luma] = grainy(luma(point(x, y, layout.size)), grain);
+            line[2 * x + 1 - at_luma] = sample(x % 2 == 0 ? u(shared) : v(shared));
         }
     }
 }
@@ -84,11 +86,16 @@ void make_natural(const Layout& layout, const Picture& picture)
     const Access& access = layout.access;
     if (access.converts() || access.source == Source::none) return;
     if (access.oddity == Oddity::merge) return select_all(layout, picture.y);
-    if (access.source == Source::packed) return paint_packed(layout, picture.y, grain);
+    if (bytes_per_pixel(access.source) == 2) return paint_packed(layout, picture.y, grain);
     paint_plane(picture.y, layout.y_pitch, layout.size, luma, grain);
     if (access.mixes()) paint_overlay(layout, picture, grain);
     if (layout.chroma_bytes == 0) return;
     const Size half{layout.size.width / 2, layout.size.height / (access.source == Source::subpicture ? 1 : 2)};
+    if (access.source == Source::semi_planar) {
+        paint_plane(picture.u, layout.y_pitch, half, u, grain, 2);
+        paint_plane(picture.u + 1, layout.y_pitch, half, v, grain, 2);
+        return;
+    }
     paint_plane(picture.u, layout.y_pitch / 2, half, u, grain);
     paint_plane(picture.v, layout.y_pitch / 2, half, v, grain);
 }

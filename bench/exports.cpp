@@ -196,10 +196,14 @@ Load load_with(const vsurf::Isa& isa, const Export& e, const Layout& layout)
 {
     return std::visit(
         [&](auto member) -> Load {
-            return [layout, info = record_for(e, layout.size), kernel = isa.kernels->*member](const Picture& p) {
-                ajust_contrast_info record = info;
-                Call{layout, p, &record}(kernel);
-            };
+            if constexpr (std::is_same_v<decltype(member), Make>) {
+                return member(isa, layout);
+            } else {
+                return [layout, info = record_for(e, layout.size), kernel = isa.kernels->*member](const Picture& p) {
+                    ajust_contrast_info record = info;
+                    Call{layout, p, &record}(kernel);
+                };
+            }
         },
         e.kernel);
 }

@@ -23,10 +23,13 @@ using Job = void (*)(MIX_INFO*);
 using Fill = void (*)(unsigned int, void*, int, int, int, int);
 using Mask = void (*)(unsigned char*, unsigned char*, unsigned int, unsigned int, int, int, int);
 
+// Makes the load itself, of another library that has the same instruction sets.
+using Make = Load (*)(const vsurf::Isa& isa, const Layout& layout);
+
 using Kernel = std::variant<Loader vsurf::Kernels::*, PlaneEnlarger vsurf::Kernels::*,
                             AdjustedPlaneEnlarger vsurf::Kernels::*, BandEnlarger vsurf::Kernels::*,
                             PackedEnlarger vsurf::Kernels::*, AdjustedPackedEnlarger vsurf::Kernels::*,
-                            Job vsurf::Kernels::*, Fill vsurf::Kernels::*, Mask vsurf::Kernels::*>;
+                            Job vsurf::Kernels::*, Fill vsurf::Kernels::*, Mask vsurf::Kernels::*, Make>;
 
 struct Export {
     std::string name;
@@ -40,7 +43,11 @@ struct Group {
     Content content = Content::noise;
     bool peers = true;
     bool everywhere = true; // false: only where all instruction sets are measured; another group runs the same code
-    std::optional<Export> loader = {}; // what takes the place of all of them where there is no subpicture
+    // What takes the place of all of them where there is no subpicture, or of the first where both do the same. It is
+    // only measured at sizes of whole blocks.
+    std::optional<Export> loader = {};
+    // Each access has peers of its own. Then only the best instruction sets are measured, and no roof.
+    bool own_peers = false;
 };
 
 struct Family {
@@ -48,8 +55,8 @@ struct Family {
     std::span<const Size> sizes, store_sizes;
     std::vector<Group> groups;
 };
-std::span<const Family> families();
-const Access& band_access(); // of the export that interpolates along edges
+std::span<const Family> families(); // of the exports
+const Access& band_access();        // of the export that interpolates along edges
 
 ajust_contrast_info adjustment(); // one that changes every sample
 

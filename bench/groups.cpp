@@ -89,11 +89,21 @@ bool same_walk(Access a, const Access& b)
     return a == b;
 }
 
-bool needs_roof(const Group& group, const Export& e)
+template <class Same> bool is_first(const Group& group, const Export& e, Same same)
 {
-    const auto same = [&](const Export& other) { return same_walk(other.access, e.access); };
-    return &*std::find_if(group.exports.begin(), group.exports.end(), same) == &e;
+    const auto same_as_e = [&](const Export& other) { return same(other.access, e.access); };
+    return &*std::find_if(group.exports.begin(), group.exports.end(), same_as_e) == &e;
 }
+
+bool needs_roof(const Group& group, const Export& e) { return !group.own_peers && is_first(group, e, same_walk); }
+
+bool needs_peers(const Group& group, const Export& e)
+{
+    if (!group.own_peers) return group.peers && &e == &group.exports.front();
+    return group.peers && is_first(group, e, std::equal_to<>());
+}
+
+bool is_whole(Size size) { return size.width % 16 == 0 && size.height % 2 == 0; }
 
 } // namespace
 
@@ -103,14 +113,15 @@ std::vector<Contender> contenders(const Family& family, const Group& group, cons
 
     std::vector<Contender> all;
     const Export& plain = group.exports.front();
+    const bool every_tier = place.every_tier && !group.own_peers;
     for (const Export& e : group.exports) {
         const Contender common = contender(family, group, e, layout_of(e.access, place.size, place.placement));
         if (needs_roof(group, e)) add_roofs(all, common);
-        add_library(all, common, e, place.every_tier);
-        if (&e == &plain && group.loader) add_loader(all, common, *group.loader, place);
-        if (&e != &plain || !group.peers) continue;
-        add_peers(all, common, e, libyuv_peers(common.layout, place.every_tier));
-        add_peers(all, common, e, swscale_peers(common.layout, place.every_tier));
+        add_library(all, common, e, every_tier);
+        if (&e == &plain && group.loader && is_whole(place.size)) add_loader(all, common, *group.loader, place);
+        if (!needs_peers(group, e)) continue;
+        add_peers(all, common, e, libyuv_peers(common.layout, every_tier));
+        add_peers(all, common, e, swscale_peers(common.layout, every_tier));
         add_peers(all, common, e, memory_peers(common.layout));
     }
     return all;

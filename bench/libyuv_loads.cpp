@@ -9,7 +9,7 @@
 namespace bench {
 namespace {
 
-using Repack = int (*)(const uint8_t*, int, uint8_t*, int, int, int);
+using Repack = int (*)(const uint8_t*, int, uint8_t*, int, int, int); // also one packed format into another
 
 Load direct(Convert convert, const Layout& l)
 {
@@ -46,11 +46,25 @@ Load scale_plane(const Layout& l)
     };
 }
 
-Load packed_to_argb(const Layout& l)
+Load into_semi_planar(const Layout& l)
 {
     return [=](const Picture& p) {
-        libyuv::YUY2ToARGB(p.y, l.y_pitch, p.surface, l.dst_pitch, l.size.width, l.size.height);
+        uint8_t* const chroma = p.surface + ptrdiff_t{l.dst_pitch} * l.size.height;
+        libyuv::I420ToNV12(p.y, l.y_pitch, p.u, l.y_pitch / 2, p.v, l.y_pitch / 2, p.surface, l.dst_pitch, chroma,
+                           l.dst_pitch, l.size.width, l.size.height);
     };
+}
+
+Load semi_planar_to_argb(const Layout& l)
+{
+    return [=](const Picture& p) {
+        libyuv::NV12ToARGB(p.y, l.y_pitch, p.u, l.y_pitch, p.surface, l.dst_pitch, l.size.width, l.size.height);
+    };
+}
+
+Load packed_to_argb(Repack repack, const Layout& l)
+{
+    return [=](const Picture& p) { repack(p.y, l.y_pitch, p.surface, l.dst_pitch, l.size.width, l.size.height); };
 }
 
 Load packed_by_argb(Repack repack, const Layout& l)
@@ -90,14 +104,15 @@ Load enlarge_packed(const Layout& l)
 
 std::vector<LibyuvLoad> packed_loads(const Layout& l)
 {
-    const Load planes = packed_by_planes(conversion_to(l.access.surface), l);
+    const Load planes = packed_by_planes(conversion_to(l.access), l);
     switch (l.access.surface) {
-    case Surface::rgb32: return {{"", packed_to_argb(l)}, {"-i420", planes}};
+    case Surface::rgb32: return {{"", packed_to_argb(libyuv::YUY2ToARGB, l)}, {"-i420", planes}};
     case Surface::rgb24: return {{"-argb", packed_by_argb(libyuv::ARGBToRGB24, l)}, {"-i420", planes}};
     case Surface::rgb565: return {{"-argb", packed_by_argb(libyuv::ARGBToRGB565, l)}, {"-i420", planes}};
     case Surface::rgb555: return {{"-argb", packed_by_argb(libyuv::ARGBToARGB1555, l)}, {"-i420", planes}};
     case Surface::yuy2: return {{"", l.access.enlarges() ? enlarge_packed(l) : copy(l)}};
     case Surface::yv12:
+    case Surface::nv12:
     case Surface::plane:
     case Surface::planes: break;
     }
@@ -113,9 +128,12 @@ std::vector<LibyuvLoad> libyuv_loads(const Layout& layout)
     if (access.converts()) return {{"", convert_drawing(layout)}};
     if (access.source == Source::none) return {{"", fill_surface(layout)}};
     if (access.source == Source::packed) return packed_loads(layout);
+    if (access.source == Source::uyvy) return {{"", packed_to_argb(libyuv::UYVYToARGB, layout)}};
+    if (access.source == Source::semi_planar) return {{"", semi_planar_to_argb(layout)}};
+    if (access.surface == Surface::nv12) return {{"", into_semi_planar(layout)}};
     if (access.surface == Surface::plane) return {{"", scale_plane(layout)}};
     if (access.surface == Surface::yv12) return {{"", into_planes(layout)}};
-    const Convert convert = conversion_to(access.surface);
+    const Convert convert = conversion_to(access);
     const bool same_size = access.half_widths == 2 && access.heights == 1;
     return {{"", same_size ? direct(convert, layout) : scale_and_convert(convert, layout)}};
 }

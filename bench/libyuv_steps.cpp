@@ -47,15 +47,37 @@ libyuv::FilterMode filter_for(const Access& access)
     return access.surface == Surface::yv12 || access.mixes() ? libyuv::kFilterNone : libyuv::kFilterLinear;
 }
 
-Convert conversion_to(Surface surface)
+namespace {
+
+template <const libyuv::YuvConstants& constants>
+int to_argb(const uint8_t* y, int y_pitch, const uint8_t* u, int u_pitch, const uint8_t* v, int v_pitch, uint8_t* to,
+            int to_pitch, int width, int height)
 {
-    switch (surface) {
-    case Surface::rgb32: return libyuv::I420ToARGB;
+    return libyuv::I420ToARGBMatrix(y, y_pitch, u, u_pitch, v, v_pitch, to, to_pitch, &constants, width, height);
+}
+
+Convert argb_conversion_of(Colour colour)
+{
+    switch (colour) {
+    case Colour::bt601: break;
+    case Colour::bt709: return to_argb<libyuv::kYuvH709Constants>;
+    case Colour::full: return to_argb<libyuv::kYuvJPEGConstants>;
+    }
+    return libyuv::I420ToARGB;
+}
+
+} // namespace
+
+Convert conversion_to(const Access& access)
+{
+    switch (access.surface) {
+    case Surface::rgb32: return argb_conversion_of(access.colour);
     case Surface::rgb24: return libyuv::I420ToRGB24;
     case Surface::rgb565: return libyuv::I420ToRGB565;
     case Surface::rgb555: return libyuv::I420ToARGB1555;
     case Surface::yuy2: return libyuv::I420ToYUY2;
     case Surface::yv12:
+    case Surface::nv12:
     case Surface::plane:
     case Surface::planes: break;
     }

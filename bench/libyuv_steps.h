@@ -41,7 +41,7 @@ Yuv yuv422(uint8_t* memory, Size size);
 Yuv source_of(const Picture& p, const Layout& l);
 Scratch room_for(Size size); // a picture of either kind
 
-Convert conversion_to(Surface surface); // from 4:2:0
+Convert conversion_to(const Access& access); // from 4:2:0
 void convert_with(Convert convert, const Yuv& from, const Picture& p, const Layout& l);
 void unpack_with(Unpack unpack, const Picture& p, const Layout& l, const Yuv& to);
 

@@ -33,7 +33,7 @@ Expand expansion_of(Source drawing)
 // converted. YV12 surfaces are blended into directly.
 Load blend_and_convert(const Layout& l)
 {
-    const Convert convert = conversion_to(l.access.surface);
+    const Convert convert = conversion_to(l.access);
     return [=, doubled = room_for(l.region()), blended = room_for(l.region()),
             small = room_for(l.enlarged())](const Picture& p) {
         const auto between = [](const Scratch& room, Size size) { return yuv420(room.bytes(), size.width, size); };

@@ -19,6 +19,9 @@ SAME_TIER = {
     "neon": ("libyuv-neon", "swscale"),
 }
 
+# Families of vsurf_show(), with a section of their own: the best instruction set only, and no roof.
+SHOW_FAMILIES = ("show", "show, one call")
+
 # By family, what an export is compared with where that is not its group's plain one.
 TWINS = {"mixers": "loader", "subpictures": "loader or opaque"}
 
@@ -114,11 +117,15 @@ class Run:
                     if name.startswith("roof:") and other.traffic[name] == moved), default=None)
 
     def best_peer(self, case, names=("",)):
-        """Seconds and name of the fastest peer, of all or of those whose names begin like one of those given."""
-        source = self.twin(case)
-        peers = [(time, name.removeprefix("peer:")) for name, time in (source.times if source else {}).items()
-                 if name.startswith("peer:")]
+        """Seconds and name of the fastest peer, of all or of those whose names begin like one of those given: of the
+        export's own or, where it has none, of its group's plain one."""
+        twin = self.twin(case)
+        peers = self._peers(case) or (self._peers(twin) if twin else [])
         return min((peer for peer in peers if peer[1].startswith(tuple(names))), default=None)
+
+    @staticmethod
+    def _peers(case):
+        return [(time, name.removeprefix("peer:")) for name, time in case.times.items() if name.startswith("peer:")]
 
     def speed(self, case, names=("",)):
         """Times as fast as that peer; None where there is none."""

@@ -32,6 +32,8 @@ AVPixelFormat format_of(Source source)
 {
     switch (source) {
     case Source::packed: return AV_PIX_FMT_YUYV422;
+    case Source::uyvy: return AV_PIX_FMT_UYVY422;
+    case Source::semi_planar: return AV_PIX_FMT_NV12;
     case Source::luma: return AV_PIX_FMT_GRAY8;
     default: break;
     }
@@ -47,6 +49,7 @@ AVPixelFormat format_of(Surface surface)
     case Surface::rgb555: return AV_PIX_FMT_RGB555LE;
     case Surface::yuy2: return AV_PIX_FMT_YUYV422;
     case Surface::plane: return AV_PIX_FMT_GRAY8;
+    case Surface::nv12: return AV_PIX_FMT_NV12;
     case Surface::yv12:
     case Surface::planes: break;
     }
@@ -76,9 +79,17 @@ struct Quality {
 std::vector<Quality> qualities_of(const Access& access)
 {
     if (access.surface == Surface::yv12 && access.half_widths == 1) return {{"swscale", SWS_POINT}};
-    const bool scaler = access.enlarges() || (access.source == Source::packed && is_rgb(access.surface));
+    const bool other_chroma = access.source != Source::planar && access.source != Source::luma;
+    const bool scaler = access.enlarges() || (other_chroma && is_rgb(access.surface));
     if (!scaler) return {{"swscale", SWS_FAST_BILINEAR}};
     return {{"swscale", SWS_BILINEAR}, {"swscale-fast", SWS_FAST_BILINEAR}};
+}
+
+void encode(SwsContext* context, Colour colour)
+{
+    if (colour == Colour::bt601) return; // as it begins
+    const int* matrix = sws_getCoefficients(colour == Colour::bt709 ? SWS_CS_ITU709 : SWS_CS_ITU601);
+    sws_setColorspaceDetails(context, matrix, colour == Colour::full, matrix, 1, 0, 1 << 16, 1 << 16);
 }
 
 std::shared_ptr<SwsContext> make_context(const Layout& l, int quality, int cpu)
@@ -89,6 +100,7 @@ std::shared_ptr<SwsContext> make_context(const Layout& l, int quality, int cpu)
                                          format_of(l.access.surface), quality, nullptr, nullptr, nullptr);
     av_force_cpu_flags(-1);
     if (!context) throw std::runtime_error("libswscale does not know this conversion");
+    encode(context, l.access.colour);
     return {context, sws_freeContext};
 }
 
@@ -103,18 +115,25 @@ template <class Byte> struct Image {
     std::array<int, 4> pitches{};
 };
 
-template <class Byte> Image<Byte> image(const Planes& p, bool chroma)
+// Of the format's planes; the others are not looked at.
+template <class Byte> Image<Byte> image(const Planes& p, AVPixelFormat format)
 {
-    if (!chroma) return {{p.y}, {p.pitch}};
-    return {{p.y, p.u, p.v}, {p.pitch, p.pitch / 2, p.pitch / 2}};
+    const int chroma = format == AV_PIX_FMT_NV12 ? p.pitch : p.pitch / 2;
+    return {{p.y, p.u, p.v}, {p.pitch, chroma, chroma}};
+}
+
+Planes planes_on(uint8_t* surface, const Layout& l)
+{
+    const int height = l.enlarged().height;
+    if (l.access.surface != Surface::nv12) return planes_of(surface, l.dst_pitch, height);
+    return {surface, surface + ptrdiff_t{l.dst_pitch} * height, nullptr, l.dst_pitch};
 }
 
 Load load_with(const std::shared_ptr<SwsContext>& context, const Layout& l)
 {
     return [=](const Picture& p) {
-        const auto from = image<const uint8_t>({p.y, p.u, p.v, l.y_pitch}, l.access.source == Source::planar);
-        const auto to =
-            image<uint8_t>(planes_of(p.surface, l.dst_pitch, l.enlarged().height), l.access.surface == Surface::yv12);
+        const auto from = image<const uint8_t>({p.y, p.u, p.v, l.y_pitch}, format_of(l.access.source));
+        const auto to = image<uint8_t>(planes_on(p.surface, l), format_of(l.access.surface));
         sws_scale(context.get(), from.planes.data(), from.pitches.data(), 0, l.size.height, to.planes.data(),
                   to.pitches.data());
     };

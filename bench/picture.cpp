@@ -25,6 +25,8 @@ bool is_planar(Surface surface) { return bytes_per_pixel(surface) == 1; }
 
 size_t plane_bytes(size_t bytes) { return (bytes + kLine - 1) / kLine * kLine + kStagger; }
 
+size_t half_lines(const Layout& layout) { return static_cast<size_t>(layout.size.height + 1) / 2; }
+
 // What the walk may touch, where it is not the ordinary one.
 void widen(Layout& layout, size_t luma, size_t surface)
 {
@@ -36,6 +38,8 @@ void widen(Layout& layout, size_t luma, size_t surface)
         layout.surface_bytes = 2 * surface;
     } else if (layout.access.surface == Surface::yv12) {
         layout.surface_bytes = surface * 3 / 2;
+    } else if (layout.access.surface == Surface::nv12) {
+        layout.surface_bytes = surface + static_cast<size_t>(layout.dst_pitch) * half_lines(layout);
     } else if (layout.access.surface == Surface::planes) {
         layout.surface_bytes = surface * 2;
     } else if (layout.access.surface == Surface::plane) {
@@ -43,11 +47,15 @@ void widen(Layout& layout, size_t luma, size_t surface)
     }
 }
 
-size_t chroma_bytes(const Access& access, size_t luma)
+// The first of two planes; interleaved chroma is all there.
+size_t chroma_bytes(const Layout& layout)
 {
-    if (access.source == Source::subpicture) return luma / 2;
+    const Access& access = layout.access;
+    const size_t whole = static_cast<size_t>(layout.y_pitch) * half_lines(layout);
+    if (access.source == Source::subpicture) return layout.luma_bytes / 2;
+    if (access.source == Source::semi_planar) return whole;
     const bool has_some = access.source == Source::planar || access.source == Source::luma;
-    return has_some && access.surface != Surface::plane ? luma / 4 : 0;
+    return has_some && access.surface != Surface::plane ? whole / 2 : 0;
 }
 
 // Where the parts of a slot begin. Alpha planes and drawings are there once for each cover, and once more an alpha
@@ -110,7 +118,7 @@ Layout layout_of(const Access& access, Size size, Placement placement)
     const size_t lines = access.source == Source::none ? 0 : static_cast<size_t>(size.height);
     const size_t luma = static_cast<size_t>(layout.y_pitch) * lines;
     layout.luma_bytes = luma;
-    layout.chroma_bytes = chroma_bytes(access, luma);
+    layout.chroma_bytes = chroma_bytes(layout);
     layout.surface_bytes = static_cast<size_t>(layout.dst_pitch) * static_cast<size_t>(layout.enlarged().height);
     if (access.cover != Cover::none) layout.overlay_bytes = luma * static_cast<size_t>(access.heights);
     widen(layout, luma, layout.surface_bytes);

@@ -5,8 +5,9 @@ import argparse
 import sys
 from pathlib import Path
 
-from measurements import Run
+from measurements import SHOW_FAMILIES, Run
 from report_details import family_section, stores_table, tier_table
+from report_show import show_section
 from report_summary import gains, work_table
 from report_targets import target_section
 from report_text import DETAILS, MEASURED, TABLE
@@ -40,7 +41,9 @@ def report(run, stores, commands, summary, plots):
              "## How it was measured", "", MEASURED.strip(), "", *machine(run),
              "```", *commands, "```", "", "## Every export", "", DETAILS.strip(), ""]
     for family in run.families():
-        lines += family_section(run, family, plots.get(family))
+        if family not in SHOW_FAMILIES:
+            lines += family_section(run, family, plots.get(family))
+    lines += show_section(run, plots.get(SHOW_FAMILIES[0]))
     lines += tier_table(run)
     if stores and stores.stores:
         lines += stores_table(stores)

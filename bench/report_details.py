@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 """The report's tables of single exports, of instruction sets and of kinds of stores."""
-from measurements import KINDS, REGIMES, SAME_TIER, STORE_REGIMES, TWINS, mean, unique
+from measurements import KINDS, REGIMES, SAME_TIER, SHOW_FAMILIES, STORE_REGIMES, TWINS, mean, unique
 from report_text import FAMILY_NOTES, SHARES
 
 
@@ -80,7 +80,7 @@ def tier_table(run):
              "Surfaces are at multiples of 64; sizes are 720x576 and 1920x1080, for the best instruction set all. The "
              f"last column is the largest factor between the time of the scalar code and that of {run.isa}.", "",
              "| export | " + " | ".join(heads) + " | scalar, times |", "|---|" + "---:|" * (len(heads) + 1)]
-    for family in run.families():
+    for family in (family for family in run.families() if family not in SHOW_FAMILIES):
         plain = unique(case.plain for case in run.cases.values() if case.family == family)
         rows = [tier_row(run, pairs, regime, export, run.sizes(family)) for export in plain for regime in REGIMES]
         lines += [row for row in rows if row]

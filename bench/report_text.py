@@ -97,5 +97,14 @@ FAMILY_NOTES = {
 """,
 }
 
+SHOW = """
+`vsurf_show()` with a picture of one format, size and encoding on a surface of another. A name has both formats; *-709*
+and *-full* are BT.709 and full range. *-subtitle* blends two lines of text, each a bitmap of B, G, R and an 8-bit
+alpha; *-coverage* the same as one colour and an 8-bit coverage. In the picture both are compared with the peers of the
+plain one, which blend nothing. Only the best instruction set is measured. The figures are those of all sizes and kinds
+of surface: the mean, and in brackets the lowest and the highest. In the second table a bold mean is above what it is to
+be.
+"""
+
 # The shares that the notes above name, as they were measured.
 SHARES = ("band_edges_share", "band_natural_share", "subtitle_pixels", "subtitle_blocks")

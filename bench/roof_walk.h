@@ -19,6 +19,7 @@ struct Walk {
     {
         if (access.oddity == Oddity::overlap) return planar_copy(emit);
         if (access.surface == Surface::yv12) return planar(emit);
+        if (access.surface == Surface::nv12) return semi_planar(emit);
         if (access.source == Source::none) return fill(emit);
         if (access.converts()) return drawing(emit);
         packed(emit);
@@ -28,21 +29,22 @@ private:
     template <class Emit> void packed(Emit emit) const
     {
         const bool all_chroma = access.source == Source::subpicture;
-        const int chroma = all_chroma || access.source == Source::planar ? width / 2 : 0;
+        const bool interleaved = access.source == Source::semi_planar;
+        const int chroma = all_chroma || interleaved || access.source == Source::planar ? width / 2 : 0;
         Band band{
             .luma = picture.y,
             .u = picture.u,
-            .v = picture.v,
+            .v = interleaved ? picture.u + chroma : picture.v,
             .to = picture.surface,
             .lines = layout.enlarged().height,
             .luma_pitch = layout.y_pitch,
-            .chroma_pitch = layout.y_pitch / 2,
+            .chroma_pitch = interleaved ? layout.y_pitch : layout.y_pitch / 2,
             .to_pitch = layout.dst_pitch,
             .luma_bytes = layout.source_line(),
             .chroma_bytes = chroma,
             .luma_every = access.heights,
             .chroma_every = all_chroma ? 1 : 2 * access.heights,
-            .written_for_two = 2 * layout.surface_line() / layout.source_line(),
+            .written_for_two = written_for_two(),
             .gaps = access.oddity == Oddity::holes,
             .also = {alpha()},
         };
@@ -51,6 +53,12 @@ private:
         band.also[2] = overlay(picture.overlay_u, 2);
         band.also[3] = overlay(picture.overlay_v, 2);
         emit(band);
+    }
+
+    // To the nearest: a source of an odd width may have one pixel more than the surface.
+    int written_for_two() const
+    {
+        return (2 * layout.surface_line() + layout.source_line() / 2) / layout.source_line();
     }
 
     // All of it is read, to find out where the subpicture is.
@@ -100,6 +108,16 @@ private:
         plane(picture.y, to.y, {width, height}, from, to.pitch, emit, alpha(), overlay(picture.overlay_y, 1));
         chroma(picture.v, picture.overlay_v, to.v);
         chroma(picture.u, picture.overlay_u, to.u);
+    }
+
+    // Two planes; a line of the second takes one of U and, where that ends, as much of V.
+    template <class Emit> void semi_planar(Emit emit) const
+    {
+        const int half = width / 2, pitch = layout.dst_pitch;
+        uint8_t* chroma = picture.surface + ptrdiff_t{pitch} * height;
+        plane(picture.y, picture.surface, {width, height}, layout.y_pitch, pitch, emit);
+        plane(picture.u, chroma, {half, height / 2}, layout.y_pitch / 2, pitch, emit);
+        plane(picture.v, chroma + half, {half, height / 2}, layout.y_pitch / 2, pitch, emit);
     }
 
     // The unadjusted planar copy has lines that later ones replace; only what remains in the end has to be moved. Upper

@@ -69,6 +69,12 @@ double Summary::fastest(const std::string& beginning, std::string* which) const
     return best;
 }
 
+double Summary::peer_of(const std::string& prefix, const std::string& name, const std::string& plain) const
+{
+    const double own = fastest(join({prefix, name, "/peer:"}));
+    return own > 0 ? own : fastest(join({prefix, plain, "/peer:"}));
+}
+
 double Summary::roof(const std::string& prefix, const Contender& of, const std::vector<Contender>& contenders) const
 {
     double best = 0;
@@ -97,7 +103,7 @@ void Summary::print_table(const std::string& prefix, const std::vector<Contender
         // A peer that moves other bytes than the loader has another roof.
         const bool same_roof = !peer || c.own_traffic;
         print_ratio(same_roof ? 100 * roof(prefix, c, contenders) / time : 0, "%.0f%%");
-        print_ratio(fastest(prefix + c.plain + "/peer:") / time, "%.2fx");
+        print_ratio(peer_of(prefix, shown, c.plain) / time, "%.2fx");
         const double loader = fastest(prefix + c.plain + "/loader:");
         const double twin = loader > 0 ? loader : adjusted ? seconds(join({prefix, c.plain, "/", member})) : 0;
         print_ratio(twin > 0 && member.starts_with("vsurf:") ? time / twin : 0, "%.2fx");
@@ -122,8 +128,11 @@ void Summary::print_line(const std::string& prefix, const Group& group) const
     const double loader = fastest(prefix + plain + "/loader:");
     for (const Export& e : group.exports) {
         const double other = seconds(join({prefix, e.name, library}));
-        if (other <= 0 || (&e == &group.exports.front() && loader <= 0)) continue;
-        std::printf(", %s %.2fx time", difference(plain, e.name).c_str(), other / (loader > 0 ? loader : time));
+        const bool first = &e == &group.exports.front(), with_loader = loader > 0 && (first || !group.own_peers);
+        if (other <= 0 || (first && !with_loader)) continue;
+        std::printf(", %s %.2fx time", difference(plain, e.name).c_str(), other / (with_loader ? loader : time));
+        if (const double best = fastest(join({prefix, e.name, "/peer:"}), &peer); !first && best > 0)
+            std::printf(" (%.2fx %s)", best / other, peer.c_str());
     }
     std::printf("\n");
     std::fflush(stdout);

@@ -25,6 +25,8 @@ public:
 private:
     double seconds(const std::string& name) const; // a picture, the fastest repetition; 0 if it did not run
     double fastest(const std::string& beginning, std::string* which = nullptr) const;
+    // The export's own, or else that of its plain form.
+    double peer_of(const std::string& prefix, const std::string& name, const std::string& plain) const;
     double roof(const std::string& prefix, const Contender& of, const std::vector<Contender>& contenders) const;
 
     std::map<std::string, double> seconds_;

@@ -3,6 +3,8 @@
 import re
 from dataclasses import dataclass
 
+from measurements import REGIMES
+
 # Cold, the smallest pictures are to reach this share of a speed: calls are short there.
 SMALLEST, SMALLEST_SHARE = "352x288", 0.8
 
@@ -34,6 +36,8 @@ def over_loader(title, exports, hot, cold):
     return Target(title, exports, "loader", {"hot": hot, "cold": cold})
 
 
+WHOLE = ("352x288", "720x576", "864x480", "1920x1080")  # sizes of whole blocks that vsurf_show() shares with loaders
+
 _FULL_HD = 1.15
 _SMALLER = 1.3
 
@@ -58,6 +62,10 @@ TARGETS = (
     over_loader("half-width mixer, alpha clear", "mix_ayuy2_half_.*-clear", 1.25, 1.2),
     over_loader("half-width mixer, subtitle", "mix_ayuy2_half_.*-subtitle", 1.5, 1.3),
     over_loader("half-width mixer, random alpha", "mix_ayuy2_half_.*-random", 2.2, 1.6),
+    over_peer("show: any picture to RGB32", "show_.*_bgrx(-709|-full)?", 1.4, 1.4),
+    over_peer("show: other surfaces", "show_i420_(bgr24|rgb565|nv12)", 1.0, 1.0),
+    Target("show: I420, whole blocks, over loadimage", "show_i420_(bgrx|bgr24|rgb565)", "loader",
+           {(regime, size): 1.03 for regime in REGIMES for size in WHOLE}),
     Target("natural pitch, compared with multiples of 64", ".*", "kind",
            {("cold", "352x288"): _SMALLER, ("cold", "720x576"): _SMALLER, ("cold", "864x480"): _SMALLER,
             ("cold", "1920x1080"): _FULL_HD}),

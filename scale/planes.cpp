@@ -34,8 +34,8 @@ ALWAYS_INLINE void double_lines(const PlaneLines& p, ptrdiff_t line_bytes)
     Writer writer(Target{p.dst, p.dst_pitch, 2 * p.dst_pitch, line_bytes, p.lines});
     for (ptrdiff_t i = 0; i < p.lines; i++) {
         const Doubled own{p.row(i)}, below{p.row_below(i)};
-        writer.pair(DoubledPlaneLine{own}, DoubledPlaneLine{Between{own, below}}, p.to(2 * i), p.to_lower(i, false),
-                    ahead);
+        writer.line(DoubledPlaneLine{own}, p.to(2 * i), ahead);
+        writer.line(DoubledPlaneLine{Between{own, below}}, p.to_lower(i, false), ahead);
     }
 }
 
