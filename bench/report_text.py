@@ -39,10 +39,11 @@ FAMILY_NOTES = {
     "planar loaders": """
 - No peer writes the 664 and 655 layouts; the figure is their call for 565. The layouts share their code; except for
   565 they are measured only where every instruction set is.
-- `loadimage_yuy2` leaves holes: it writes 7/8 of the surface, its peers all of it. For a complete picture the export
-  is `loadimage_yuy2_ajust`.
+- `loadimage_yuy2` leaves holes: it writes 7/8 of the surface, its peers all of it. For a complete picture call
+  `vsurf_show` or `loadimage_yuy2_ajust`.
 - `loadimage_yv12` does not copy the picture. Some of its lines are replaced by later ones; its roof counts the bytes
-  that remain, 1.25 a pixel, where its peers move 1.5. To copy a picture, copy its planes.
+  that remain, 1.25 a pixel, where its peers move 1.5. To copy a picture, call `vsurf_show` or
+  copy its planes.
 - No peer halves the width into YUY2 in one call: libyuv's figure is two calls.
 """,
     "packed loaders": """

@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: MIT
-# The documents that are made from the header. The man pages of section 3 are made with every build, in man of the build
+# The documents that are made from the headers. The man pages of section 3 are made with every build, in man of the build
 # tree; they need Python, and are left out without it. `cmake --build build --target docs` makes the reference site, in
 # docs/html of the build tree, and what checks read, in docs/xml. It needs Doxygen and Python.
 find_package(Python3 COMPONENTS Interpreter)
 if(Python3_FOUND)
     set(man_folder ${PROJECT_BINARY_DIR}/man)
-    set(man_sources docs/site/man.py docs/site/header.py frame/vsurf.h CHANGELOG.md README.md)
+    set(man_sources docs/site/man.py docs/site/header.py frame/vsurf.h show/vsurf_show.h CHANGELOG.md README.md)
     list(TRANSFORM man_sources PREPEND ${PROJECT_SOURCE_DIR}/)
     add_custom_command(OUTPUT ${man_folder}/vsurf.3
         COMMAND ${CMAKE_COMMAND} -E rm -rf ${man_folder}

@@ -31,19 +31,21 @@ else()
     endif()
 endif()
 
-set(about "vsurf is a C library that converts decoded video pictures (planar YV12 or
-packed YUY2) and writes them to display surfaces: RGB32, RGB24, RGB16, YUY2 or
-YV12. On the way it can adjust brightness, contrast and saturation, enlarge or
-halve the picture, and blend subtitles onto it. Its output is the same to the
-byte on every processor.
+set(about "vsurf is a C library that puts decoded video pictures (I420, NV12, YUY2 and
+their like) on display surfaces: RGB of 32, 24 and 16 bits, YUY2, I420 and
+NV12. On the way it crops, converts colours, adjusts brightness, contrast,
+saturation and hue, and blends subtitles onto the picture. Its output is the
+same to the byte on every processor.
 ")
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "decoded video pictures onto display surfaces
 ${about}
-This package holds the shared library.")
+This package holds the shared libraries: libvsurf-show, whose one function
+shows any picture on any surface, and libvsurf with its 68 functions, which
+also enlarge and halve pictures.")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "decoded video pictures onto display surfaces (development files)
 ${about}
-This package holds the header, the static library, the files with which CMake
-and pkg-config find the library, and its documentation.")
+This package holds the headers, the static libraries, the files with which
+CMake and pkg-config find the libraries, and their documentation.")
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION "video player that shows what the vsurf library does
 ${about}
 This package holds vsurf-play, which shows any file that FFmpeg reads, or a

@@ -324,7 +324,7 @@ static inline size_t vsurf_padded_plane_bytes(int width, int height, int chroma)
 /// @param[in]  dst_pitch bytes from one line of the surface to the next
 /// @param[in]  info      ignored, unless the function states otherwise
 
-/// YV12 to YUY2, with holes: use loadimage_yuy2_ajust() at unity for a complete picture.
+/// YV12 to YUY2, with holes: use vsurf_show() or, at unity, loadimage_yuy2_ajust() for a complete picture.
 /// @copydetails planar_arguments
 /// @par Reads and writes
 /// @ref pass_in_pairs "The pass in pairs of lines" with B = 2. Of each block of the lower line only the 24 bytes from
@@ -335,7 +335,7 @@ static inline size_t vsurf_padded_plane_bytes(int width, int height, int chroma)
 VSURF_API void VSURF_CALL loadimage_yuy2(void* y, void* u, void* v, void* dst, int width, int height, int y_pitch,
                                          int dst_pitch, ajust_contrast_info* info);
 
-/// YV12 to YV12 by an address pattern of its own: this does not copy the picture, copy the planes instead.
+/// YV12 to YV12 by an address pattern of its own: this does not copy the picture. Use vsurf_show(), or copy the planes.
 /// @copydetails planar_arguments
 /// @par Reads and writes
 /// Luma pass j copies 16 * blocks bytes from y + j * (2 * y_pitch + 2 * dst_pitch - width + r) to dst + j * 16 *

@@ -67,10 +67,17 @@ typedef enum vsurf_format {
 } vsurf_format;
 
 /// What R, G and B are to Y, U and V. BT.2020 is the one with non-constant luminance.
-typedef enum vsurf_matrix { VSURF_BT601, VSURF_BT709, VSURF_BT2020 } vsurf_matrix;
+typedef enum vsurf_matrix {
+    VSURF_BT601, ///< of standard definition
+    VSURF_BT709, ///< of high definition
+    VSURF_BT2020 ///< of ultra-high definition
+} vsurf_matrix;
 
-/// Which samples stand for black and white: 16 and 235, chroma 16 to 240; or 0 and 255.
-typedef enum vsurf_range { VSURF_LIMITED, VSURF_FULL } vsurf_range;
+/// Which samples stand for black and white.
+typedef enum vsurf_range {
+    VSURF_LIMITED, ///< 16 and 235; chroma from 16 to 240
+    VSURF_FULL     ///< 0 and 255; chroma from 0 to 255
+} vsurf_range;
 
 /// A picture that is read. 72 bytes where pointers have 64 bits, 44 where they have 32.
 typedef struct vsurf_picture {
@@ -130,20 +137,20 @@ typedef enum vsurf_overlay_kind {
 /// packed. On surfaces with chroma the overlay's colours become Y, U and V; chroma is blended by the average of the
 /// alphas of the two or four pixels that share it.
 typedef struct vsurf_overlay {
-    vsurf_overlay_kind kind;
-    int x;                 ///< its first column, on the surface; it may lie partly or wholly outside
-    int y;                 ///< its first line
-    int width;             ///< pixels; 0: nothing is drawn
-    int height;            ///< lines; 0: nothing is drawn
-    const uint8_t* pixels; ///< first byte of the first line
-    ptrdiff_t pitch;       ///< bytes from one line to the next; negative: bottom-up
-    uint32_t colour;       ///< VSURF_COVERAGE: 0xAARRGGBB; others: not looked at
+    vsurf_overlay_kind kind; ///< what its pixels are
+    int x;                   ///< its first column, on the surface; it may lie partly or wholly outside
+    int y;                   ///< its first line
+    int width;               ///< pixels; 0: nothing is drawn
+    int height;              ///< lines; 0: nothing is drawn
+    const uint8_t* pixels;   ///< first byte of the first line
+    ptrdiff_t pitch;         ///< bytes from one line to the next; negative: bottom-up
+    uint32_t colour;         ///< VSURF_COVERAGE: 0xAARRGGBB; others: not looked at
 } vsurf_overlay;
 
 /// What is to be shown where. 72 bytes where pointers have 64 bits, 56 where they have 32.
 typedef struct vsurf_job {
-    const vsurf_picture* picture;
-    const vsurf_surface* surface;
+    const vsurf_picture* picture;  ///< what is shown
+    const vsurf_surface* surface;  ///< where it is shown
     int crop_x;                    ///< first column of the picture that is shown
     int crop_y;                    ///< first line that is shown
     int crop_width;                ///< columns that are shown; 0: up to the right edge
@@ -152,7 +159,7 @@ typedef struct vsurf_job {
     int y;                         ///< its line
     vsurf_look look;               ///< how the picture is adjusted
     const vsurf_overlay* overlays; ///< what is blended onto it, in this order; only where it covers the surface
-    int overlay_count;
+    int overlay_count;             ///< how many there are; 0: `overlays` is not looked at
 } vsurf_job;
 
 /// Whether a job was done, or its first mistake. They are looked for in this order.
@@ -204,6 +211,7 @@ VSURF_API vsurf_status VSURF_CALL vsurf_show(const vsurf_job* job);
 VSURF_API vsurf_status VSURF_CALL vsurf_show_band(const vsurf_job* job, int band, int bands);
 
 /// A few words on a status.
+/// @param status what vsurf_show() returned
 /// @return constant text; "unknown status" for a value that is none
 VSURF_API const char* VSURF_CALL vsurf_status_text(vsurf_status status);
 
@@ -224,13 +232,19 @@ VSURF_API size_t VSURF_CALL vsurf_explain(const vsurf_job* job, char* text, size
 VSURF_API size_t VSURF_CALL vsurf_pitch(vsurf_format format, int plane, int width, int alignment);
 
 /// Bytes of all planes, one after the other, with the pitches that vsurf_pitch() gives.
+/// @param format    of the picture or surface
+/// @param width     pixels, from 1 on
+/// @param height    lines, from 1 on
+/// @param alignment of each pitch: a power of two, from 1 on
 /// @return 0 where an argument is unusable or the sum is too large
 VSURF_API size_t VSURF_CALL vsurf_bytes(vsurf_format format, int width, int height, int alignment);
 
-/// The library's version, as VSURF_VERSION of vsurf.h was when it was built: "0.2.0".
+/// The library's version.
+/// @return VSURF_VERSION of the vsurf.h that it was built with: "0.2.0"
 VSURF_API const char* VSURF_CALL vsurf_show_version(void);
 
-/// The instruction set in use here: "avx512", "avx2", "sse2", "neon" or "scalar".
+/// The instruction set in use here.
+/// @return "avx512", "avx2", "sse2", "neon" or "scalar"
 VSURF_API const char* VSURF_CALL vsurf_show_isa(void);
 /// @}
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Reads the comments of the public header. Called as a program it is Doxygen's input filter: header.py FILE
+"""Reads the comments of the public headers. Called as a program it is Doxygen's input filter: header.py FILE
 
 Arguments that several functions share stand once in the header, in a group whose name ends with _arguments. The site
 shows them with each function, and the groups not at all. Names of pages become links."""
@@ -11,6 +11,16 @@ from dataclasses import dataclass, field
 SHARED = re.compile(r"/// @defgroup (\w+_arguments) ")
 COPY = re.compile(r"/// @copydetails (\w+)$")
 PAGE = re.compile(r"\bdocs/([\w-]+)\.md\b")
+
+
+def names_in(path):
+    with open(path, encoding="utf-8") as index:
+        return re.findall(r"^EXPORT\((\w+)", index.read(), re.MULTILINE)
+
+
+# What each library exports. get_contrast_data() is in no index.
+FRAME_EXPORTS = ["get_contrast_data", *names_in("frame/exports.inc")]
+SHOW_EXPORTS = names_in("show/exports.inc")
 
 
 @dataclass

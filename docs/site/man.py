@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Makes the man pages of section 3 from the public header: man.py VERSION FOLDER, run in the repository's root.
+"""Makes the man pages of section 3 from the public headers: man.py VERSION FOLDER, run in the repository's root.
 
-vsurf.3 has the rules for all functions and the records; each family has a page of its own."""
+vsurf_show.3 has all of vsurf_show.h. Of vsurf.h, vsurf.3 has the rules for all functions and the records; each family has
+a page of its own."""
 import os
 import re
 import sys
@@ -10,8 +11,12 @@ import textwrap
 
 from header import blocks
 
-HEADER, CHANGES, FIRST_EXAMPLE = "frame/vsurf.h", "CHANGELOG.md", "README.md"
-LIST_ITEM = re.compile(r"@param\S*\s+(\w+)\s+(.*)")
+HEADER, SHOW_HEADER = "frame/vsurf.h", "show/vsurf_show.h"
+CHANGES, EXAMPLES = "CHANGELOG.md", "README.md"
+LIST_ITEM = re.compile(r"@(?:param\S*\s+(\w+)|return)\s+(.*)")
+TYPE = re.compile(r"typedef (?:struct|enum) (\w+)")
+MEMBER = re.compile(r"\s+(\S.*?)(\w+(?:\[\d\])?);\s*///< (.*)")
+VALUE = re.compile(r"\s+()(\w+)(?: = \d+)?,?\s*///< (.*)")
 
 
 def roff(text):
@@ -63,7 +68,7 @@ class Text:
         if item or title or not line:
             self.end_paragraph()
         if item:
-            self.lead, line = f".TP\n\\fB{item.group(1)}\\fP", item.group(2)
+            self.lead, line = f".TP\n\\fB{item.group(1) or 'Returns'}\\fP", item.group(2)
         elif title:
             self.out += self.section(title.group(1))
             return
@@ -95,23 +100,24 @@ def under_bold(title):
 def prototype(block):
     """Its lines: they break between parameters."""
     declaration = " ".join(" ".join(block.code).split(";")[0].split())
-    start, parameters = re.match(r"VSURF_API (\w+) VSURF_CALL (\w+\(.*)", declaration).groups()
+    start, parameters = re.match(r"VSURF_API (.+?) VSURF_CALL (\w+\(.*)", declaration).groups()
     whole = f"{start} {parameters};".replace(" ", "\0").replace(",\0", ", ")
     return [line.replace("\0", " ") for line in textwrap.wrap(whole, 78, subsequent_indent="    ")]
 
 
 def name_of(block):
-    match = re.match(r"VSURF_API \w+ VSURF_CALL (\w+)\(", block.code[0]) if block.code else None
+    match = re.match(r"VSURF_API .+? VSURF_CALL (\w+)\(", block.code[0]) if block.code else None
     return match.group(1) if match else None
 
 
-def top(name, version, names, brief, synopsis):
+def top(name, version, names, brief, synopsis, header=HEADER):
     with open(CHANGES, encoding="utf-8") as changes:
         date = re.search(r"^## .*(\d{4}-\d\d-\d\d)$", changes.read(), re.M).group(1)
-    return ['.\\" SPDX-License-Identifier: MIT', '.\\" Made from vsurf.h.',
+    header = os.path.basename(header)
+    return ['.\\" SPDX-License-Identifier: MIT', f'.\\" Made from {header}.',
             f'.TH {name.upper()} 3 {date} "vsurf {version}" "vsurf"', ".SH NAME",
             ", ".join(names) + " \\- " + brief.rstrip("."),
-            ".SH SYNOPSIS", ".nf", "#include <vsurf.h>", "", *synopsis, ".fi"]
+            ".SH SYNOPSIS", ".nf", f"#include <{header}>", "", *synopsis, ".fi"]
 
 
 def see_also(names):
@@ -136,37 +142,62 @@ def family_page(version, block, arguments, functions):
 
 
 def record(block):
-    name = re.match(r"typedef struct (\w+)", block.code[0]).group(1)
+    name = TYPE.match(block.code[0]).group(1)
     page = [*under_heading(name), *Text(under_bold).lines(block.text)]
     for line in block.code:
-        member = re.match(r"\s+(\S.*?)(\w+);\s*///< (.*)", line)
+        member = MEMBER.match(line) or VALUE.match(line)
         if member:
-            page += [".TP", f"\\fB{member.group(1).strip()} {member.group(2)}\\fP", *paragraph([member.group(3)])]
+            page += [".TP", f"\\fB{' '.join(member.groups()[:2]).strip()}\\fP", *paragraph([member.group(3)])]
     return page
 
 
-def example():
-    with open(FIRST_EXAMPLE, encoding="utf-8") as text:
-        return re.search(r"^```c\n(.*?)^```$", text.read(), re.M | re.S).group(1).splitlines()
+def example(header):
+    """The first program that includes the header."""
+    with open(EXAMPLES, encoding="utf-8") as text:
+        programs = re.findall(r"^```c\n(.*?)^```$", text.read(), re.M | re.S)
+    include = f"#include <{os.path.basename(header)}>"
+    return next(program for program in programs if include in program).splitlines()
 
 
 def main_page(version, rules, families, records):
     brief = rules[1].removeprefix("vsurf: ")
     page = top("vsurf", version, ["vsurf"], brief, ["cc program.c $(pkg\\-config \\-\\-cflags \\-\\-libs vsurf)"])
     page += [".SH DESCRIPTION", *Text(under_heading).lines(rules[2:])]
-    page += [".SH EXAMPLES", *literal(example()), ".SH FAMILIES"]
+    page += [".SH EXAMPLES", *literal(example(HEADER)), ".SH FAMILIES"]
     for block, functions in families:
         page += [".TP", f"\\fBvsurf_{block.group()[0]}\\fP(3)", *paragraph([block.text[1]]), ".br",
                  *paragraph([", ".join(name_of(function) for function in functions)])]
     page += [".SH RECORDS"]
     for block in records:
         page += record(block)
-    return page + see_also([("vsurf-play", 1), *((f"vsurf_{block.group()[0]}", 3) for block, _ in families)])
+    return page + see_also([("vsurf-play", 1), ("vsurf_show", 3), *((f"vsurf_{block.group()[0]}", 3) for block, _ in families)])
+
+
+def show_page(version, found):
+    rules = found[0].text
+    functions = [block for block in found if name_of(block)]
+    compile_it = ["cc program.c $(pkg\\-config \\-\\-cflags \\-\\-libs vsurf\\-show)", ""]
+    synopsis = compile_it + [line for function in functions for line in prototype(function)]
+    page = top("vsurf_show", version, [name_of(block) for block in functions], rules[1], synopsis, SHOW_HEADER)
+    page += [".SH DESCRIPTION", *Text(under_heading).lines(rules[2:]), ".SH EXAMPLES", *literal(example(SHOW_HEADER))]
+    page += [".SH FUNCTIONS"]
+    for function in functions:
+        page += [*under_heading(f"{name_of(function)}()"), *Text(under_bold).lines(function.text)]
+    page += [".SH RECORDS AND VALUES"]
+    for block in found:
+        if block.code and TYPE.match(block.code[0]):
+            page += record(block)
+    return page + see_also([("vsurf", 3), ("vsurf-play", 1)])
+
+
+def blocks_of(path):
+    with open(path, encoding="utf-8") as header:
+        return blocks(header.read().splitlines())
 
 
 def pages(version):
-    with open(HEADER, encoding="utf-8") as header:
-        found = blocks(header.read().splitlines())
+    yield "vsurf_show", show_page(version, blocks_of(SHOW_HEADER))
+    found = blocks_of(HEADER)
     families, arguments = [], {}
     for block in found:
         group = block.group()

@@ -9,9 +9,10 @@ import os
 import re
 import sys
 
+from header import FRAME_EXPORTS, SHOW_EXPORTS
+
 MAIN_PAGE = "README.md"
-with open("frame/exports.inc", encoding="utf-8") as index:
-    EXPORTS = {"get_contrast_data"} | set(re.findall(r"^EXPORT\((\w+)", index.read(), re.M))
+EXPORTS = {*FRAME_EXPORTS, *SHOW_EXPORTS}
 LINK = re.compile(r"(!?)\[([^\]]*)\]\(([^)\s]+)\)")
 CODE = re.compile(r"`([^`]+)`")
 BOLD = re.compile(r"\*\*((?:[^*]|\*(?!\*))+)\*\*")
@@ -54,7 +55,7 @@ class Page:
         if not path or path.endswith(".md"):
             page = page_name(path) if path else self.name
             return f'@ref {page}-{anchor} "{plain}"' if anchor else f'@ref {page} "{plain}"'
-        if path.endswith((".c", ".h")):
+        if path.endswith((".c", ".cpp", ".h")):
             return f'@ref {os.path.basename(path)} "{plain}"'
         return text  # a file that is not part of the site
 

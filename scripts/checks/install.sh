@@ -32,29 +32,30 @@ use_cmake()
     fi
 }
 
-# run_linked PROGRAM COUNT: runs it; COUNT is 1 where it needs the shared library, else 0.
+# run_linked PROGRAM LIBRARY: runs it; LIBRARY is the one of ours that it needs, or nothing.
 run_linked()
 {
-    if [[ $(readelf -dW "$1" | grep -c 'NEEDED.*\[libvsurf\.so\.0\]') != "$2" ]]; then
+    if [[ $(readelf -dW "$1" | sed -nE 's/.*NEEDED.*\[lib(vsurf.*)\.so\.0\]/\1/p') != "$2" ]]; then
         echo "linked the wrong way: $1"
         return 1
     fi
     "$1"
 }
 
-# use_pkg_config COMPILER SOURCE: once with the shared library, twice with the static one: only vsurf static, or everything.
+# use_pkg_config COMPILER SOURCE [LIBRARY]: once with the shared library, twice with the static one: only vsurf static, or everything.
 use_pkg_config()
 {
-    local compile=("$1" -Wall -Wextra -Wpedantic -Werror "$2" -o "$scratch/program") flags libraries all_libraries
-    read -ra flags < <(pkg-config --cflags vsurf)
-    read -ra libraries < <(pkg-config --libs vsurf)
-    read -ra all_libraries < <(pkg-config --static --libs vsurf)
+    local compile=("$1" -Wall -Wextra -Wpedantic -Werror "$2" -o "$scratch/program") library=${3:-vsurf}
+    local flags libraries all_libraries
+    read -ra flags < <(pkg-config --cflags "$library")
+    read -ra libraries < <(pkg-config --libs "$library")
+    read -ra all_libraries < <(pkg-config --static --libs "$library")
     "${compile[@]}" "${flags[@]}" "${libraries[@]}"
-    run_linked "$scratch/program" 1
+    run_linked "$scratch/program" "$library"
     "${compile[@]}" "${flags[@]}" -Wl,-Bstatic "${all_libraries[@]}" -Wl,-Bdynamic
-    run_linked "$scratch/program" 0
+    run_linked "$scratch/program" ""
     "${compile[@]}" "${flags[@]}" -static "${all_libraries[@]}"
-    run_linked "$scratch/program" 0
+    run_linked "$scratch/program" ""
 }
 
 # find_here PREFIX: pkg-config and programs shall find vsurf there.
@@ -72,6 +73,8 @@ use_vsurf()
     use_cmake "$1" "C;CXX"
     use_pkg_config gcc tests/install/consumer.c
     use_pkg_config g++ tests/install/consumer.cpp
+    use_pkg_config gcc tests/install/consumer_show.c vsurf-show
+    use_pkg_config g++ tests/install/consumer_show.cpp vsurf-show
 }
 
 # The same where there is no other language or another compiler.
@@ -87,24 +90,40 @@ use_otherwise()
     gcc -nodefaultlibs tests/install/consumer.c -o "$scratch/program" -Wl,-Bstatic "${libraries[@]}" -Wl,-Bdynamic -lc
 }
 
-# use_example DOCUMENT: the C program in it, compiled as it stands there.
+# use_example DOCUMENT [COUNT]: the C programs in it, one unless a count is given, compiled as they stand there.
 use_example()
 {
-    local flags
-    read -ra flags < <(pkg-config --cflags --libs vsurf)
-    sed -n '/^```c$/,/^```$/p' "$1" | sed '/^```/d' >"$scratch/example.c"
-    [[ -s $scratch/example.c ]]
-    gcc -std=c99 -Wall -Wextra -Wpedantic -Werror "$scratch/example.c" -o "$scratch/example" "${flags[@]}"
-    (cd "$scratch" && ./example)
+    local flags number library
+    rm -f "$scratch"/example-*
+    awk -v name="$scratch/example-" '/^```c$/ {n++; on = 1; next} /^```$/ {on = 0} on {print > (name n ".c")}' "$1"
+    [[ $(find "$scratch" -name 'example-*.c' | wc -l) == "${2:-1}" ]]
+    for ((number = 1; number <= ${2:-1}; number++)); do
+        library=vsurf
+        ! grep -q '<vsurf_show.h>' "$scratch/example-$number.c" || library=vsurf-show
+        read -ra flags < <(pkg-config --cflags --libs "$library")
+        gcc -std=c99 -Wall -Wextra -Wpedantic -Werror "$scratch/example-$number.c" -o "$scratch/example-$number" "${flags[@]}"
+        (cd "$scratch" && "./example-$number") | tee "$scratch/example-$number.txt"
+    done
 }
 
-# Only the header, in the oldest languages that it supports.
+# use_readme: its two programs print what it says they do.
+use_readme()
+{
+    local number
+    use_example README.md 2
+    for number in 1 2; do
+        [[ -s $scratch/example-$number.txt ]]
+        grep -F "It prints \`$(cat "$scratch/example-$number.txt")\`" README.md
+    done
+}
+
+# Only the headers, in the oldest languages that it supports.
 use_header()
 {
     local compiler language
     for compiler in gcc clang; do
         for language in "c -std=c99" "c++ -std=c++11"; do
-            printf '#include <vsurf.h>\n' |
+            printf '#include <%s>\n' vsurf.h vsurf_show.h |
                 "$compiler" -x "${language% *}" "${language#* }" -Wall -Wextra -Wpedantic -Werror -fsyntax-only -I"$1" -
         done
     done
@@ -182,7 +201,7 @@ check_install()
     find_here "$prefix"
     use_vsurf "$prefix"
     use_otherwise "$prefix"
-    use_example README.md
+    use_readme
     use_example docs/subpictures.md
     use_header "$prefix/include"
 

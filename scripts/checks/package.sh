@@ -30,7 +30,8 @@ pack_debian()
 expected_files()
 {
     sed "/^#/d; s/@ARCH@/$(dpkg-architecture -q DEB_HOST_MULTIARCH)/" tests/install/debian_files.txt
-    find docs -name '*.md' -o -name '*.png' -o -name '*.jpg' -o -name '*.svg' -o -path 'docs/examples/*.[ch]' |
+    find docs -name '*.md' -o -name '*.png' -o -name '*.jpg' -o -name '*.svg' -o -path 'docs/examples/*.[ch]' \
+        -o -path 'docs/examples/*.cpp' |
         sed 's,^,libvsurf-dev /usr/share/doc/libvsurf-dev/,'
     find "$tree/man" -name '*.3' -printf 'libvsurf-dev /usr/share/man/man3/%f.gz\n'
     find man -name '*.1' -printf 'vsurf-play /usr/share/man/man1/%f.gz\n'
@@ -98,7 +99,7 @@ check_installation()
     as_root apt-get -q -y --no-install-recommends install "$scratch"/package/packages/*.deb
     vsurf-play --version
     use_vsurf /usr
-    use_example README.md
+    use_readme
     trap - EXIT
     remove_packages
     found_files | while read -r _ path; do

@@ -1,0 +1,3 @@
+// SPDX-License-Identifier: MIT
+// The same program as C++.
+#include "consumer_show.c"
