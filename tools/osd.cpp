@@ -38,7 +38,8 @@ std::size_t longest(const std::vector<std::string>& lines)
 double font_size(const OsdContent& content, int width, int height)
 {
     const std::size_t count = content.lines.size(), columns = count > kMostRows ? 2 : 1;
-    const auto rows = static_cast<double>((count + columns - 1) / columns + (content.message.empty() ? 0 : 1) + 1);
+    const auto lines_of_words = (count + columns - 1) / columns;
+    const auto rows = static_cast<double>(lines_of_words + (content.message.empty() ? 0 : 1) + 1);
     double size = static_cast<double>(height) / kRowsPerHeight;
     size = std::min(size, height / rows / kRow);
     const auto characters = static_cast<double>(std::max(longest(content.lines) * columns, content.message.size()) + 2);
@@ -109,9 +110,11 @@ std::string Osd::script(const OsdContent& content, int width, int height) const
     }
     const std::size_t columns = content.lines.size() > kMostRows ? 2 : 1;
     const std::size_t rows = (content.lines.size() + columns - 1) / columns;
-    for (std::size_t i = 0; i < content.lines.size(); i++)
-        write(content.lines[i], size / 2 + static_cast<double>(i / rows) * width / 2.0,
+    for (std::size_t i = 0; i < content.lines.size(); i++) {
+        const std::size_t column = i / rows;
+        write(content.lines[i], size / 2 + static_cast<double>(column) * width / 2.0,
               top + static_cast<double>(i % rows) * kRow * size);
+    }
     if (content.played) {
         const Box whole = bar(width, height);
         Box part = whole;

@@ -14,7 +14,7 @@ constexpr double kInTime = 0.01; // seconds; a chunk that is so near is taken as
 std::shared_ptr<Sound> Sound::open()
 {
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return nullptr;
-    const std::shared_ptr<Sound> sound(new Sound);
+    std::shared_ptr<Sound> sound(new Sound);
     // ALSA would complain of it on stderr.
     if (SDL_GetNumAudioDevices(0) == 0) return nullptr;
     SDL_AudioSpec wanted{}, got{};

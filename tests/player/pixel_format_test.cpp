@@ -224,9 +224,10 @@ TEST(DeliveredPalette, shows_its_colour)
     player::Converter converter;
     const AVFrame& result = converter.to_known(*frame);
     for (const auto& [x, y] : {std::pair{0, 0}, std::pair{32, 16}}) {
-        const Colour got = rgb_of(result.data[0][y * result.linesize[0] + x] / 255.0,
-                                  result.data[1][y / 2 * result.linesize[1] + x / 2] / 255.0,
-                                  result.data[2][y / 2 * result.linesize[2] + x / 2] / 255.0, kBt601);
+        auto sample = [&](int plane, int column, int line) {
+            return result.data[plane][line * result.linesize[plane] + column] / 255.0;
+        };
+        const Colour got = rgb_of(sample(0, x, y), sample(1, x / 2, y / 2), sample(2, x / 2, y / 2), kBt601);
         EXPECT_NEAR(got[0] * 255, 0x33, 3);
         EXPECT_NEAR(got[1] * 255, 0x66, 3);
         EXPECT_NEAR(got[2] * 255, 0x99, 3);

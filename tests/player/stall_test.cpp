@@ -23,7 +23,7 @@ class Stalled : public testing::TestWithParam<int> {
 protected:
     std::string make_fifo()
     {
-        const std::string name = (scratch_ / "fifo").string();
+        std::string name = (scratch_ / "fifo").string();
         EXPECT_EQ(mkfifo(name.c_str(), 0600), 0);
         return name;
     }
