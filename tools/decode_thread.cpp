@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/decode_thread.h"
 #include "tools/decode_work.h"
+#include <SDL.h>
 #include <csignal>
 
 namespace player {
@@ -25,7 +26,10 @@ DecodeThread::DecodeThread(const Source& source, const SubtitleChoice& subtitles
     : work_(std::make_shared<Work>(source, subtitles, sound))
 {
     let_signal_wake();
-    thread_ = std::thread([work = work_] { work->run(); });
+    thread_ = std::thread([work = work_] {
+        work->run();
+        SDL_TLSCleanup(); // what SDL keeps for threads that it did not start
+    });
 }
 
 // The signal is repeated: it may come just before the system call that it is to end.

@@ -96,11 +96,11 @@ FormatPtr open(const Source& source, Interrupt& interrupt)
     if (!source.pixel_format.empty() && av_get_pix_fmt(source.pixel_format.c_str()) == AV_PIX_FMT_NONE)
         throw Error("--pixel-format " + source.pixel_format + ": FFmpeg knows no such format");
     const AVInputFormat* format = demuxer(source);
-    AVFormatContext* opened = avformat_alloc_context();
-    if (!opened) throw std::bad_alloc();
-    opened->interrupt_callback = interrupt.callback();
     const std::string what = source.is_pattern() ? pattern(source) : address(source);
     Dictionary words = description(source);
+    AVFormatContext* opened = avformat_alloc_context(); // freed where it cannot be opened
+    if (!opened) throw std::bad_alloc();
+    opened->interrupt_callback = interrupt.callback();
     int status = avformat_open_input(&opened, what.c_str(), format, &words.entries);
     if (status == AVERROR(EINVAL) && source.frame_size.empty() && !source.is_pattern())
         throw Error(source.name() + ": has no header; say what it holds by --format, --video-size and --pixel-format");

@@ -35,7 +35,7 @@ run_under_wine()
     trap 'wineserver -k || true' EXIT
     run_tests "$tree" -E harness_selfcheck
     GTEST_FILTER='*rgb32*:*opt_yuy2*' run_tests "$tree" -R harness_selfcheck --repeat until-pass:2
-    WINEPATH="Z:$tree/tests/windows/lowest" run_tests "$tree" -R 'exactness|edges|large_surfaces'
+    WINEPATH="Z:$tree/tests/windows/lowest;Z:$tree" run_tests "$tree" -R 'exactness|edges|large_surfaces'
     not_done "a real Windows; AVX-512; cases beyond the quick part; faults of most exports; the player"
 }
 

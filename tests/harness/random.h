@@ -28,7 +28,7 @@ public:
 
     bool one_in(int n) { return between(1, n) == 1; }
 
-    template <class T, size_t N> const T& pick(const T (&choices)[N]) { return choices[next() % N]; }
+    template <class T, size_t N> T pick(const T (&choices)[N]) { return choices[next() % N]; }
 
 private:
     uint64_t state_;

@@ -29,7 +29,7 @@ template <class Planes> void draw_pitches(Planes& planes, Random& random)
 template <class Planes> void draw_encoding(Planes& planes, Random& random)
 {
     planes.matrix = random.pick({VSURF_BT601, VSURF_BT709, VSURF_BT2020});
-    planes.range = random.pick({VSURF_LIMITED, VSURF_FULL});
+    planes.range = random.one_in(2) ? VSURF_FULL : VSURF_LIMITED;
 }
 
 int any_margin(Random& random, bool allowed) { return allowed && random.one_in(2) ? random.between(0, 9) : 0; }
