@@ -119,7 +119,8 @@ private:
         const bool chroma = subsampled(component);
         const int width = AV_CEIL_RSHIFT(frame->width, chroma ? format().log2_chroma_w : 0);
         const int height = AV_CEIL_RSHIFT(frame->height, chroma ? format().log2_chroma_h : 0);
-        const double most = is_rgb(frame->format) || c.depth < 8 ? std::ldexp(1, c.depth) - 1 : std::ldexp(255, c.depth - 8);
+        const double most =
+            is_rgb(frame->format) || c.depth < 8 ? std::ldexp(1, c.depth) - 1 : std::ldexp(255, c.depth - 8);
         std::vector<uint16_t> line(static_cast<std::size_t>(width));
         for (int y = 0; y < height; y++) {
             for (int x = 0; x < width; x++) {
