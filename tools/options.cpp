@@ -123,8 +123,8 @@ void CommandLine::add_picture()
     gain("--contrast", view.controls.contrast, "gain around mid-grey, 0 to 3.98 (default 1)");
     gain("--saturation", view.controls.saturation, "gain of the colours, 0 to 3.98 (default 1)");
     flag("--overlay", view.overlay,
-         "paint the window in a colour key and show the video where the key is; a black bar on\n"
-         "top of it is open to the video as far as that has been played");
+         "paint the window in a colour key and show the video where the key is, and a progress\n"
+         "bar along the top");
 }
 
 void CommandLine::add_subtitles()
